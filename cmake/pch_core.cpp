@@ -1,0 +1,1 @@
+#include "cmake/pch_core.h"

@@ -1,0 +1,2 @@
+#pragma once
+// (declarations: see the table of data commands)

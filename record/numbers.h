@@ -1,0 +1,54 @@
+#pragma once
+
+// Numbers and money as text.
+
+#include <QString>
+#include <QStringView>
+
+namespace hotel {
+
+// The number at the start of a text ("12.5元" is 12.5, "-3" is -3, "abc" and "" are 0). Blanks, tabs
+// and line ends are skipped wherever they stand; reading stops at the first character that can't
+// continue the number.
+double LeadingNumber(QStringView text);
+
+// An amount in fixed point with four decimals. Sums and products are exact; rounding happens only in
+// text(), half away from zero.
+class Money {
+public:
+    constexpr Money() = default;
+
+    static constexpr Money FromUnits(qint64 tenThousandths) { return Money(tenThousandths); }
+    static Money FromNumber(double value);
+    // The leading number of `text`, digits behind the fourth decimal rounded half away from zero.
+    static Money FromText(QStringView text);
+
+    constexpr qint64 units() const { return units_; }
+    double number() const { return double(units_) / 10000.0; }
+
+    // By one of the formats of FormatNumber; money is "#0.00" nearly everywhere.
+    QString text(QStringView format = u"#0.00") const;
+
+    constexpr Money operator-() const { return Money(-units_); }
+    constexpr Money& operator+=(Money other) { units_ += other.units_; return *this; }
+    constexpr Money& operator-=(Money other) { units_ -= other.units_; return *this; }
+    friend constexpr Money operator+(Money a, Money b) { return Money(a.units_ + b.units_); }
+    friend constexpr Money operator-(Money a, Money b) { return Money(a.units_ - b.units_); }
+    friend constexpr auto operator<=>(Money, Money) = default;
+
+private:
+    constexpr explicit Money(qint64 units) : units_(units) {}
+    qint64 units_ = 0;
+};
+
+// `value` by a format of `0` (a digit that is always written), `#` (one that is written if needed)
+// and one point: "#0.00", "#0.0", "#0", "#00", "#000", "000", "000000000000". Rounds half away from
+// zero on the decimal text of the value, so that 0.125 by "#0.00" is 0.13 and 1.005 is 1.01.
+QString FormatNumber(double value, QStringView format);
+QString FormatNumber(qint64 value, QStringView format);
+
+// A text by a number format: a text that is a number throughout is formatted, any other comes back
+// unchanged.
+QString FormatText(QStringView text, QStringView format);
+
+} // namespace hotel
