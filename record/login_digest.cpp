@@ -3,6 +3,7 @@
 #include <limits>
 
 #include <QCryptographicHash>
+#include <QStringBuilder>
 #include <QtEndian>
 
 #include "record/literals.h"
@@ -23,7 +24,7 @@ QString MD5Hex(QStringView text) {
 
 std::optional<QString> LoginDigest(QStringView productId, QStringView user, QStringView password,
                                    QStringView date) {
-    QString text = productId + user + password + date;
+    QString text = productId % user % password % date;
     const QByteArray bytes = Utf16LittleEndian(password);
     for (qsizetype i = 0; i < bytes.size(); ++i) {
         const qint64 product = quint8(bytes[i]) * (i + 1);
