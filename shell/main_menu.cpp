@@ -1,6 +1,8 @@
 #include "shell/main_menu.h"
 
+#include "record/literals.h"
 #include "record/numbers.h"
+#include "screen/messages.h"
 
 namespace hotel {
 
@@ -89,10 +91,26 @@ constexpr MenuGroup kGroups[] = {
     {u"Zlxx_cmd", u"资料信息", kBusinessData},
 };
 
+constexpr int kNoticeMilliseconds = 2000;
+
+EntryOpener& Opener() {
+    static EntryOpener opener;
+    return opener;
+}
+
 } // namespace
 
 std::span<const MenuGroup> MainMenu() {
     return kGroups;
+}
+
+void SetEntryOpener(EntryOpener opener) {
+    Opener() = std::move(opener);
+}
+
+void OpenEntry(QStringView screen, QStringView caption) {
+    if (!Opener() || !Opener()(screen))
+        TimedMessage(u"“"_s + caption + u"”尚未启用。"_s, u"提示"_s, kNoticeMilliseconds);
 }
 
 bool NightAuditMayOpen(QStringView timeText) {

@@ -1,10 +1,11 @@
 #pragma once
 
-// The main menu as data: ten-odd words for each entry instead of a handler for each.
+// The main menu as data: a line of words for each entry instead of a handler for each.
 //
 // A group is offered when the user holds its right; an entry inside a shown group when the user holds
 // the entry's right. An entry without a right is always offered. The same right may name two entries.
 
+#include <functional>
 #include <span>
 
 #include <QStringView>
@@ -27,6 +28,14 @@ struct MenuGroup {
 };
 
 std::span<const MenuGroup> MainMenu();
+
+// Opens what an entry names; false when there is no such screen (yet). The shell knows no subsystem,
+// so app/ installs this at the start of the program.
+using EntryOpener = std::function<bool(QStringView screen)>;
+void SetEntryOpener(EntryOpener opener);
+
+// Opens a screen by that way, or tells the user in a timed message that it is not there yet.
+void OpenEntry(QStringView screen, QStringView caption);
 
 // The night audit is done at night: true from 22:00:00 up to 06:59:59, by the first two characters of
 // the time text (HH:mm:ss).
