@@ -18,12 +18,14 @@ Workstation::Workstation(QApplication& application)
     link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
     link_.Load();
     RegisterScreens();
-    linkWindow_ = std::make_unique<LinkWindow>(link_, configuration_.debugMode);
-    login_ = std::make_unique<loginfrm>(configuration_);
+    linkWindow_ = new LinkWindow(link_, configuration_.debugMode);
+    login_ = new loginfrm(configuration_);
 }
 
 Workstation::~Workstation() {
     CloseAllScreens();
+    delete login_;
+    delete linkWindow_;
 }
 
 void Workstation::start() {

@@ -2,7 +2,7 @@
 
 // The program put together: link, theme, screens, login.
 
-#include <memory>
+#include <QPointer>
 
 #include "link/Wck_comm.h"
 #include "shell/configuration.h"
@@ -29,8 +29,9 @@ public:
 private:
     Wck_comm link_;
     Configuration configuration_;
-    std::unique_ptr<LinkWindow> linkWindow_;
-    std::unique_ptr<loginfrm> login_;
+    // Closed screens destroy themselves: what still stands ends with the program.
+    QPointer<LinkWindow> linkWindow_;
+    QPointer<loginfrm> login_;
 };
 
 } // namespace hotel
