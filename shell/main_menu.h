@@ -1,0 +1,35 @@
+#pragma once
+
+// The main menu as data: ten-odd words for each entry instead of a handler for each.
+//
+// A group is offered when the user holds its right; an entry inside a shown group when the user holds
+// the entry's right. An entry without a right is always offered. The same right may name two entries.
+
+#include <span>
+
+#include <QStringView>
+
+namespace hotel {
+
+struct MenuEntry {
+    QStringView control;   // object name of the button
+    QStringView right;     // empty: no right tests it
+    QStringView caption;
+    QStringView screen;    // the name under which app/ knows the screen
+    QStringView operation; // line of the operation log on opening; empty: none is written
+    QStringView remark;
+};
+
+struct MenuGroup {
+    QStringView control;
+    QStringView right; // its caption as well
+    std::span<const MenuEntry> entries;
+};
+
+std::span<const MenuGroup> MainMenu();
+
+// The night audit is done at night: true from 22:00:00 up to 06:59:59, by the first two characters of
+// the time text (HH:mm:ss).
+bool NightAuditMayOpen(QStringView timeText);
+
+} // namespace hotel
