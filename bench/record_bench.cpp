@@ -4,12 +4,11 @@
 
 #include "record/code_page.h"
 #include "record/conditions.h"
-#include "record/numbers.h"
 #include "record/record_text.h"
 #include "record/text_table.h"
 
 #include <algorithm>
-#include <numeric>
+#include <vector>
 
 using namespace hotel;
 using namespace hotel::bench;
