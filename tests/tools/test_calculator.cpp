@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "record/literals.h"
 #include "tests/tools/tests.h"
 #include "tools/CalcSub.h"
 
