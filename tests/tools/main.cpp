@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     failed |= hotel::RunCategoriesTests(argc, argv);
     failed |= hotel::RunDeliveredTablesTests(argc, argv);
     failed |= hotel::RunIdentityNumberTests(argc, argv);
+    failed |= hotel::RunListTextTests(argc, argv);
     failed |= hotel::RunPinyinTests(argc, argv);
     return failed;
 }
