@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "record/literals.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/CalcSub.h"
 
 namespace hotel {
@@ -137,10 +137,7 @@ private Q_SLOTS:
     }
 };
 
-int RunCalculatorTests(int argc, char** argv) {
-    CalculatorTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(CalculatorTest)
 
 } // namespace hotel
 

@@ -2,7 +2,7 @@
 #include <QTest>
 
 #include "record/literals.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/identity_number.h"
 
 namespace hotel {
@@ -83,10 +83,7 @@ private Q_SLOTS:
     void turnsFullWidthToPlain() { QCOMPARE(ToHalfWidth(u"１１０１08Ｘｘ。"), u"110108Xx。"_s); }
 };
 
-int RunIdentityNumberTests(int argc, char** argv) {
-    IdentityNumberTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(IdentityNumberTest)
 
 } // namespace hotel
 

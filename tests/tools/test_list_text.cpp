@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "record/literals.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/list_text.h"
 
 namespace hotel {
@@ -37,10 +37,7 @@ private Q_SLOTS:
     }
 };
 
-int RunListTextTests(int argc, char** argv) {
-    ListTextTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(ListTextTest)
 
 } // namespace hotel
 

@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "record/literals.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/pinyin.h"
 
 namespace hotel {
@@ -62,10 +62,7 @@ private Q_SLOTS:
     }
 };
 
-int RunPinyinTests(int argc, char** argv) {
-    PinyinTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(PinyinTest)
 
 } // namespace hotel
 
