@@ -9,21 +9,22 @@
 
 namespace hotel {
 
-Workstation::Workstation(QApplication& application)
-    : configuration_(ReadConfiguration(ConfigurationPath(
-          QCoreApplication::arguments(), QCoreApplication::applicationDirPath()))) {
+Workstation::Workstation(QApplication& application, const QString& configuration)
+    : configuration_(ReadConfiguration(configuration)) {
     application.setQuitOnLastWindowClosed(false);
     ApplyTheme(application);
     SetLink(&link_);
     link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
     link_.Load();
     RegisterScreens();
-    linkWindow_ = std::make_unique<LinkWindow>(link_, configuration_.debugMode);
-    login_ = std::make_unique<loginfrm>(configuration_);
+    linkWindow_ = new LinkWindow(link_, configuration_.debugMode);
+    login_ = new loginfrm(configuration_);
 }
 
 Workstation::~Workstation() {
     CloseAllScreens();
+    delete login_;
+    delete linkWindow_;
 }
 
 void Workstation::start() {

@@ -2,7 +2,7 @@
 
 // The program put together: link, theme, screens, login.
 
-#include <memory>
+#include <QPointer>
 
 #include "link/Wck_comm.h"
 #include "shell/configuration.h"
@@ -15,8 +15,8 @@ namespace hotel {
 
 class Workstation {
 public:
-    // Reads the configuration that the command line names.
-    explicit Workstation(QApplication& application);
+    // `configuration` is the path of the configuration file; it need not exist.
+    Workstation(QApplication& application, const QString& configuration);
     ~Workstation();
 
     // Shows the login screen and connects to the server.
@@ -29,8 +29,9 @@ public:
 private:
     Wck_comm link_;
     Configuration configuration_;
-    std::unique_ptr<LinkWindow> linkWindow_;
-    std::unique_ptr<loginfrm> login_;
+    // Closed screens destroy themselves: what still stands ends with the program.
+    QPointer<LinkWindow> linkWindow_;
+    QPointer<loginfrm> login_;
 };
 
 } // namespace hotel

@@ -109,7 +109,7 @@ QString DbFieldFind(const QString& file, const QString& project, const QString& 
 // Files of the workstation. Meant for pictures and small format files: the content travels in one
 // command, in hexadecimal, and one of a million bytes or more is not received.
 
-// Both give 0 on success. A local file that exists is only touched when all that arrived has been
+// Both give 0 on success, otherwise -1. A local file that exists is only touched when all that arrived has been
 // checked; an empty file can't be downloaded.
 int DbDownloadFile(QStringView remoteName, const QString& localPath);
 int DbUploadFile(const QString& localPath, QStringView remoteName);

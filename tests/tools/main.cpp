@@ -5,8 +5,13 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     int failed = 0;
-    failed |= hotel::RunPrintScriptTests(argc, argv);
-    failed |= hotel::RunPrintJobTests(argc, argv);
+    failed |= hotel::RunCalculatorTests(argc, argv);
+    failed |= hotel::RunCategoriesTests(argc, argv);
+    failed |= hotel::RunDeliveredTablesTests(argc, argv);
+    failed |= hotel::RunIdentityNumberTests(argc, argv);
+    failed |= hotel::RunPinyinTests(argc, argv);
     failed |= hotel::RunPrintGridTests(argc, argv);
+    failed |= hotel::RunPrintJobTests(argc, argv);
+    failed |= hotel::RunPrintScriptTests(argc, argv);
     return failed;
 }

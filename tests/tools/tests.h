@@ -2,8 +2,13 @@
 
 namespace hotel {
 
-int RunPrintScriptTests(int argc, char** argv);
-int RunPrintJobTests(int argc, char** argv);
+int RunCalculatorTests(int argc, char** argv);
+int RunCategoriesTests(int argc, char** argv);
+int RunDeliveredTablesTests(int argc, char** argv);
+int RunIdentityNumberTests(int argc, char** argv);
+int RunPinyinTests(int argc, char** argv);
 int RunPrintGridTests(int argc, char** argv);
+int RunPrintJobTests(int argc, char** argv);
+int RunPrintScriptTests(int argc, char** argv);
 
 } // namespace hotel
