@@ -16,13 +16,13 @@ namespace hotel {
 
 namespace {
 
-constexpr int kConnectionTick = 100;     // milliseconds; an attempt that takes longer is given up
-constexpr int kConnectSeconds = 3;       // that ConnectServer waits
-constexpr double kAnswerSeconds = 30;    // that a command waits
-constexpr int kOpenLinkStart = 100;      // idle counter at the start of a wait for a connection
-constexpr int kSocketSleep = 5;          // milliseconds that events stand still at a time,
-constexpr int kSocketWait = 20;          // and altogether, before a wait lets them all through
-constexpr int kWakeUp = 100;             // milliseconds after which a wait looks at the clock
+constexpr int kConnectionTick = 100;  // milliseconds; an attempt that takes longer is given up
+constexpr int kConnectSeconds = 3;    // that ConnectServer waits
+constexpr double kAnswerSeconds = 30; // that a command waits
+constexpr int kOpenLinkStart = 100;   // idle counter at the start of a wait for a connection
+constexpr int kSocketSleep = 5;       // milliseconds that events stand still at a time,
+constexpr int kSocketWait = 20;       // and altogether, before a wait lets them all through
+constexpr int kWakeUp = 100;          // milliseconds after which a wait looks at the clock
 constexpr double kPumpSeconds = 0.2;
 constexpr int kFirstFatalError = 10001;
 constexpr qsizetype kTraceLimit = 16384; // characters a direction
@@ -411,8 +411,8 @@ QString Wck_comm::peer() const {
     return ProxyMode ? ProxyIP + u':' + ProxyPort : IPaddr + u':' + Port;
 }
 
-void Wck_comm::TraceAppend(QString& trace, QStringView text) {
-    trace = QString(trace + text).right(kTraceLimit);
+void Wck_comm::TraceAppend(QString& trace, const QString& text) {
+    trace = (trace + text).right(kTraceLimit);
     Q_EMIT traceChanged();
 }
 

@@ -158,7 +158,7 @@ private:
     void takeText(const QByteArray& bytes);
     void setLinkState(const QString& state);
     QString peer() const;
-    void TraceAppend(QString& trace, QStringView text);
+    void TraceAppend(QString& trace, const QString& text);
 
     QTcpSocket socket_;
     QTimer timer1_; // runs the connection

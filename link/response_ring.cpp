@@ -32,7 +32,7 @@ bool ResponseRing::collect(int slot) {
     if (text.size() < kHeadLength || !text.startsWith(kHead))
         return false;
     const QString head = text.first(kHeadLength).toString();
-    const QString endMark = u"</"_s + QStringView(head).sliced(1);
+    const QString endMark = u"</"_s + head.sliced(1);
 
     for (int i = 0; i < kSlots; ++i) {
         const int last = (slot + i) % kSlots;

@@ -1,6 +1,7 @@
 #include "link/serv_api.h"
 
-#include <functional>
+#include <QFile>
+#include <QStringBuilder>
 
 #include "link/server_memos.h"
 #include "platform/clock.h"
@@ -30,9 +31,7 @@ constexpr qint64 kUploadBlock = 8192;
 // Requests
 
 QString Field(QStringView tag, QStringView value) {
-    QString field;
-    field.reserve(2 * tag.size() + value.size() + 5);
-    return field += u'<' + tag + u'>' + value + u"</" + tag + u'>';
+    return u'<' % tag % u'>' % value % u"</" % tag % u'>';
 }
 
 QString Line(QStringView tag, QStringView value) {
@@ -73,10 +72,10 @@ QString ValueOrAnswer(const QString& answer, QStringView record) {
 // The lines behind the opening list tag; a last line without a line end doesn't count.
 QStringList ListEntries(const QString& answer, QStringView listTag, int limit) {
     QStringList entries;
-    const qsizetype opening = answer.indexOf(u'<' + listTag + u'>');
+    const qsizetype opening = answer.indexOf(QString(u'<' % listTag % u'>'));
     if (opening < 0)
         return entries;
-    const QString closing = u"</" + listTag + u'>';
+    const QString closing = u"</" % listTag % u'>';
     qsizetype from = opening + listTag.size() + 2;
     qsizetype end;
     while (entries.size() < limit && (end = answer.indexOf(kCrLf, from)) >= 0) {
@@ -255,7 +254,8 @@ namespace {
 
 // The slot that keeps the record, or the one that a new record may take; none when all are in use
 // too often.
-CachedRecord* FindCached(std::array<CachedRecord, 10>& slots, QStringView file, QStringView record) {
+CachedRecord* FindCached(std::array<CachedRecord, 10>& slots, QStringView file,
+                         QStringView record) {
     CachedRecord* leastUsed = nullptr;
     for (CachedRecord& slot : slots) {
         if (slot.file == file && slot.record == record)
@@ -297,7 +297,8 @@ QString DbReadCached(QStringView file, QStringView record, int trustSeconds) {
         return answer;
     if (slot) {
         const QString stamp = DbCheckFile(file, kFileStamp);
-        *slot = {file.toString(), record.toString(), stamp, Clock::SecondsSinceMidnight(), 1, value};
+        *slot = {
+            file.toString(), record.toString(), stamp, Clock::SecondsSinceMidnight(), 1, value};
     }
     return value;
 }
@@ -379,21 +380,19 @@ int DbUploadFile(const QString& localPath, QStringView remoteName) {
     QFile file(localPath);
     if (!file.open(QIODevice::ReadOnly))
         return kFailed;
-    QString request = CommandLine(u"上传文件") + Line(kFileName, remoteName) + u"<文件内容>";
-    request.reserve(request.size() + 2 * file.size() + 200);
+    QString content;
+    content.reserve(2 * file.size());
     quint32 sum = 0;
-    qint64 length = 0;
     while (!file.atEnd()) {
         const QByteArray block = file.read(kUploadBlock);
         if (block.isEmpty())
             return kFailed;
-        request += QLatin1StringView(block.toHex().toUpper());
+        content += QLatin1StringView(block.toHex().toUpper());
         sum += SumOfBytes(block);
-        length += block.size();
     }
-    request += u"</文件内容>\r\n" + Line(kLength, QString::number(length)) +
-               Line(kChecksum, HexSum(sum));
-    return Status(request);
+    return Status(CommandLine(u"上传文件") + Line(kFileName, remoteName) + Line(kContent, content) +
+                  Line(kLength, QString::number(content.size() / 2)) +
+                  Line(kChecksum, HexSum(sum)));
 }
 
 } // namespace hotel

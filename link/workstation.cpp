@@ -35,8 +35,8 @@ QString WorkstationNumber() {
 
 QString NumberOfMachine(QByteArrayView machineId) {
     constexpr quint64 kTwelveDigits = 1'000'000'000'000;
-    const QByteArray digest =
-        QCryptographicHash::hash("workstation " + machineId.toByteArray(), QCryptographicHash::Sha256);
+    const QByteArray digest = QCryptographicHash::hash("workstation " + machineId.toByteArray(),
+                                                       QCryptographicHash::Sha256);
     const quint64 number = digest.first(sizeof(quint64)).toHex().toULongLong(nullptr, 16);
     return QString::number(number % kTwelveDigits).rightJustified(12, u'0');
 }
