@@ -1,15 +1,24 @@
-#include "tests/shell/test_configuration.h"
-
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "record/code_page.h"
 #include "record/literals.h"
 #include "shell/configuration.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
-void TestConfiguration::parsed_data() {
+class ConfigurationTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void parsed_data();
+    void parsed();
+    void missingOrUnreadableFileGivesDefaults();
+    void fileInTheCodePageIsRead();
+    void wholeCommandLineIsThePath();
+};
+
+void ConfigurationTest::parsed_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("address");
     QTest::addColumn<int>("port");
@@ -36,7 +45,7 @@ void TestConfiguration::parsed_data() {
     row("garbage", QString(3000, QChar(0xFFFD)), home, 6801, false);
 }
 
-void TestConfiguration::parsed() {
+void ConfigurationTest::parsed() {
     QFETCH(QString, text);
     const Configuration configuration = ParseConfiguration(text);
     QTEST(configuration.address, "address");
@@ -44,7 +53,7 @@ void TestConfiguration::parsed() {
     QTEST(configuration.debugMode, "debug");
 }
 
-void TestConfiguration::missingOrUnreadableFileGivesDefaults() {
+void ConfigurationTest::missingOrUnreadableFileGivesDefaults() {
     QTemporaryDir folder;
     for (const QString& path : {folder.filePath(u"Hotel.Cfg"_s), folder.path()}) {
         const Configuration configuration = ReadConfiguration(path);
@@ -54,7 +63,7 @@ void TestConfiguration::missingOrUnreadableFileGivesDefaults() {
     }
 }
 
-void TestConfiguration::fileInTheCodePageIsRead() {
+void ConfigurationTest::fileInTheCodePageIsRead() {
     QTemporaryDir folder;
     const QString text = u"<IP地址>192.168.1.10</IP地址>"_s;
     for (const QByteArray& bytes : {EncodeForWire(text), text.toUtf8()}) {
@@ -66,8 +75,12 @@ void TestConfiguration::fileInTheCodePageIsRead() {
     }
 }
 
-void TestConfiguration::wholeCommandLineIsThePath() {
+void ConfigurationTest::wholeCommandLineIsThePath() {
     QCOMPARE(ConfigurationPath({u"hotel"_s}, u"/opt/hotel"_s), u"/opt/hotel/Hotel.Cfg"_s);
     QCOMPARE(ConfigurationPath({u"hotel"_s, u"/home/front"_s, u"desk/a.cfg"_s}, u"/opt"_s),
              u"/home/front desk/a.cfg"_s);
 }
+
+HOTEL_TEST(ConfigurationTest)
+
+#include "test_configuration.moc"

@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/CalcSub.h"
 
 namespace hotel {
@@ -136,10 +136,7 @@ private Q_SLOTS:
     }
 };
 
-int RunCalculatorTests(int argc, char** argv) {
-    CalculatorTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(CalculatorTest)
 
 } // namespace hotel
 

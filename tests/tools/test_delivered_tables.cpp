@@ -8,7 +8,7 @@
 
 #include "record/field_walk.h"
 #include "record/record_text.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/categories.h"
 #include "tools/pinyin.h"
 
@@ -261,10 +261,7 @@ private Q_SLOTS:
     }
 };
 
-int RunDeliveredTablesTests(int argc, char** argv) {
-    DeliveredTablesTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(DeliveredTablesTest)
 
 } // namespace hotel
 

@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/pinyin.h"
 
 namespace hotel {
@@ -61,10 +61,7 @@ private Q_SLOTS:
     }
 };
 
-int RunPinyinTests(int argc, char** argv) {
-    PinyinTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(PinyinTest)
 
 } // namespace hotel
 
