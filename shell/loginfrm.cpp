@@ -197,7 +197,7 @@ void loginfrm::cancelcmd_Click() {
         return;
     ended_ = true;
     LogLeaving();
-    QCoreApplication::quit();
+    QCoreApplication::exit(0);
 }
 
 } // namespace hotel

@@ -110,7 +110,7 @@ void SetEntryOpener(EntryOpener opener) {
 
 void OpenEntry(QStringView screen, QStringView caption) {
     if (!Opener() || !Opener()(screen))
-        TimedMessage(u"“"_s + caption + u"”尚未启用。"_s, u"提示"_s, kNoticeMilliseconds);
+        TimedMessage(u"“%1”尚未启用。"_s.arg(caption), u"提示"_s, kNoticeMilliseconds);
 }
 
 bool NightAuditMayOpen(QStringView timeText) {
