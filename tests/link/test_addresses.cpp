@@ -6,6 +6,7 @@
 #include "link/workstation.h"
 #include "record/literals.h"
 #include "record/record_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -83,8 +84,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestAddresses() {
-    return new TestAddresses;
-}
+HOTEL_TEST(TestAddresses)
 
 #include "test_addresses.moc"

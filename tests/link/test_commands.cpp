@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "record/login_digest.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -249,8 +250,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestCommands() {
-    return new TestCommands;
-}
+HOTEL_TEST(TestCommands)
 
 #include "test_commands.moc"

@@ -4,6 +4,7 @@
 #include "link/serv_api.h"
 #include "record/record_text.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -116,8 +117,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestFileTransfer() {
-    return new TestFileTransfer;
-}
+HOTEL_TEST(TestFileTransfer)
 
 #include "test_file_transfer.moc"

@@ -2,6 +2,7 @@
 
 #include "link/serv_api.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -133,8 +134,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestLists() {
-    return new TestLists;
-}
+HOTEL_TEST(TestLists)
 
 #include "test_lists.moc"

@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -181,8 +182,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestOpening() {
-    return new TestOpening;
-}
+HOTEL_TEST(TestOpening)
 
 #include "test_opening.moc"

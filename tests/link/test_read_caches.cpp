@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "record/record_text.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -155,8 +156,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestReadCaches() {
-    return new TestReadCaches;
-}
+HOTEL_TEST(TestReadCaches)
 
 #include "test_read_caches.moc"

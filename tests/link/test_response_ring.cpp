@@ -2,6 +2,7 @@
 
 #include "link/response_ring.h"
 #include "record/literals.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -144,8 +145,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestResponseRing() {
-    return new TestResponseRing;
-}
+HOTEL_TEST(TestResponseRing)
 
 #include "test_response_ring.moc"

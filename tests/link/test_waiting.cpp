@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 #include "record/code_page.h"
 #include "tests/link/scripted_peer.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 using Pieces = ScriptedPeer::Pieces;
@@ -211,8 +212,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestWaiting() {
-    return new TestWaiting;
-}
+HOTEL_TEST(TestWaiting)
 
 #include "test_waiting.moc"

@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "record/literals.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -57,8 +58,6 @@ private Q_SLOTS:
     }
 };
 
-QObject* NewTestClock() {
-    return new TestClock;
-}
+HOTEL_TEST(TestClock)
 
 #include "test_clock.moc"
