@@ -1,7 +1,7 @@
 #pragma once
 
-// The condition language: what the server's field search, the client's search inside a record and the
-// query form mean by a condition text. One implementation serves all three.
+// The condition language: what the server's field search, the client's search inside a record and
+// the query form mean by a condition text. One implementation serves all three.
 //
 //     <记录查询条件>
 //     <00>
@@ -12,8 +12,8 @@
 //     </00>
 //     </记录查询条件>
 //
-// All conditions that are joined by "or" make one group; the record matches when one of that group is
-// true (or the group is empty) and every "and" condition is true. Order plays no part.
+// All conditions that are joined by "or" make one group; the record matches when one of that group
+// is true (or the group is empty) and every "and" condition is true. Order plays no part.
 
 #include <QList>
 #include <QString>
@@ -52,17 +52,18 @@ bool OperatorNeedsNoTarget(QStringView op);
 // True for the four operators that select one record out of all those searched.
 bool IsExtremeOperator(QStringView op);
 
-// True when `value` passes `op` against `target`; false for an unknown operator and for the extremes,
-// which no value passes by itself.
+// True when `value` passes `op` against `target`; false for an unknown operator and for the
+// extremes, which no value passes by itself.
 bool PassesOperator(QStringView op, QStringView value, QStringView target);
 
 // The conditions of a condition text (or of its body), from number 00 up to the first one missing.
+// A condition without an object is left out.
 QList<Condition> ParseConditions(QStringView conditionText);
 
-// Appends one condition block to `conditions` under its number and counts `number` up. The result is a
-// body: wrap it with WrapConditions before it is sent.
-void AddQueryCondition(QString& conditions, QStringView relation, QStringView object, QStringView op,
-                       QStringView target, int& number);
+// Appends one condition block to `conditions` under its number and counts `number` up. The result
+// is a body: wrap it with WrapConditions before it is sent.
+void AddQueryCondition(QString& conditions, QStringView relation, QStringView object,
+                       QStringView op, QStringView target, int& number);
 QString WrapConditions(QStringView conditions);
 
 // Selects among records that are shown to it one after the other, in their order.
@@ -71,8 +72,12 @@ QString WrapConditions(QStringView conditions);
 //     for each record: selection.look(name, value);
 //     selection.names();
 //
-// A repeated field passes when any of its occurrences does. An extreme is held by the first record
-// that reaches it.
+// A repeated field passes when any of its occurrences does; they are read up to the first empty
+// one, and the first is always read. Any relation but "并且" counts as "或者". Without conditions
+// every record matches.
+//
+// An extreme is sought among all records shown, whatever the other conditions say, and held by the
+// first record that reaches it. Under "最小" an empty value, once it holds, gives way to any other.
 class RecordSelection {
 public:
     explicit RecordSelection(QList<Condition> conditions);
@@ -83,21 +88,28 @@ public:
     QStringList names() const;
 
 private:
-    struct Extreme {
-        qsizetype condition;     // index into conditions_
-        qsizetype holder = -1;   // index into candidates_
-        QString text;            // the running extreme
-        double number = 0;
+    static constexpr qsizetype kNoHolder = -1;
+    struct Test {
+        QString object;
+        QString target;
+        bool (*passes)(QStringView value, QStringView target);     // null for an extreme
+        bool (*takesOver)(QStringView value, QStringView running); // null for any other operator
+        qsizetype holder; // number of the record that holds the extreme,
+        QString running;  // and the value by which it does
     };
     struct Candidate {
+        qsizetype number;
         QString name;
-        bool anyOf; // an "or" condition other than an extreme is true
+        bool anyOf; // true without the help of an extreme
     };
 
-    QList<Condition> conditions_;
-    QList<Extreme> extremes_;
+    bool tryValue(Test& test, QStringView value) const;
+    bool tryRecord(Test& test, QStringView name, QStringView value) const;
+
+    QList<Test> any_; // joined by "or"
+    QList<Test> all_; // joined by "and"
     QList<Candidate> candidates_;
-    bool hasOrGroup_ = false;
+    qsizetype looked_ = 0;
 };
 
 // The names of `project` (record text: one field per record) that match, in their order.

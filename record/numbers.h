@@ -7,13 +7,13 @@
 
 namespace hotel {
 
-// The number at the start of a text ("12.5元" is 12.5, "-3" is -3, "abc" and "" are 0). Blanks, tabs
-// and line ends are skipped wherever they stand; reading stops at the first character that can't
-// continue the number.
+// The number at the start of a text ("12.5元" is 12.5, "-3" is -3, "abc" and "" are 0). Blanks,
+// tabs and line ends are skipped wherever they stand; reading stops at the first character that
+// can't continue the number.
 double LeadingNumber(QStringView text);
 
-// An amount in fixed point with four decimals. Sums and products are exact; rounding happens only in
-// text(), half away from zero.
+// An amount in fixed point with four decimals. Sums and products are exact; rounding happens only
+// in text(), half away from zero.
 class Money {
 public:
     constexpr Money() = default;
@@ -30,8 +30,14 @@ public:
     QString text(QStringView format = u"#0.00") const;
 
     constexpr Money operator-() const { return Money(-units_); }
-    constexpr Money& operator+=(Money other) { units_ += other.units_; return *this; }
-    constexpr Money& operator-=(Money other) { units_ -= other.units_; return *this; }
+    constexpr Money& operator+=(Money other) {
+        units_ += other.units_;
+        return *this;
+    }
+    constexpr Money& operator-=(Money other) {
+        units_ -= other.units_;
+        return *this;
+    }
     friend constexpr Money operator+(Money a, Money b) { return Money(a.units_ + b.units_); }
     friend constexpr Money operator-(Money a, Money b) { return Money(a.units_ - b.units_); }
     friend constexpr auto operator<=>(Money, Money) = default;
@@ -46,9 +52,16 @@ private:
 // zero on the decimal text of the value, so that 0.125 by "#0.00" is 0.13 and 1.005 is 1.01.
 QString FormatNumber(double value, QStringView format);
 QString FormatNumber(qint64 value, QStringView format);
+inline QString FormatNumber(int value, QStringView format) {
+    return FormatNumber(qint64(value), format);
+}
 
-// A text by a number format: a text that is a number throughout is formatted, any other comes back
-// unchanged.
+// True for a text that is a plain number throughout: a sign, digits and one point, blanks around
+// it.
+bool IsNumber(QStringView text);
+
+// A text by a number format: a text that is a number throughout (see IsNumber) is formatted from
+// its own digits, any other comes back unchanged.
 QString FormatText(QStringView text, QStringView format);
 
 } // namespace hotel

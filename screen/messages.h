@@ -1,7 +1,7 @@
 #pragma once
 
-// The only ways to speak to the user. A test installs a MessageRecorder, which keeps title and words
-// of every message and answers the questions, so that no box ever pops up.
+// The only ways to speak to the user. A test installs a MessageRecorder, which keeps title and
+// words of every message and answers the questions, so that no box ever pops up.
 
 #include <QList>
 #include <QString>
@@ -22,8 +22,8 @@ bool AskYesNo(const QString& words, const QString& title = {});
 std::optional<QString> InputBox(const QString& words, const QString& title = {},
                                 const QString& proposed = {});
 
-// Asks for a file to write or to read; `filter` as "(JPEG图片文件)|*.jpg|(所有文件)|*.*". Empty when
-// the user cancels.
+// Asks for a file to write or to read; `filter` as "(JPEG图片文件)|*.jpg|(所有文件)|*.*". Empty
+// when the user cancels.
 QString AskSaveFile(const QString& title, const QString& proposed, const QString& filter);
 QString AskOpenFile(const QString& title, const QString& filter);
 

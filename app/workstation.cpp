@@ -1,0 +1,35 @@
+#include "app/workstation.h"
+
+#include <QApplication>
+
+#include "app/screens.h"
+#include "screen/messages.h"
+#include "screen/open_screen.h"
+#include "screen/theme.h"
+
+namespace hotel {
+
+Workstation::Workstation(QApplication& application, const QString& configuration)
+    : configuration_(ReadConfiguration(configuration)) {
+    application.setQuitOnLastWindowClosed(false);
+    ApplyTheme(application);
+    SetLink(&link_);
+    link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
+    link_.Load();
+    RegisterScreens();
+    linkWindow_ = new LinkWindow(link_, configuration_.debugMode);
+    login_ = new loginfrm(configuration_);
+}
+
+Workstation::~Workstation() {
+    CloseAllScreens();
+    delete login_;
+    delete linkWindow_;
+}
+
+void Workstation::start() {
+    login_->show();
+    login_->Load();
+}
+
+} // namespace hotel

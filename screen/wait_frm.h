@@ -1,0 +1,34 @@
+#pragma once
+
+// The box of the timed messages (TimedMessage in screen/messages.h). It comes up over the screens
+// without taking the focus from what is being typed, and goes by itself or with a click.
+
+#include <QLabel>
+
+class QTimer;
+
+namespace hotel {
+
+class WaitFrm : public QWidget {
+    Q_OBJECT
+
+public:
+    WaitFrm();
+
+    // Shows title and words for so long. A box that is up already takes the new words and time.
+    void showFor(const QString& words, const QString& title, int milliseconds);
+
+Q_SIGNALS:
+    void gone();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QLabel* title_;
+    QLabel* words_;
+    QTimer* timer_;
+};
+
+} // namespace hotel

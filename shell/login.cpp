@@ -1,0 +1,70 @@
+#include "shell/login.h"
+
+#include "link/Wck_comm.h"
+#include "link/serv_api.h"
+#include "platform/clock.h"
+#include "record/record_text.h"
+#include "session/operation_log.h"
+#include "session/session.h"
+
+namespace hotel {
+
+namespace {
+
+// What the link answers to a login.
+constexpr int kLoginDone = 0;
+constexpr int kLoginLinkTrouble = 3;
+
+} // namespace
+
+QStringList OfferedUsers() {
+    QStringList users;
+    for (int n = 1; n <= kOfferedUsers; ++n) {
+        const QString user = DbUserList(n);
+        if (user.isEmpty())
+            break;
+        if (!users.contains(user))
+            users.append(user);
+    }
+    return users;
+}
+
+LoginResult CheckLogin(const QString& user, const QString& password) {
+    if (DbLogin(user, {}) == kLoginDone)
+        return LoginResult::NoPasswordSet;
+    switch (DbLogin(user, password)) {
+    case kLoginDone:
+        return LoginResult::LoggedIn;
+    case kLoginLinkTrouble:
+        return LoginResult::LinkTrouble;
+    default:
+        return LoginResult::Refused;
+    }
+}
+
+void BeginSession(const QString& user) {
+    const QString key = TrimBlanks(user);
+    const QString record = DbReadRecord(DbUserFileName(), user_record::kProject.toString(), key);
+    CurrentSession() = SessionFromUserRecord(key, record);
+    SaveLogRec(u"登录系统成功"_s, u"从["_s + Link().localIP + u"]以用户："_s + user + u"登录"_s);
+}
+
+void LogRefusedLogin(const QString& user) {
+    SaveLogRec(u"登录失败"_s,
+               u"从["_s + Link().localIP + u"]尝试以用户："_s + user + u"登录，失败"_s);
+}
+
+void FollowServerClock() {
+    Clock::SetTime(DbServerTime());
+    Clock::SetDate(DbServerDate());
+}
+
+void LogLeaving() {
+    if (Link().linkState() != u"1")
+        return;
+    const Session& session = CurrentSession();
+    SaveLogRec(u"退出系统"_s,
+               u"用户："_s + session.userId + u"，姓名："_s + session.userName + u"退出系统"_s);
+}
+
+} // namespace hotel

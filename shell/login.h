@@ -1,0 +1,41 @@
+#pragma once
+
+// The login as an act, without its screen.
+
+#include <QString>
+#include <QStringList>
+
+namespace hotel {
+
+// As many users as the login screen offers.
+inline constexpr int kOfferedUsers = 100;
+
+// The users' login names in the server's order, each once.
+QStringList OfferedUsers();
+
+enum class LoginResult {
+    LoggedIn,
+    NoPasswordSet, // logged in, whatever was typed: this user has no password
+    Refused,       // wrong password, other refusal, or no link
+    LinkTrouble,   // an answer that no link gives today; kept for one that may
+};
+
+// Asks the server: first with an empty password, which tells a user without one, then with the typed
+// one. A login with a real password therefore costs two commands, and the first refusal is normal.
+LoginResult CheckLogin(const QString& user, const QString& password);
+
+// Reads the user's record into the session and writes the operation log. A record that can't be read
+// leaves the user without name and rights.
+void BeginSession(const QString& user);
+
+// Writes the failed attempt into the operation log.
+void LogRefusedLogin(const QString& user);
+
+// Sets the workstation's clock from the server's time and date; a failure changes nothing.
+void FollowServerClock();
+
+// Writes the end of the session into the operation log, where the link still stands. The server gets
+// no log out command: the connection's end is its log out.
+void LogLeaving();
+
+} // namespace hotel

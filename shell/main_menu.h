@@ -1,0 +1,44 @@
+#pragma once
+
+// The main menu as data: a line of words for each entry instead of a handler for each.
+//
+// A group is offered when the user holds its right; an entry inside a shown group when the user holds
+// the entry's right. An entry without a right is always offered. The same right may name two entries.
+
+#include <functional>
+#include <span>
+
+#include <QStringView>
+
+namespace hotel {
+
+struct MenuEntry {
+    QStringView control;   // object name of the button
+    QStringView right;     // empty: no right tests it
+    QStringView caption;
+    QStringView screen;    // the name under which app/ knows the screen
+    QStringView operation; // line of the operation log on opening; empty: none is written
+    QStringView remark;
+};
+
+struct MenuGroup {
+    QStringView control;
+    QStringView right; // its caption as well
+    std::span<const MenuEntry> entries;
+};
+
+std::span<const MenuGroup> MainMenu();
+
+// Opens what an entry names; false when there is no such screen (yet). The shell knows no subsystem,
+// so app/ installs this at the start of the program.
+using EntryOpener = std::function<bool(QStringView screen)>;
+void SetEntryOpener(EntryOpener opener);
+
+// Opens a screen by that way, or tells the user in a timed message that it is not there yet.
+void OpenEntry(QStringView screen, QStringView caption);
+
+// The night audit is done at night: true from 22:00:00 up to 06:59:59, by the first two characters of
+// the time text (HH:mm:ss).
+bool NightAuditMayOpen(QStringView timeText);
+
+} // namespace hotel

@@ -1,0 +1,263 @@
+#include "shell/mainfrm.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+
+#include "link/Wck_comm.h"
+#include "platform/clock.h"
+#include "record/literals.h"
+#include "screen/messages.h"
+#include "screen/open_screen.h"
+#include "screen/theme.h"
+#include "session/operation_log.h"
+#include "session/parameters.h"
+#include "session/session.h"
+#include "shell/loginfrm.h"
+#include "shell/main_menu.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr int kEntriesPerLine = 3;
+constexpr int kEntryWidth = 216;
+constexpr int kEntryHeight = 84;
+
+constexpr QStringView kNightAudit = u"Ystj_cmd";
+
+constexpr QLatin1StringView kStyle(R"(
+    #header { background: #1b3556; }
+    #header QLabel { color: #f6f3ea; }
+    #groups { background: #e6ebf2; }
+    #groups QPushButton { text-align: left; padding: 10px 16px; font-size: 12pt; border: none;
+                          border-radius: 4px; background: transparent; color: #1b2733; }
+    #groups QPushButton:hover { background: #d3dce8; }
+    #groups QPushButton:checked { background: #1f5fa8; color: white; }
+    #groups QPushButton:focus { border: 2px solid #d9822b; }
+    #groups QPushButton:disabled { color: #9aa6b3; }
+    QPushButton[entry="true"] { font-size: 14pt; background: white; border: 1px solid #b9c4d1;
+                                border-radius: 6px; }
+    QPushButton[entry="true"]:hover { background: #eef4fb; border-color: #1f5fa8; }
+    QPushButton[entry="true"]:focus { border: 2px solid #d9822b; }
+    QPushButton[entry="true"]:disabled { background: #f3f5f7; color: #a3adb8; border-color: #dde3ea; }
+)");
+
+} // namespace
+
+mainfrm::mainfrm(loginfrm& login)
+    : Screen(u"mainfrm"_s, Param(u"Yhdwmc") + u" 管理工作站"_s), login_(login) {
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins(0, 0, 0, 0);
+    body->setSpacing(0);
+    panels_ = new QStackedWidget;
+    panels_->setObjectName(u"panels"_s);
+    body->addWidget(makeGroups());
+    body->addWidget(panels_, 1);
+
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(0, 0, 0, 0);
+    content->setSpacing(0);
+    content->addWidget(makeHeader());
+    content->addLayout(body, 1);
+    setContent(content);
+    setStyleSheet(kStyle);
+
+    panels_->addWidget(new QWidget); // what FuWei leaves: nothing
+    panels_->addWidget(welcome_ = makeWelcome());
+    for (const MenuGroup& group : MainMenu()) {
+        QWidget* panel = makePanel(group);
+        panelOfGroup_.insert(group.control, panel);
+        panels_->addWidget(panel);
+    }
+    addCommands({{u"exit_cmd"_s, u"退出系统"_s, [this] { close(); }, Qt::Key_F10}});
+
+    FuWei();
+    panels_->setCurrentWidget(welcome_);
+    showHotelName();
+    showTime();
+    every(1000, [this] { showTime(); });
+    setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
+    resize(1280, 760);
+}
+
+QWidget* mainfrm::makeHeader() {
+    auto* header = new QWidget;
+    header->setObjectName(u"header"_s);
+    header->setAttribute(Qt::WA_StyledBackground);
+    Bgmc_ = new QLabel;
+    Bgmc_->setObjectName(u"Bgmc"_s);
+    Bgmc_->setFont(FontFor(u"宋体", 22, true));
+    const Session& session = CurrentSession();
+    auto* user = new QLabel(session.userDept + u"　"_s + session.userName);
+    user->setObjectName(u"user"_s);
+    user->setFont(FontFor(u"黑体", 12));
+    time_ = new QLabel;
+    time_->setObjectName(u"time"_s);
+    time_->setFont(FontFor(u"黑体", 12));
+
+    auto* layout = new QHBoxLayout(header);
+    layout->setContentsMargins(24, 14, 24, 14);
+    layout->setSpacing(32);
+    layout->addWidget(Bgmc_, 1);
+    layout->addWidget(user);
+    layout->addWidget(time_);
+    return header;
+}
+
+QWidget* mainfrm::makeGroups() {
+    auto* groups = new QWidget;
+    groups->setObjectName(u"groups"_s);
+    groups->setAttribute(Qt::WA_StyledBackground);
+    groups->setFixedWidth(196);
+    auto* layout = new QVBoxLayout(groups);
+    layout->setContentsMargins(10, 14, 10, 14);
+    int number = 0;
+    for (const MenuGroup& group : MainMenu()) {
+        ++number;
+        auto* button = new QPushButton(u"F%1　%2"_s.arg(number).arg(group.right));
+        button->setObjectName(group.control.toString());
+        button->setCheckable(true);
+        button->setAutoExclusive(true);
+        button->setShortcut(Qt::Key_F1 + number - 1);
+        button->setEnabled(HasRight(group.right));
+        on(button, &QPushButton::clicked, [this, &group] { openGroup(group); });
+        groupButtons_.append(button);
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return groups;
+}
+
+QWidget* mainfrm::makeWelcome() {
+    auto* welcome = new QWidget;
+    welcome->setObjectName(u"welcome"_s);
+    auto* words = new QLabel(CurrentSession().userName + u"，欢迎使用"_s);
+    words->setFont(FontFor(u"宋体", 24));
+    words->setAlignment(Qt::AlignCenter);
+    auto* hint = new QLabel(u"请用左侧的功能组（F1—F9）开始工作，F10 退出系统"_s);
+    hint->setFont(FontFor(u"黑体", 12));
+    hint->setAlignment(Qt::AlignCenter);
+    auto* layout = new QVBoxLayout(welcome);
+    layout->addStretch(2);
+    layout->addWidget(words);
+    layout->addSpacing(12);
+    layout->addWidget(hint);
+    layout->addStretch(3);
+    return welcome;
+}
+
+QWidget* mainfrm::makePanel(const MenuGroup& group) {
+    auto* panel = new QWidget;
+    panel->setObjectName(u"%1_panel"_s.arg(group.control));
+    auto* heading = new QLabel(group.right.toString());
+    heading->setFont(FontFor(u"黑体", 18, true));
+
+    auto* entries = new QGridLayout;
+    entries->setSpacing(18);
+    int number = 0;
+    for (const MenuEntry& entry : group.entries) {
+        entries->addWidget(makeEntry(entry, number + 1), number / kEntriesPerLine,
+                           number % kEntriesPerLine);
+        ++number;
+    }
+    entries->setColumnStretch(kEntriesPerLine, 1);
+
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(36, 28, 36, 28);
+    layout->setSpacing(22);
+    layout->addWidget(heading);
+    layout->addLayout(entries);
+    layout->addStretch();
+    return panel;
+}
+
+QPushButton* mainfrm::makeEntry(const MenuEntry& entry, int number) {
+    auto* button = new QPushButton(u"%1　%2"_s.arg(number).arg(entry.caption));
+    button->setObjectName(entry.control.toString());
+    button->setProperty("entry", true);
+    button->setFixedSize(kEntryWidth, kEntryHeight);
+    on(button, &QPushButton::clicked, [this, &entry] { openEntry(entry); });
+    return button;
+}
+
+void mainfrm::FuWei() {
+    panels_->setCurrentIndex(0);
+}
+
+void mainfrm::openGroup(const MenuGroup& group) {
+    FuWei();
+    QWidget* panel = panelOfGroup_.value(group.control);
+    panels_->setCurrentWidget(panel);
+    QPushButton* first = nullptr;
+    for (const MenuEntry& entry : group.entries) {
+        auto* button = panel->findChild<QPushButton*>(entry.control.toString());
+        button->setEnabled(HasRight(entry.right));
+        if (!first && button->isEnabled())
+            first = button;
+    }
+    if (first)
+        first->setFocus();
+}
+
+void mainfrm::openEntry(const MenuEntry& entry) {
+    if (entry.control == kNightAudit && !NightAuditMayOpen(Clock::TimeText())) {
+        MsgBox(u"夜审时间通常在22：00 - 07：00之间进行"_s, u"操作时间未到"_s);
+        return;
+    }
+    if (!entry.operation.isEmpty())
+        SaveLogRec(entry.operation.toString(), entry.remark.toString());
+    OpenEntry(entry.screen, entry.caption);
+}
+
+// The digit on an entry presses it.
+void mainfrm::keyPressEvent(QKeyEvent* event) {
+    const int digit = event->key() - Qt::Key_0;
+    if (digit >= 1 && digit <= 9 && !(event->modifiers() & ~Qt::KeypadModifier)) {
+        const QString prefix = QString::number(digit) + u'　';
+        const auto buttons = panels_->currentWidget()->findChildren<QPushButton*>();
+        for (QPushButton* button : buttons) {
+            if (button->text().startsWith(prefix)) {
+                button->click();
+                return;
+            }
+        }
+    }
+    Screen::keyPressEvent(event);
+}
+
+void mainfrm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        showHotelName();
+    Screen::changeEvent(event);
+}
+
+void mainfrm::showHotelName() {
+    if (const QString name = Param(u"Yhdwmc"); !name.isEmpty())
+        Bgmc_->setText(name);
+}
+
+void mainfrm::showTime() {
+    time_->setText(Clock::DateText() + u"　"_s + Clock::TimeText().left(5));
+}
+
+bool mainfrm::closing() {
+    if (!CloseAllScreens())
+        return false;
+    RemoveTemporaryPictures(QCoreApplication::applicationDirPath());
+    login_.cancelcmd_Click();
+    return true;
+}
+
+void RemoveTemporaryPictures(const QString& folder) {
+    const QDir pictures(folder, u"*.jpg;*.gif;*.bmp"_s, QDir::Name, QDir::Files);
+    for (const QString& name : pictures.entryList())
+        QFile::remove(pictures.filePath(name));
+}
+
+} // namespace hotel

@@ -1,0 +1,59 @@
+#pragma once
+
+// The main window: ten-fold menu of the house, a panel of entries for each group, what the user has no
+// right to disabled. F1 to F9 open a group, the digit on an entry opens it.
+
+#include <QHash>
+#include <QList>
+
+#include "screen/screen.h"
+
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+
+namespace hotel {
+
+class loginfrm;
+struct MenuEntry;
+struct MenuGroup;
+
+class mainfrm : public Screen {
+    Q_OBJECT
+
+public:
+    // Reads the rights of the current session. `login` outlives the window.
+    explicit mainfrm(loginfrm& login);
+
+    // Hides all panels and the welcome panel.
+    void FuWei();
+
+protected:
+    bool closing() override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeGroups();
+    QWidget* makeWelcome();
+    QWidget* makePanel(const MenuGroup& group);
+    QPushButton* makeEntry(const MenuEntry& entry, int number);
+    void openGroup(const MenuGroup& group);
+    void openEntry(const MenuEntry& entry);
+    void showTime();
+    void showHotelName();
+
+    loginfrm& login_;
+    QLabel* Bgmc_ = nullptr;
+    QLabel* time_ = nullptr;
+    QStackedWidget* panels_ = nullptr;
+    QWidget* welcome_ = nullptr;
+    QHash<QStringView, QWidget*> panelOfGroup_;
+    QList<QPushButton*> groupButtons_;
+};
+
+// Removes the pictures that the photograph screens have downloaded: *.JPG, *.GIF, *.bmp in any case.
+void RemoveTemporaryPictures(const QString& folder);
+
+} // namespace hotel
