@@ -45,7 +45,8 @@ Request::Request(QByteArray number, QString text)
             return;
         const Span name{open + 1, bracket - open - 1};
         const QString closing = u"</" % view(name) % u'>';
-        const bool free = std::find(kFreeTexts.begin(), kFreeTexts.end(), view(name)) != kFreeTexts.end();
+        const bool free =
+            std::find(kFreeTexts.begin(), kFreeTexts.end(), view(name)) != kFreeTexts.end();
         const qsizetype start = bracket + 1;
         const qsizetype end = free ? all.lastIndexOf(closing) : all.indexOf(closing, start);
         if (end < start) {
@@ -125,8 +126,10 @@ qsizetype RequestReader::findEnd() {
         scanned_ = close + 1;
         if (close - ahead < start_)
             continue;
-        const QByteArrayView number = QByteArrayView(buffer_).sliced(close - kNumberDigits, kNumberDigits);
-        const bool opened = QByteArrayView(buffer_).sliced(close - ahead).startsWith(marks.numberOpen);
+        const QByteArrayView number =
+            QByteArrayView(buffer_).sliced(close - kNumberDigits, kNumberDigits);
+        const bool opened =
+            QByteArrayView(buffer_).sliced(close - ahead).startsWith(marks.numberOpen);
         if (opened && std::all_of(number.begin(), number.end(), IsDigit))
             return close + marks.numberClose.size();
     }

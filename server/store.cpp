@@ -10,6 +10,7 @@
 
 #include "record/field_walk.h"
 #include "record/numbers.h"
+#include "server/field_text.h"
 
 namespace hotel {
 
@@ -33,12 +34,6 @@ static const char* const kTables[] = {
 };
 
 namespace {
-
-constexpr qint64 kRecordsPerProject = qint64(1) << 32;
-
-qint64 FirstRecordId(qint64 project) {
-    return project * kRecordsPerProject;
-}
 
 // An empty text that is stored as such: the database takes a null text for a missing value.
 QString Stored(const QString& text) {
@@ -80,14 +75,6 @@ Store::Rows Store::executed(QSqlQuery& query) {
     return rows;
 }
 
-template <typename... Values>
-Store::Rows Store::run(const char* sql, const Values&... values) {
-    QSqlQuery& query = prepared(sql);
-    int position = 0;
-    (query.bindValue(position++, values), ...);
-    return executed(query);
-}
-
 // --- Opening -----------------------------------------------------------------------------------------
 
 Store::Store(const QString& folder, Use use)
@@ -125,8 +112,8 @@ void Store::openDatabase() {
     if (use_ == Use::Look)
         return;
     // A commit comes back after its flush of the write-ahead log, so that it survives a power cut.
-    for (const char* pragma : {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL",
-                               "PRAGMA cache_size = -65536"}) {
+    for (const char* pragma :
+         {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA cache_size = -65536"}) {
         QSqlQuery query(database_);
         if (!query.exec(QString::fromUtf8(pragma)))
             throw StoreError(query.lastError().text());
@@ -170,23 +157,38 @@ void Store::commit() {
         return;
     run("COMMIT");
     inTransaction_ = false;
-    filesChanged_ = false;
-    touched_.clear();
+    before_.clear();
 }
 
 void Store::rollback() {
     if (!inTransaction_)
         return;
     inTransaction_ = false;
-    // The database may have rolled back by itself; then there is nothing left to roll back.
-    database_.rollback();
-    if (std::exchange(filesChanged_, false)) {
-        loadFiles();
-    } else {
-        for (const QString& key : std::as_const(touched_))
-            files_.at(key).projects.reset();
+    database_.rollback(); // fails when the database has rolled back by itself; then all is done
+    for (auto file = before_.cbegin(); file != before_.cend(); ++file) {
+        if (*file)
+            files_[file.key()] = **file;
+        else
+            files_.erase(file.key());
     }
-    touched_.clear();
+    before_.clear();
+}
+
+// Keeps a file as it stands, ahead of its first change in the transaction. Its projects are not kept:
+// they are read again when they are asked for.
+void Store::remember(const QString& key) {
+    if (before_.contains(key))
+        return;
+    const auto file = files_.find(key);
+    std::optional<File>& kept = before_[key];
+    if (file != files_.end())
+        kept = File{file->second.id, file->second.name, file->second.kind, file->second.changed,
+                    std::nullopt};
+}
+
+void Store::touch(const QString& key, File& file) {
+    remember(key);
+    file.changed = ++changes_;
 }
 
 // --- Files -------------------------------------------------------------------------------------------
@@ -206,19 +208,13 @@ Store::File* Store::findDatabase(const StorePath& path) {
     return file != files_.end() && file->second.kind == Kind::Database ? &file->second : nullptr;
 }
 
-void Store::touch(const StorePath& path, File& file) {
-    file.changed = ++changes_;
-    touched_ += path.key;
-}
-
 Store::File& Store::addFile(const StorePath& path, Kind kind) {
-    filesChanged_ = true;
-    run("INSERT INTO file (id, path, name, kind) VALUES (?, ?, ?, ?)", nextFile_, path.key, path.name,
-        int(kind));
-    File& file = files_[path.key] = File{nextFile_++, path.name, kind, 0, std::nullopt};
+    remember(path.key);
+    run("INSERT INTO file (id, path, name, kind) VALUES (?, ?, ?, ?)", nextFile_, path.key,
+        path.name, int(kind));
+    File& file = files_[path.key] = File{nextFile_++, path.name, kind, ++changes_, std::nullopt};
     if (kind == Kind::Database)
         file.projects.emplace();
-    touch(path, file);
     return file;
 }
 
@@ -231,17 +227,15 @@ Store::File& Store::madeDatabase(const StorePath& path) {
     return file->second;
 }
 
-bool Store::createDatabase(const StorePath& path) {
-    const bool missing = kind(path) == Kind::Missing;
+void Store::createDatabase(const StorePath& path) {
     madeDatabase(path);
-    return missing;
 }
 
 void Store::removeFile(const StorePath& path) {
     const auto file = files_.find(path.key);
     if (file == files_.end())
         throw Refusal(refusal::kNoFile);
-    filesChanged_ = true;
+    remember(path.key);
     if (file->second.kind == Kind::Database) {
         for (const Project& project : std::as_const(projectsOf(file->second)))
             deleteProjectRows(project.id);
@@ -249,7 +243,6 @@ void Store::removeFile(const StorePath& path) {
         run("DELETE FROM upload WHERE file = ?", file->second.id);
     }
     run("DELETE FROM file WHERE id = ?", file->second.id);
-    touched_.removeAll(path.key);
     files_.erase(file);
 }
 
@@ -259,13 +252,14 @@ void Store::renameFile(const StorePath& from, const StorePath& to) {
         throw Refusal(refusal::kNoFile);
     if (from.key != to.key && find(to))
         throw Refusal(refusal::kFileExists);
-    filesChanged_ = true;
+    remember(from.key);
+    remember(to.key);
     run("UPDATE file SET path = ?, name = ? WHERE id = ?", to.key, to.name, file->second.id);
     File renamed = std::move(file->second);
     files_.erase(file);
-    touched_.removeAll(from.key);
     renamed.name = to.name;
-    touch(to, files_[to.key] = std::move(renamed));
+    renamed.changed = ++changes_;
+    files_[to.key] = std::move(renamed);
 }
 
 void Store::copyFile(const StorePath& from, const StorePath& to) {
@@ -335,7 +329,7 @@ void Store::writeUpload(const StorePath& path, const QByteArray& content) {
     const QByteArray stored = content.isNull() ? QByteArray("") : content;
     run("DELETE FROM upload WHERE file = ?", file.id);
     run("INSERT INTO upload (file, content) VALUES (?, ?)", file.id, stored);
-    touch(path, file);
+    touch(path.key, file);
 }
 
 // --- Projects ----------------------------------------------------------------------------------------
@@ -372,7 +366,7 @@ Store::Project* Store::findProject(const StorePath& path, const QString& project
 Store::Project& Store::madeProject(const StorePath& path, const QString& project) {
     File& file = madeDatabase(path);
     Projects& projects = projectsOf(file);
-    touch(path, file);
+    touch(path.key, file);
     const auto found = projects.find(project);
     if (found != projects.end())
         return *found;
@@ -393,19 +387,12 @@ bool Store::hasProject(const StorePath& path, const QString& project) {
     return findProject(path, project) != nullptr;
 }
 
-bool Store::createProject(const StorePath& path, const QString& project) {
-    if (hasProject(path, project))
-        return false;
-    madeProject(path, project);
-    return true;
-}
-
 void Store::removeProject(const StorePath& path, const QString& project) {
     const Project* found = findProject(path, project);
     if (!found)
         throw Refusal(refusal::kNoProject);
     File& file = *findDatabase(path);
-    touch(path, file);
+    touch(path.key, file);
     deleteProjectRows(found->id);
     file.projects->remove(project);
 }
@@ -430,7 +417,7 @@ std::optional<QString> Store::readProject(const StorePath& path, const QString& 
     walk(path, project, true, [&](const QString& name, const QString& value) {
         if (!text.isEmpty())
             text += kCrLf;
-        text += u'<' + name + u'>' + value + u"</" + name + u'>';
+        text += FieldText(name, value);
     });
     return text;
 }
@@ -507,7 +494,7 @@ void Store::remove(const StorePath& path, const QString& project, const QString&
     const Rows rows = run("DELETE FROM record WHERE project = ? AND name = ?", found->id, record);
     if (!rows.changedAny())
         throw Refusal(refusal::kNoRecord);
-    touch(path, *findDatabase(path));
+    touch(path.key, *findDatabase(path));
 }
 
 void Store::walk(const StorePath& path, const QString& project, bool values, const Visitor& visit) {
@@ -551,11 +538,11 @@ std::optional<QString> Store::extremeName(const StorePath& path, const QString& 
     };
     switch (extreme) {
     case Extreme::LastText:
-        return answer(run("SELECT name FROM record WHERE project = ? ORDER BY name DESC LIMIT 1",
-                          found->id));
+        return answer(
+            run("SELECT name FROM record WHERE project = ? ORDER BY name DESC LIMIT 1", found->id));
     case Extreme::FirstText:
-        return answer(run("SELECT name FROM record WHERE project = ? ORDER BY name LIMIT 1",
-                          found->id));
+        return answer(
+            run("SELECT name FROM record WHERE project = ? ORDER BY name LIMIT 1", found->id));
     case Extreme::GreatestNumber:
         return answer(run("SELECT name FROM record WHERE project = ? AND number = "
                           "(SELECT MAX(number) FROM record WHERE project = ?) ORDER BY id LIMIT 1",

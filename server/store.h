@@ -76,7 +76,7 @@ class Store {
 public:
     enum class Use {
         Serve, // read and write; creates a store that is missing, keeps other programs from serving it
-        Look,  // read only, the store as it stood at the moment of opening
+        Look, // read only, the store as it stood at the moment of opening
     };
 
     // Opens the store in `folder`. Throws StoreError when it can't be opened, or when another program
@@ -90,6 +90,7 @@ public:
     void begin();
     // Puts the transaction's changes on disk; nothing to do when none is under way.
     void commit();
+    // Undoes the transaction. Never fails.
     void rollback();
 
     // --- Files ---------------------------------------------------------------------------------------
@@ -97,8 +98,8 @@ public:
     enum class Kind { Missing, Database, Upload };
     Kind kind(const StorePath& path) const;
 
-    // Makes a database file that is missing; true when it was made now.
-    bool createDatabase(const StorePath& path);
+    // Makes a database file that is missing.
+    void createDatabase(const StorePath& path);
 
     // Database files and uploaded files alike. Renaming and copying need a target that doesn't exist.
     void removeFile(const StorePath& path);
@@ -127,8 +128,6 @@ public:
     QStringList projects(const StorePath& path); // empty when there is no such database file
     bool hasProject(const StorePath& path, const QString& project);
 
-    // Makes a project that is missing, with its file; true when it was made now.
-    bool createProject(const StorePath& path, const QString& project);
     void removeProject(const StorePath& path, const QString& project);
 
     // The whole project: one field per record, one a line, in order.
@@ -141,7 +140,8 @@ public:
 
     // --- Records -------------------------------------------------------------------------------------
 
-    std::optional<QString> read(const StorePath& path, const QString& project, const QString& record);
+    std::optional<QString> read(const StorePath& path, const QString& project,
+                                const QString& record);
 
     // The first record of that name in any project of the file.
     std::optional<QString> readAnywhere(const StorePath& path, const QString& record);
@@ -164,7 +164,8 @@ public:
     // Name of the record that holds an extreme among the names of a project, at a cost that does not
     // grow with the project; of equal ones the first. Nothing when the project has no record.
     enum class Extreme { LastText, FirstText, GreatestNumber, LeastNumber };
-    std::optional<QString> extremeName(const StorePath& path, const QString& project, Extreme extreme);
+    std::optional<QString> extremeName(const StorePath& path, const QString& project,
+                                       Extreme extreme);
 
     // --- Upkeep --------------------------------------------------------------------------------------
 
@@ -172,6 +173,9 @@ public:
     QStringList check();
 
 private:
+    static constexpr qint64 kRecordsPerProject = qint64(1) << 32;
+    static qint64 FirstRecordId(qint64 project) { return project * kRecordsPerProject; }
+
     struct Project {
         qint64 id;
         qint64 nextRecord = 0; // id of the next new record; 0 when not known yet
@@ -181,7 +185,7 @@ private:
         qint64 id;
         QString name;
         Kind kind;
-        quint64 changed; // value of changes_ at the last change
+        quint64 changed;                  // value of changes_ at the last change
         std::optional<Projects> projects; // read when first asked for
     };
 
@@ -208,8 +212,14 @@ private:
         QSqlQuery* query_;
     };
 
-    template <typename... Values>
-    Rows run(const char* sql, const Values&... values);
+    // Runs `sql` with the values for its question marks. A statement is known by the address of its text.
+    template<typename... Values>
+    Rows run(const char* sql, const Values&... values) {
+        QSqlQuery& query = prepared(sql);
+        int position = 0;
+        (query.bindValue(position++, values), ...);
+        return executed(query);
+    }
     QSqlQuery& prepared(const char* sql);
     Rows executed(QSqlQuery& query);
 
@@ -229,9 +239,11 @@ private:
     void copyProject(qint64 fromProject, qint64 toFile, const QString& name);
     void deleteProjectRows(qint64 project);
     void insertRecord(Project& project, const QString& name, const QString& value);
-    void touch(const StorePath& path, File& file);
+    void remember(const QString& key);
+    void touch(const QString& key, File& file);
 
     void checkFiles(QStringList& faults);
+    void checkOwners(QStringList& faults);
     void checkRecords(QStringList& faults);
 
     QString folder_;
@@ -249,8 +261,9 @@ private:
 
     quint64 stampBase_;
     quint64 changes_ = 0;
-    QStringList touched_;       // keys of the files changed in this transaction
-    bool filesChanged_ = false; // files were made, renamed or removed in this transaction
+
+    // The files changed in this transaction, as they stood before it; nothing: not there.
+    QHash<QString, std::optional<File>> before_;
 };
 
 } // namespace hotel

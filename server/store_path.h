@@ -14,11 +14,14 @@ namespace hotel {
 inline constexpr QChar kPathSeparator = u'\\';
 
 struct StorePath {
-    QString key;  // steps in lower case, joined by `\`: what two spellings of one path have in common
+    QString
+        key; // steps in lower case, joined by `\`: what two spellings of one path have in common
     QString name; // the steps as they were written, joined by `\`
 
     // Last step as it was written.
-    QStringView leaf() const { return QStringView(name).sliced(name.lastIndexOf(kPathSeparator) + 1); }
+    QStringView leaf() const {
+        return QStringView(name).sliced(name.lastIndexOf(kPathSeparator) + 1);
+    }
 };
 
 // The path of a database file or an uploaded file. White space around it and doubled separators don't
