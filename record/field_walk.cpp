@@ -4,22 +4,6 @@
 
 namespace hotel {
 
-namespace {
-
-bool IsWhite(QChar c) {
-    return c == u' ' || c == u'\r' || c == u'\n' || c == u'\t' || c == u'\u3000';
-}
-
-QStringView WithoutWhite(QStringView text) {
-    while (!text.isEmpty() && IsWhite(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && IsWhite(text.back()))
-        text.chop(1);
-    return text;
-}
-
-} // namespace
-
 bool FieldWalk::next() {
     for (;;) {
         const qsizetype open = text_.indexOf(u'<', position_);
@@ -29,16 +13,42 @@ bool FieldWalk::next() {
             return false;
         }
         position_ = end + 1;
-        name_ = WithoutWhite(text_.sliced(open + 1, end - open - 1));
-        if (name_.isEmpty())
-            continue;
-        const TagMarks marks(name_);
-        const qsizetype closing = FindText(text_, marks.closing(), position_);
-        closed_ = closing >= 0;
-        value_ = closed_ ? text_.sliced(position_, closing - position_) : QStringView();
-        if (closed_)
-            position_ = closing + marks.closing().size();
-        return true;
+        name_ = TrimmedWhite(text_.sliced(open + 1, end - open - 1));
+        if (!name_.isEmpty())
+            break;
+    }
+    const TagMarks marks(name_);
+    const qsizetype closing = findClosing(marks.closing());
+    closed_ = closing >= 0;
+    value_ = closed_ ? text_.sliced(position_, closing - position_) : QStringView();
+    if (closed_)
+        position_ = closing + marks.closing().size();
+    return true;
+}
+
+qsizetype FieldWalk::findClosing(QStringView closingTag) {
+    // A search that finds something is paid for by the step over the value. Those that find nothing
+    // read the whole rest of the text, so after a few of them the rest is looked through once for all.
+    constexpr int kFutileSearches = 8;
+    const bool isKnown = futileSearches_ >= kFutileSearches && !name_.contains(u'<');
+    if (isKnown && lastClosings_.value(name_, -1) < position_)
+        return -1;
+    const qsizetype closing = FindText(text_, closingTag, position_);
+    if (closing < 0 && ++futileSearches_ == kFutileSearches)
+        readLastClosings();
+    return closing;
+}
+
+void FieldWalk::readLastClosings() {
+    qsizetype open = -1;
+    for (qsizetype i = position_; i < text_.size(); ++i) {
+        if (text_[i] == u'<') {
+            open = i;
+        } else if (text_[i] == u'>') {
+            if (open >= 0 && text_[open + 1] == u'/')
+                lastClosings_.insert(text_.sliced(open + 2, i - open - 2), open);
+            open = -1;
+        }
     }
 }
 

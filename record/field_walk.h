@@ -7,6 +7,7 @@
 //     while (walk.next())
 //         use(walk.name(), walk.value());
 
+#include <QHash>
 #include <QStringView>
 
 namespace hotel {
@@ -29,11 +30,17 @@ public:
     bool closed() const { return closed_; }
 
 private:
+    qsizetype findClosing(QStringView closingTag);
+    void readLastClosings();
+
     QStringView text_;
     QStringView name_;
     QStringView value_;
     qsizetype position_ = 0;
     bool closed_ = false;
+
+    int futileSearches_ = 0;
+    QHash<QStringView, qsizetype> lastClosings_; // by name; read after a few futile searches
 };
 
 } // namespace hotel

@@ -1,5 +1,7 @@
 #include "record/numbers.h"
 
+#include "record/record_text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -195,12 +197,20 @@ double LeadingNumber(QStringView text) {
 }
 
 bool IsNumber(QStringView text) {
-    const QStringView number = text.trimmed();
+    const QString number = TrimBlanks(text);
     const bool hasSign = number.startsWith(u'-') || number.startsWith(u'+');
-    const QStringView digits = hasSign ? number.sliced(1) : number;
+    const QStringView digits = QStringView(number).sliced(hasSign);
     const bool plain =
         std::all_of(digits.begin(), digits.end(), [](QChar c) { return IsDigit(c) || c == u'.'; });
     return plain && digits.count(u'.') <= 1 && digits.size() > digits.count(u'.');
+}
+
+Money operator*(Money a, Money b) {
+    __extension__ using Wide = __int128;
+    constexpr Wide kScale = 10000;
+    const Wide product = Wide(a.units_) * b.units_;
+    const Wide rounded = (product + (product < 0 ? -kScale / 2 : kScale / 2)) / kScale;
+    return Money::FromUnits(qint64(std::clamp<Wide>(rounded, -Money::kMost, Money::kMost)));
 }
 
 Money Money::FromNumber(double value) {

@@ -53,15 +53,6 @@ NameTable ReadNames(const QString& text) {
     return table;
 }
 
-template<typename IsBlank>
-QString Trimmed(QStringView text, IsBlank isBlank) {
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
-        text.chop(1);
-    return text.toString();
-}
-
 QString Joined(std::initializer_list<QStringView> parts) {
     qsizetype size = 0;
     for (const QStringView part : parts)
@@ -170,13 +161,15 @@ QString GetLine(const QString& text, qint16 n) {
 }
 
 QString TrimWhite(QStringView text) {
-    return Trimmed(text, [](QChar c) {
-        return c == u' ' || c == u'\r' || c == u'\n' || c == u'\t' || c == u'\u3000';
-    });
+    return TrimmedWhite(text).toString();
 }
 
 QString TrimBlanks(QStringView text) {
-    return Trimmed(text, [](QChar c) { return c == u' '; });
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
 }
 
 int AnsiLen(QStringView text) {

@@ -51,6 +51,17 @@ qsizetype FindText(QStringView text, QStringView needle, qsizetype from) {
     return -1;
 }
 
+QStringView TrimmedWhite(QStringView text) {
+    const auto isWhite = [](QChar c) {
+        return c == u' ' || c == u'\r' || c == u'\n' || c == u'\t' || c == u'\u3000';
+    };
+    while (!text.isEmpty() && isWhite(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isWhite(text.back()))
+        text.chop(1);
+    return text;
+}
+
 TagMarks::TagMarks(QStringView tag) : tagSize_(tag.size()) {
     const auto append = [this](QStringView part) { forms_.append(part.utf16(), part.size()); };
     forms_.reserve(3 * tagSize_ + 9);

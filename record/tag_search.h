@@ -12,6 +12,9 @@ namespace hotel {
 // QStringView::indexOf does, several times as fast on the long texts of this system.
 qsizetype FindText(QStringView text, QStringView needle, qsizetype from = 0);
 
+// `text` without blanks, CR, LF, TAB and ideographic blanks (U+3000) at both ends.
+QStringView TrimmedWhite(QStringView text);
+
 // The three forms in which a tag stands in a text, without an allocation for tags of usual length.
 class TagMarks {
 public:
