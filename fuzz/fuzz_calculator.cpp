@@ -10,7 +10,7 @@ using namespace hotel;
 using namespace hotel::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const QString text = QString::fromUtf8(QByteArrayView(data, qsizetype(size)));
+    const QString text = QString::fromUtf8(Bytes(data, size));
     try {
         Require(std::isfinite(EvaluateExpression(text)), "a value is finite");
     } catch (const CalcError& fault) {
