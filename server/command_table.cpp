@@ -52,23 +52,23 @@ Answer List(QStringView name, const QStringList& entries) {
 
 // --- Login -------------------------------------------------------------------------------------------
 
-QString DateText(const Desk& desk) {
-    return desk.clock().toString(u"yyyy-MM-dd"_s);
+QString DateText(const CommandContext& context) {
+    return context.clock().toString(u"yyyy-MM-dd"_s);
 }
 
-Answer LogIn(Desk& desk, Session& session, const Request& request) {
+Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) {
     const QString user = NameField(request, u"用户名");
     const QStringView digest = request.field(u"密码");
-    const QString date = DateText(desk);
+    const QString date = DateText(context);
     const LoginVerdict verdict =
-        JudgeLogin(desk.store, desk.productId, user, digest, session.address, date);
+        JudgeLogin(context.store, context.productId, user, digest, speaker.address, date);
     if (verdict == LoginVerdict::Admitted) {
-        session.user = user;
+        speaker.user = user;
         return {u"<SUCCESS>登录成功"_s};
     }
-    const int delay = IsEmptyAttempt(desk.productId, user, digest, date)
+    const int delay = IsEmptyAttempt(context.productId, user, digest, date)
                           ? 0
-                          : desk.failures.delayOfFailure(session.address);
+                          : context.failures.delayOfFailure(speaker.address);
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -79,58 +79,58 @@ Answer LogIn(Desk& desk, Session& session, const Request& request) {
     }
 }
 
-Answer LogOut(Desk&, Session& session, const Request&) {
-    session.user.clear();
+Answer LogOut(CommandContext&, Speaker& speaker, const Request&) {
+    speaker.user.clear();
     return Done();
 }
 
-Answer UserList(Desk& desk, Session&, const Request&) {
+Answer UserList(CommandContext& context, Speaker&, const Request&) {
     QStringList users;
-    desk.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
-                    [&](const QString& name, const QString&) { users += name; });
+    context.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+                       [&](const QString& name, const QString&) { users += name; });
     return List(u"记录清单", users);
 }
 
-Answer UserFileName(Desk&, Session&, const Request&) {
+Answer UserFileName(CommandContext&, Speaker&, const Request&) {
     return {FieldText(u"用户文件名", kUserFile)};
 }
 
-Answer ServerDate(Desk& desk, Session&, const Request&) {
-    return {FieldText(u"当前日期", DateText(desk))};
+Answer ServerDate(CommandContext& context, Speaker&, const Request&) {
+    return {FieldText(u"当前日期", DateText(context))};
 }
 
-Answer ServerTime(Desk& desk, Session&, const Request&) {
-    return {FieldText(u"当前时间", desk.clock().toString(u"HH:mm:ss"_s))};
+Answer ServerTime(CommandContext& context, Speaker&, const Request&) {
+    return {FieldText(u"当前时间", context.clock().toString(u"HH:mm:ss"_s))};
 }
 
 // --- Files -------------------------------------------------------------------------------------------
 
-Answer CreateDatabase(Desk& desk, Session&, const Request& request) {
-    desk.store.createDatabase(FileField(request));
+Answer CreateDatabase(CommandContext& context, Speaker&, const Request& request) {
+    context.store.createDatabase(FileField(request));
     return Done();
 }
 
-Answer DeleteFile(Desk& desk, Session&, const Request& request) {
-    desk.store.removeFile(FileField(request));
+Answer DeleteFile(CommandContext& context, Speaker&, const Request& request) {
+    context.store.removeFile(FileField(request));
     return Done();
 }
 
-Answer RenameFile(Desk& desk, Session&, const Request& request) {
-    desk.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+Answer RenameFile(CommandContext& context, Speaker&, const Request& request) {
+    context.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer CopyFile(Desk& desk, Session&, const Request& request) {
-    desk.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+Answer CopyFile(CommandContext& context, Speaker&, const Request& request) {
+    context.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer FileList(Desk& desk, Session&, const Request& request) {
+Answer FileList(CommandContext& context, Speaker&, const Request& request) {
     const std::optional<StorePath> folder = ParseFolderPath(request.field(u"路径名"));
     if (!folder)
         throw Refusal(refusal::kBadName);
     const QString pattern = NameField(request, u"库文件说明");
-    QStringList files = desk.store.list(*folder).files;
+    QStringList files = context.store.list(*folder).files;
     if (!pattern.isEmpty())
         files.removeIf([&](const QString& name) { return !QDir::match(pattern, name); });
     return List(u"文件清单", files);
@@ -154,33 +154,33 @@ QStringList NumberedFolders(Store& store, QStringView file) {
     return folders;
 }
 
-Answer CheckDatabase(Desk& desk, Session&, const Request& request) {
+Answer CheckDatabase(CommandContext& context, Speaker&, const Request& request) {
     const auto result = [](const QString& text) { return Answer{FieldText(u"检查结果", text)}; };
     const QString missing = u"-1"_s;
     const int code = int(LeadingNumber(request.field(u"功能码")));
     if (code == 2 || code == 3) {
-        const QStringList folders = NumberedFolders(desk.store, request.field(u"库文件名"));
+        const QStringList folders = NumberedFolders(context.store, request.field(u"库文件名"));
         if (folders.isEmpty())
             return result(missing);
         return result(code == 2 ? folders.first() : folders.last());
     }
     const StorePath path = FileField(request);
-    if (desk.store.kind(path) == Store::Kind::Missing)
+    if (context.store.kind(path) == Store::Kind::Missing)
         return result(missing);
     switch (code) {
     case 0:
-        return result(QString::number(desk.store.projects(path).size()));
+        return result(QString::number(context.store.projects(path).size()));
     case 5:
-        return result(desk.store.stamp(path).last(8));
+        return result(context.store.stamp(path).last(8));
     case 6:
-        return result(desk.store.stamp(path));
+        return result(context.store.stamp(path));
     default:
         throw Refusal(u"不认识的功能码"_s);
     }
 }
 
-Answer PrepareData(Desk& desk, Session&, const Request& request) {
-    if (desk.store.kind(FileField(request)) == Store::Kind::Missing)
+Answer PrepareData(CommandContext& context, Speaker&, const Request& request) {
+    if (context.store.kind(FileField(request)) == Store::Kind::Missing)
         throw Refusal(refusal::kNoFile);
     return Done();
 }
@@ -192,7 +192,7 @@ QString HexSum(const QByteArray& content) {
     return QString::number(sum, 16).toUpper();
 }
 
-Answer Upload(Desk& desk, Session&, const Request& request) {
+Answer Upload(CommandContext& context, Speaker&, const Request& request) {
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
@@ -203,12 +203,12 @@ Answer Upload(Desk& desk, Session&, const Request& request) {
     const quint32 sum = request.field(u"文件校验和").trimmed().toUInt(&isNumber, 16);
     if (!isNumber || QString::number(sum, 16).toUpper() != HexSum(content))
         throw Refusal(u"文件校验和不符"_s);
-    desk.store.writeUpload(path, content);
+    context.store.writeUpload(path, content);
     return Done();
 }
 
-Answer Download(Desk& desk, Session&, const Request& request) {
-    const std::optional<QByteArray> content = desk.store.upload(FileField(request, u"文件名"));
+Answer Download(CommandContext& context, Speaker&, const Request& request) {
+    const std::optional<QByteArray> content = context.store.upload(FileField(request, u"文件名"));
     if (!content)
         throw Refusal(refusal::kNoFile);
     return {FieldText(u"文件内容", QString::fromLatin1(content->toHex().toUpper())) % kCrLf %
@@ -218,20 +218,20 @@ Answer Download(Desk& desk, Session&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
-Answer ProjectList(Desk& desk, Session&, const Request& request) {
-    return List(u"项目清单", desk.store.projects(FileField(request)));
+Answer ProjectList(CommandContext& context, Speaker&, const Request& request) {
+    return List(u"项目清单", context.store.projects(FileField(request)));
 }
 
-Answer CreateProject(Desk& desk, Session&, const Request& request) {
+Answer CreateProject(CommandContext& context, Speaker&, const Request& request) {
     const StorePath path = FileField(request);
     const QString project = NewNameField(request, u"项目名");
-    if (!desk.store.hasProject(path, project))
-        desk.store.writeProject(path, project, request.field(u"初始值"));
+    if (!context.store.hasProject(path, project))
+        context.store.writeProject(path, project, request.field(u"初始值"));
     return Done();
 }
 
-Answer DeleteProject(Desk& desk, Session&, const Request& request) {
-    desk.store.removeProject(FileField(request), NameField(request, u"项目名"));
+Answer DeleteProject(CommandContext& context, Speaker&, const Request& request) {
+    context.store.removeProject(FileField(request), NameField(request, u"项目名"));
     return Done();
 }
 
@@ -272,9 +272,9 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
 
-Answer ReadRecord(Desk& desk, Session&, const Request& request) {
+Answer ReadRecord(CommandContext& context, Speaker&, const Request& request) {
     const RecordKey key(request);
-    const std::optional<QString> value = Read(desk.store, key);
+    const std::optional<QString> value = Read(context.store, key);
     if (!value)
         throw Refusal(refusal::kNoRecord);
     return {FieldText(key.record, *value)};
@@ -282,12 +282,12 @@ Answer ReadRecord(Desk& desk, Session&, const Request& request) {
 
 // The record and, up to a bound, those behind it. A following record is left out, with all behind it,
 // when its tags stand in the block already: the reader of the block would find the wrong text.
-Answer ReadBuffered(Desk& desk, Session& session, const Request& request) {
+Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& request) {
     const RecordKey key(request);
     const QList<NamedText> records =
-        desk.store.readBlock(key.path, key.project, key.record, kBlockRecords);
+        context.store.readBlock(key.path, key.project, key.record, kBlockRecords);
     if (records.isEmpty())
-        return ReadRecord(desk, session, request);
+        return ReadRecord(context, speaker, request);
     QString block = FieldText(records.first().name, records.first().text);
     for (const NamedText& record : records.sliced(1)) {
         const bool hidden =
@@ -299,51 +299,51 @@ Answer ReadBuffered(Desk& desk, Session& session, const Request& request) {
     return {block};
 }
 
-Answer ModifyRecord(Desk& desk, Session&, const Request& request) {
-    Write(desk.store, RecordKey(request), request);
+Answer ModifyRecord(CommandContext& context, Speaker&, const Request& request) {
+    Write(context.store, RecordKey(request), request);
     return Done();
 }
 
-Answer CreateRecord(Desk& desk, Session&, const Request& request) {
+Answer CreateRecord(CommandContext& context, Speaker&, const Request& request) {
     const RecordKey key(request);
-    if (Exists(desk.store, key))
+    if (Exists(context.store, key))
         throw Refusal(refusal::kRecordExists);
-    Write(desk.store, key, request);
+    Write(context.store, key, request);
     return Done();
 }
 
-Answer ReplaceRecord(Desk& desk, Session&, const Request& request) {
+Answer ReplaceRecord(CommandContext& context, Speaker&, const Request& request) {
     const RecordKey key(request);
-    if (!Exists(desk.store, key))
+    if (!Exists(context.store, key))
         throw Refusal(refusal::kNoRecord);
-    Write(desk.store, key, request);
+    Write(context.store, key, request);
     return Done();
 }
 
-Answer DeleteRecord(Desk& desk, Session&, const Request& request) {
+Answer DeleteRecord(CommandContext& context, Speaker&, const Request& request) {
     const RecordKey key(request);
-    desk.store.remove(key.path, key.project, key.record);
+    context.store.remove(key.path, key.project, key.record);
     return Done();
 }
 
-Answer RecordList(Desk& desk, Session&, const Request& request) {
+Answer RecordList(CommandContext& context, Speaker&, const Request& request) {
     QStringList names;
-    desk.store.walk(FileField(request), NameField(request, u"项目名"), false,
-                    [&](const QString& name, const QString&) { names += name; });
+    context.store.walk(FileField(request), NameField(request, u"项目名"), false,
+                       [&](const QString& name, const QString&) { names += name; });
     return List(u"记录清单", names);
 }
 
-Answer FindRecords(Desk& desk, Session&, const Request& request) {
+Answer FindRecords(CommandContext& context, Speaker&, const Request& request) {
     const Keywords keywords{SplitKeywords(request.field(u"记录必选项")),
                             SplitKeywords(request.field(u"记录任选项")),
                             SplitKeywords(request.field(u"记录排除项"))};
-    return List(u"记录清单", FindByKeywords(desk.store, FileField(request),
+    return List(u"记录清单", FindByKeywords(context.store, FileField(request),
                                             NameField(request, u"项目名"), keywords));
 }
 
-Answer FindFields(Desk& desk, Session&, const Request& request) {
+Answer FindFields(CommandContext& context, Speaker&, const Request& request) {
     return List(u"记录清单",
-                FindByConditions(desk.store, FileField(request), NameField(request, u"项目名"),
+                FindByConditions(context.store, FileField(request), NameField(request, u"项目名"),
                                  request.field(u"记录查询条件")));
 }
 
@@ -391,17 +391,17 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-Answer AnswerRequest(Desk& desk, Session& session, const Request& request) {
+Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request) {
     const Command* command = FindCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
-    if (session.user.isEmpty() && !beforeLogin)
+    if (speaker.user.isEmpty() && !beforeLogin)
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
     if (command->flags & kWrites)
-        desk.store.begin();
+        context.store.begin();
     try {
-        return command->handler(desk, session, request);
+        return command->handler(context, speaker, request);
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }

@@ -15,13 +15,13 @@
 namespace hotel {
 
 // Who speaks on a connection.
-struct Session {
+struct Speaker {
     QHostAddress address;
     QString user; // empty: not logged in
 };
 
 // What all commands work on.
-struct Desk {
+struct CommandContext {
     Store& store;
     FailureLimit& failures;
     QString productId;                // enters the login digest
@@ -33,7 +33,8 @@ struct Answer {
     int delay = 0; // milliseconds by which it is to be held back
 };
 
-using CommandHandler = Answer (*)(Desk& desk, Session& session, const Request& request);
+using CommandHandler = Answer (*)(CommandContext& context, Speaker& speaker,
+                                  const Request& request);
 
 enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
@@ -52,7 +53,7 @@ const Command* FindCommand(QStringView name);
 // Answers a request; begins a transaction when the command writes, and leaves the commit to the caller.
 // A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when the store
 // fails.
-Answer AnswerRequest(Desk& desk, Session& session, const Request& request);
+Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request);
 
 // `<ERROR>words</ERROR>`
 QString ErrorText(const QString& words);

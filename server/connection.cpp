@@ -24,7 +24,7 @@ void BlankControls(QByteArray& bytes) {
 
 Connection::Connection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent)
     : QObject(parent), socket_(socket), unsentLimit_(unsentLimit) {
-    session.address = socket->peerAddress();
+    speaker.address = socket->peerAddress();
     socket_->setParent(this);
     socket_->setReadBufferSize(kReadAhead);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);

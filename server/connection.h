@@ -21,7 +21,7 @@ public:
     // Takes over `socket`. While more than `unsentLimit` bytes wait to be sent, no request is taken.
     Connection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
 
-    Session session;
+    Speaker speaker;
 
     // The next request that is to be answered now; nothing when there is none, or when the client has to
     // take answers first.

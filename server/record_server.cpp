@@ -21,8 +21,9 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 
 RecordServer::RecordServer(ServerSettings settings)
     : settings_(std::move(settings)),
-      store_(settings_.dataFolder, Store::Use::Serve), desk_{store_, failures_, settings_.productId,
-                                                             settings_.clock} {
+      store_(settings_.dataFolder, Store::Use::Serve), context_{store_, failures_,
+                                                                settings_.productId,
+                                                                settings_.clock} {
     connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
     connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
     listener_.setListenBacklogSize(kListenBacklog);
@@ -92,7 +93,7 @@ void RecordServer::takeRequests(Turn& turn) {
         }
         turn.exchanges.push_back({connection, std::move(*request), {}});
         Exchange& exchange = turn.exchanges.back();
-        exchange.answer = AnswerRequest(desk_, connection->session, exchange.request);
+        exchange.answer = AnswerRequest(context_, connection->speaker, exchange.request);
         if (exchange.answer.delay == 0)
             enqueue(connection);
     }
@@ -101,7 +102,8 @@ void RecordServer::takeRequests(Turn& turn) {
 void RecordServer::answerEachAlone(Turn& turn) {
     for (Exchange& exchange : turn.exchanges) {
         try {
-            exchange.answer = AnswerRequest(desk_, exchange.connection->session, exchange.request);
+            exchange.answer =
+                AnswerRequest(context_, exchange.connection->speaker, exchange.request);
             store_.commit();
         } catch (const StoreError& error) {
             store_.rollback();

@@ -77,7 +77,7 @@ private:
     ServerSettings settings_;
     Store store_;
     FailureLimit failures_;
-    Desk desk_;
+    CommandContext context_;
     QTcpServer listener_;
     QTimer stallTimer_;
     std::deque<Connection*> queue_; // connections that may have a request
