@@ -39,11 +39,11 @@ QString NewNameField(const Request& request, QStringView field) {
     return *name;
 }
 
-Answer Done() {
+CommandAnswer Done() {
     return {u"<SUCCESS>"_s};
 }
 
-Answer List(QStringView name, const QStringList& entries) {
+CommandAnswer List(QStringView name, const QStringList& entries) {
     QString text = u'<' % name % u'>' % kCrLf;
     for (const QString& entry : entries)
         text += entry % kCrLf;
@@ -52,6 +52,7 @@ Answer List(QStringView name, const QStringList& entries) {
 
 // --- Login -------------------------------------------------------------------------------------------
 
+<<<<<<< HEAD
 QString DateText(const CommandContext& context) {
     return context.clock().toString(u"yyyy-MM-dd"_s);
 }
@@ -69,6 +70,25 @@ Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) 
     const int delay = IsEmptyAttempt(context.productId, user, digest, date)
                           ? 0
                           : context.failures.delayOfFailure(speaker.address);
+=======
+QString DateText(const ServerState& server) {
+    return server.clock().toString(u"yyyy-MM-dd"_s);
+}
+
+CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
+    const QString user = NameField(request, u"用户名");
+    const QStringView digest = request.field(u"密码");
+    const QString date = DateText(server);
+    const LoginVerdict verdict =
+        JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
+    if (verdict == LoginVerdict::Admitted) {
+        peer.user = user;
+        return {u"<SUCCESS>登录成功"_s};
+    }
+    const int delay = IsEmptyAttempt(server.productId, user, digest, date)
+                          ? 0
+                          : server.failures.delayOfFailure(peer.address);
+>>>>>>> server
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -79,6 +99,7 @@ Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) 
     }
 }
 
+<<<<<<< HEAD
 Answer LogOut(CommandContext&, Speaker& speaker, const Request&) {
     speaker.user.clear();
     return Done();
@@ -101,10 +122,35 @@ Answer ServerDate(CommandContext& context, Speaker&, const Request&) {
 
 Answer ServerTime(CommandContext& context, Speaker&, const Request&) {
     return {FieldText(u"当前时间", context.clock().toString(u"HH:mm:ss"_s))};
+=======
+CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
+    peer.user.clear();
+    return Done();
+}
+
+CommandAnswer UserList(ServerState& server, Peer&, const Request&) {
+    QStringList users;
+    server.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+                      [&](const QString& name, const QString&) { users += name; });
+    return List(u"记录清单", users);
+}
+
+CommandAnswer UserFileName(ServerState&, Peer&, const Request&) {
+    return {FieldText(u"用户文件名", kUserFile)};
+}
+
+CommandAnswer ServerDate(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前日期", DateText(server))};
+}
+
+CommandAnswer ServerTime(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前时间", server.clock().toString(u"HH:mm:ss"_s))};
+>>>>>>> server
 }
 
 // --- Files -------------------------------------------------------------------------------------------
 
+<<<<<<< HEAD
 Answer CreateDatabase(CommandContext& context, Speaker&, const Request& request) {
     context.store.createDatabase(FileField(request));
     return Done();
@@ -126,11 +172,38 @@ Answer CopyFile(CommandContext& context, Speaker&, const Request& request) {
 }
 
 Answer FileList(CommandContext& context, Speaker&, const Request& request) {
+=======
+CommandAnswer CreateDatabase(ServerState& server, Peer&, const Request& request) {
+    server.store.createDatabase(FileField(request));
+    return Done();
+}
+
+CommandAnswer DeleteFile(ServerState& server, Peer&, const Request& request) {
+    server.store.removeFile(FileField(request));
+    return Done();
+}
+
+CommandAnswer RenameFile(ServerState& server, Peer&, const Request& request) {
+    server.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+    return Done();
+}
+
+CommandAnswer CopyFile(ServerState& server, Peer&, const Request& request) {
+    server.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+    return Done();
+}
+
+CommandAnswer FileList(ServerState& server, Peer&, const Request& request) {
+>>>>>>> server
     const std::optional<StorePath> folder = ParseFolderPath(request.field(u"路径名"));
     if (!folder)
         throw Refusal(refusal::kBadName);
     const QString pattern = NameField(request, u"库文件说明");
+<<<<<<< HEAD
     QStringList files = context.store.list(*folder).files;
+=======
+    QStringList files = server.store.list(*folder).files;
+>>>>>>> server
     if (!pattern.isEmpty())
         files.removeIf([&](const QString& name) { return !QDir::match(pattern, name); });
     return List(u"文件清单", files);
@@ -154,17 +227,29 @@ QStringList NumberedFolders(Store& store, QStringView file) {
     return folders;
 }
 
+<<<<<<< HEAD
 Answer CheckDatabase(CommandContext& context, Speaker&, const Request& request) {
     const auto result = [](const QString& text) { return Answer{FieldText(u"检查结果", text)}; };
     const QString missing = u"-1"_s;
     const int code = int(LeadingNumber(request.field(u"功能码")));
     if (code == 2 || code == 3) {
         const QStringList folders = NumberedFolders(context.store, request.field(u"库文件名"));
+=======
+CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) {
+    const auto result = [](const QString& text) {
+        return CommandAnswer{FieldText(u"检查结果", text)};
+    };
+    const QString missing = u"-1"_s;
+    const int code = int(LeadingNumber(request.field(u"功能码")));
+    if (code == 2 || code == 3) {
+        const QStringList folders = NumberedFolders(server.store, request.field(u"库文件名"));
+>>>>>>> server
         if (folders.isEmpty())
             return result(missing);
         return result(code == 2 ? folders.first() : folders.last());
     }
     const StorePath path = FileField(request);
+<<<<<<< HEAD
     if (context.store.kind(path) == Store::Kind::Missing)
         return result(missing);
     switch (code) {
@@ -174,13 +259,29 @@ Answer CheckDatabase(CommandContext& context, Speaker&, const Request& request) 
         return result(context.store.stamp(path).last(8));
     case 6:
         return result(context.store.stamp(path));
+=======
+    if (server.store.kind(path) == Store::Kind::Missing)
+        return result(missing);
+    switch (code) {
+    case 0:
+        return result(QString::number(server.store.projects(path).size()));
+    case 5:
+        return result(server.store.stamp(path).last(8));
+    case 6:
+        return result(server.store.stamp(path));
+>>>>>>> server
     default:
         throw Refusal(u"不认识的功能码"_s);
     }
 }
 
+<<<<<<< HEAD
 Answer PrepareData(CommandContext& context, Speaker&, const Request& request) {
     if (context.store.kind(FileField(request)) == Store::Kind::Missing)
+=======
+CommandAnswer PrepareData(ServerState& server, Peer&, const Request& request) {
+    if (server.store.kind(FileField(request)) == Store::Kind::Missing)
+>>>>>>> server
         throw Refusal(refusal::kNoFile);
     return Done();
 }
@@ -192,7 +293,11 @@ QString HexSum(const QByteArray& content) {
     return QString::number(sum, 16).toUpper();
 }
 
+<<<<<<< HEAD
 Answer Upload(CommandContext& context, Speaker&, const Request& request) {
+=======
+CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
+>>>>>>> server
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
@@ -203,12 +308,21 @@ Answer Upload(CommandContext& context, Speaker&, const Request& request) {
     const quint32 sum = request.field(u"文件校验和").trimmed().toUInt(&isNumber, 16);
     if (!isNumber || QString::number(sum, 16).toUpper() != HexSum(content))
         throw Refusal(u"文件校验和不符"_s);
+<<<<<<< HEAD
     context.store.writeUpload(path, content);
     return Done();
 }
 
 Answer Download(CommandContext& context, Speaker&, const Request& request) {
     const std::optional<QByteArray> content = context.store.upload(FileField(request, u"文件名"));
+=======
+    server.store.writeUpload(path, content);
+    return Done();
+}
+
+CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
+    const std::optional<QByteArray> content = server.store.upload(FileField(request, u"文件名"));
+>>>>>>> server
     if (!content)
         throw Refusal(refusal::kNoFile);
     return {FieldText(u"文件内容", QString::fromLatin1(content->toHex().toUpper())) % kCrLf %
@@ -218,6 +332,7 @@ Answer Download(CommandContext& context, Speaker&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
+<<<<<<< HEAD
 Answer ProjectList(CommandContext& context, Speaker&, const Request& request) {
     return List(u"项目清单", context.store.projects(FileField(request)));
 }
@@ -232,13 +347,29 @@ Answer CreateProject(CommandContext& context, Speaker&, const Request& request) 
 
 Answer DeleteProject(CommandContext& context, Speaker&, const Request& request) {
     context.store.removeProject(FileField(request), NameField(request, u"项目名"));
+=======
+CommandAnswer ProjectList(ServerState& server, Peer&, const Request& request) {
+    return List(u"项目清单", server.store.projects(FileField(request)));
+}
+
+CommandAnswer CreateProject(ServerState& server, Peer&, const Request& request) {
+    const StorePath path = FileField(request);
+    const QString project = NewNameField(request, u"项目名");
+    if (!server.store.hasProject(path, project))
+        server.store.writeProject(path, project, request.field(u"初始值"));
+    return Done();
+}
+
+CommandAnswer DeleteProject(ServerState& server, Peer&, const Request& request) {
+    server.store.removeProject(FileField(request), NameField(request, u"项目名"));
+>>>>>>> server
     return Done();
 }
 
 // --- Records -----------------------------------------------------------------------------------------
 
-// A record as a request names it. With an empty project name the record's name is that of a project,
-// which is meant as a whole.
+// A record as a request names it. With an empty project name the record's name is that of a
+// project, which is meant as a whole.
 struct RecordKey {
     StorePath path;
     QString project;
@@ -272,14 +403,21 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
 
+<<<<<<< HEAD
 Answer ReadRecord(CommandContext& context, Speaker&, const Request& request) {
     const RecordKey key(request);
     const std::optional<QString> value = Read(context.store, key);
+=======
+CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
+    const RecordKey key(request);
+    const std::optional<QString> value = Read(server.store, key);
+>>>>>>> server
     if (!value)
         throw Refusal(refusal::kNoRecord);
     return {FieldText(key.record, *value)};
 }
 
+<<<<<<< HEAD
 // The record and, up to a bound, those behind it. A following record is left out, with all behind it,
 // when its tags stand in the block already: the reader of the block would find the wrong text.
 Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& request) {
@@ -288,6 +426,16 @@ Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& re
         context.store.readBlock(key.path, key.project, key.record, kBlockRecords);
     if (records.isEmpty())
         return ReadRecord(context, speaker, request);
+=======
+// The record and, up to a bound, those behind it. A following record is left out, with all behind
+// it, when its tags stand in the block already: the reader of the block would find the wrong text.
+CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
+    const RecordKey key(request);
+    const QList<NamedText> records =
+        server.store.readBlock(key.path, key.project, key.record, kBlockRecords);
+    if (records.isEmpty())
+        return ReadRecord(server, peer, request);
+>>>>>>> server
     QString block = FieldText(records.first().name, records.first().text);
     for (const NamedText& record : records.sliced(1)) {
         const bool hidden =
@@ -299,6 +447,7 @@ Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& re
     return {block};
 }
 
+<<<<<<< HEAD
 Answer ModifyRecord(CommandContext& context, Speaker&, const Request& request) {
     Write(context.store, RecordKey(request), request);
     return Done();
@@ -344,12 +493,59 @@ Answer FindRecords(CommandContext& context, Speaker&, const Request& request) {
 Answer FindFields(CommandContext& context, Speaker&, const Request& request) {
     return List(u"记录清单",
                 FindByConditions(context.store, FileField(request), NameField(request, u"项目名"),
+=======
+CommandAnswer ModifyRecord(ServerState& server, Peer&, const Request& request) {
+    Write(server.store, RecordKey(request), request);
+    return Done();
+}
+
+CommandAnswer CreateRecord(ServerState& server, Peer&, const Request& request) {
+    const RecordKey key(request);
+    if (Exists(server.store, key))
+        throw Refusal(refusal::kRecordExists);
+    Write(server.store, key, request);
+    return Done();
+}
+
+CommandAnswer ReplaceRecord(ServerState& server, Peer&, const Request& request) {
+    const RecordKey key(request);
+    if (!Exists(server.store, key))
+        throw Refusal(refusal::kNoRecord);
+    Write(server.store, key, request);
+    return Done();
+}
+
+CommandAnswer DeleteRecord(ServerState& server, Peer&, const Request& request) {
+    const RecordKey key(request);
+    server.store.remove(key.path, key.project, key.record);
+    return Done();
+}
+
+CommandAnswer RecordList(ServerState& server, Peer&, const Request& request) {
+    QStringList names;
+    server.store.walk(FileField(request), NameField(request, u"项目名"), false,
+                      [&](const QString& name, const QString&) { names += name; });
+    return List(u"记录清单", names);
+}
+
+CommandAnswer FindRecords(ServerState& server, Peer&, const Request& request) {
+    const Keywords keywords{SplitKeywords(request.field(u"记录必选项")),
+                            SplitKeywords(request.field(u"记录任选项")),
+                            SplitKeywords(request.field(u"记录排除项"))};
+    return List(u"记录清单", FindByKeywords(server.store, FileField(request),
+                                            NameField(request, u"项目名"), keywords));
+}
+
+CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
+    return List(u"记录清单",
+                FindByConditions(server.store, FileField(request), NameField(request, u"项目名"),
+>>>>>>> server
                                  request.field(u"记录查询条件")));
 }
 
 // --- The table ---------------------------------------------------------------------------------------
 
-constexpr Command kCommands[] = {
+constexpr ServerCommand kCommands[] = {
     {u"登录", kBeforeLogin, LogIn},
     {u"注销", 0, LogOut},
     {u"用户清单", kBeforeLogin, UserList},
@@ -381,9 +577,9 @@ constexpr Command kCommands[] = {
 
 } // namespace
 
-const Command* FindCommand(QStringView name) {
+const ServerCommand* FindServerCommand(QStringView name) {
     const auto command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                      [&](const Command& c) { return c.name == name; });
+                                      [&](const ServerCommand& c) { return c.name == name; });
     return command == std::end(kCommands) ? nullptr : command;
 }
 
@@ -391,17 +587,30 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
+<<<<<<< HEAD
 Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request) {
     const Command* command = FindCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
     if (speaker.user.isEmpty() && !beforeLogin)
+=======
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
+    const bool beforeLogin = command && (command->flags & kBeforeLogin);
+    if (peer.user.isEmpty() && !beforeLogin)
+>>>>>>> server
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
     if (command->flags & kWrites)
+<<<<<<< HEAD
         context.store.begin();
     try {
         return command->handler(context, speaker, request);
+=======
+        server.store.begin();
+    try {
+        return command->handler(server, peer, request);
+>>>>>>> server
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }

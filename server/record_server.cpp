@@ -21,9 +21,15 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 
 RecordServer::RecordServer(ServerSettings settings)
     : settings_(std::move(settings)),
+<<<<<<< HEAD
       store_(settings_.dataFolder, Store::Use::Serve), context_{store_, failures_,
                                                                 settings_.productId,
                                                                 settings_.clock} {
+=======
+      store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
+                                                              settings_.productId,
+                                                              settings_.clock} {
+>>>>>>> server
     connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
     connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
     listener_.setListenBacklogSize(kListenBacklog);
@@ -38,8 +44,8 @@ RecordServer::~RecordServer() = default;
 
 void RecordServer::listener_newConnection() {
     while (QTcpSocket* socket = listener_.nextPendingConnection()) {
-        auto* connection = new Connection(socket, settings_.unsentLimit, this);
-        connect(connection, &Connection::ready, this, &RecordServer::enqueue);
+        auto* connection = new ClientConnection(socket, settings_.unsentLimit, this);
+        connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
         enqueue(connection);
     }
 }
@@ -49,7 +55,7 @@ void RecordServer::listener_acceptError() {
     QTimer::singleShot(kAcceptPause, this, [this] { listener_.resumeAccepting(); });
 }
 
-void RecordServer::enqueue(Connection* connection) {
+void RecordServer::enqueue(ClientConnection* connection) {
     if (!std::exchange(connection->queued, true))
         queue_.push_back(connection);
     postTurn();
@@ -83,7 +89,7 @@ void RecordServer::takeRequests(Turn& turn) {
     spent.start();
     while (!queue_.empty() && turn.exchanges.size() < kTurnRequests &&
            !spent.hasExpired(kTurnTime)) {
-        Connection* connection = queue_.front();
+        ClientConnection* connection = queue_.front();
         queue_.pop_front();
         connection->queued = false;
         std::optional<Request> request = connection->next();
@@ -93,7 +99,11 @@ void RecordServer::takeRequests(Turn& turn) {
         }
         turn.exchanges.push_back({connection, std::move(*request), {}});
         Exchange& exchange = turn.exchanges.back();
+<<<<<<< HEAD
         exchange.answer = AnswerRequest(context_, connection->speaker, exchange.request);
+=======
+        exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
+>>>>>>> server
         if (exchange.answer.delay == 0)
             enqueue(connection);
     }
@@ -102,8 +112,12 @@ void RecordServer::takeRequests(Turn& turn) {
 void RecordServer::answerEachAlone(Turn& turn) {
     for (Exchange& exchange : turn.exchanges) {
         try {
+<<<<<<< HEAD
             exchange.answer =
                 AnswerRequest(context_, exchange.connection->speaker, exchange.request);
+=======
+            exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
+>>>>>>> server
             store_.commit();
         } catch (const StoreError& error) {
             store_.rollback();
@@ -121,7 +135,7 @@ void RecordServer::sendAnswers(const Turn& turn) {
 }
 
 void RecordServer::letGo(const Turn& turn) {
-    for (Connection* connection : turn.drained) {
+    for (ClientConnection* connection : turn.drained) {
         if (connection->queued)
             continue;
         if (connection->gone()) {
@@ -133,25 +147,25 @@ void RecordServer::letGo(const Turn& turn) {
     }
 }
 
-QList<Connection*> RecordServer::connections() const {
-    return findChildren<Connection*>(QString(), Qt::FindDirectChildrenOnly);
+QList<ClientConnection*> RecordServer::connections() const {
+    return findChildren<ClientConnection*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 void RecordServer::dropStalled() {
-    for (Connection* connection : connections())
+    for (ClientConnection* connection : connections())
         connection->dropIfStalled(settings_.stallLimit);
 }
 
 void RecordServer::finish() {
     listener_.close();
-    for (Connection* connection : connections()) {
+    for (ClientConnection* connection : connections()) {
         connection->readArrived();
         enqueue(connection);
     }
     while (!queue_.empty())
         takeTurn();
     const QDeadlineTimer deadline(kLastSending);
-    for (Connection* connection : connections())
+    for (ClientConnection* connection : connections())
         connection->finishSending(int(deadline.remainingTime()));
 }
 
