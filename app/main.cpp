@@ -6,7 +6,9 @@
 // it is Hotel.Cfg beside the program.
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    hotel::Workstation workstation(application);
+    hotel::Workstation workstation(
+        application, hotel::ConfigurationPath(QCoreApplication::arguments(),
+                                              QCoreApplication::applicationDirPath()));
     workstation.start();
     return QApplication::exec();
 }

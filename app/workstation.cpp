@@ -9,9 +9,8 @@
 
 namespace hotel {
 
-Workstation::Workstation(QApplication& application)
-    : configuration_(ReadConfiguration(ConfigurationPath(
-          QCoreApplication::arguments(), QCoreApplication::applicationDirPath()))) {
+Workstation::Workstation(QApplication& application, const QString& configuration)
+    : configuration_(ReadConfiguration(configuration)) {
     application.setQuitOnLastWindowClosed(false);
     ApplyTheme(application);
     SetLink(&link_);

@@ -15,8 +15,8 @@ namespace hotel {
 
 class Workstation {
 public:
-    // Reads the configuration that the command line names.
-    explicit Workstation(QApplication& application);
+    // `configuration` is the path of the configuration file; it need not exist.
+    Workstation(QApplication& application, const QString& configuration);
     ~Workstation();
 
     // Shows the login screen and connects to the server.

@@ -20,8 +20,8 @@
 //     be sent ends in the same way at once, behind its message.
 
 #include <memory>
+#include <optional>
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -34,6 +34,7 @@
 
 namespace hotel {
 
+class CommandTime;
 struct ServerMemos; // the memos and caches of serv_api, one set a link
 
 // The link state that a socket error leaves: "0" for a number below 10001, else "-1". All numbers
@@ -62,8 +63,8 @@ public:
     explicit Wck_comm(QObject* parent = nullptr);
     ~Wck_comm() override;
 
-    // The words' way to the user; without one they are only logged. A message that arriving bytes
-    // give rise to is delivered from the event loop, so it may wait for the user.
+    // The words' way to the user; without one nothing is shown. A message that arriving bytes give
+    // rise to comes from the event loop, so it may wait for the user.
     void setMessage(LinkMessage message);
 
     // Fills localIP and HardMacNo and starts the idle timer. Once, at the start of the program.
@@ -135,23 +136,28 @@ private:
     void socket_Close();
     void socket_Error(QAbstractSocket::SocketError error);
     void socket_DataArrival();
-    void socket_BytesWritten();
+    void socket_SendProgress();
 
-    void setLinkState(const QString& state);
-    void startConnecting();
+    // Opening
+    void startConnecting(const QString& state, const QString& words, const QString& address,
+                         const QString& port);
+    void linkIsUp();
     bool openLink();
     void WaitLinkUp(int start);
     bool attemptFailed() const;
-    void sleepOnSocket(int milliseconds);
-    void sleepInEventLoop();
-    QString waitForAnswer(int number);
-    bool answerCanCome(quint64 connection) const;
-
-    void sendBytes(const QByteArray& bytes);
     void takeMethodReply(const QByteArray& reply);
     void takeConnectReply(const QByteArray& reply);
     void refuseProxy(const QString& words);
-    void tellUser(const QString& words, const QString& title);
+
+    // Waiting
+    QString waitForAnswer(int number, quint64 connection, const CommandTime& time);
+    void sleepOnSocket();
+    void sleepInEventLoop();
+
+    void sendBytes(const QByteArray& bytes);
+    void takeText(const QByteArray& bytes);
+    void setLinkState(const QString& state);
+    QString peer() const;
     void TraceAppend(QString& trace, const QString& text);
 
     QTcpSocket socket_;
@@ -162,8 +168,7 @@ private:
     QString linkState_;
     quint64 connection_ = 0; // counts the times that the link came up
     int commandCounter_ = 0;
-    int idleSeconds_ = 0;
-    bool idleCounting_ = false; // an empty counter is not the same as 0
+    std::optional<int> idleSeconds_; // empty is not the same as 0: it ends a wait for a connection
 
     WireDecoder decoder_;
     ResponseRing ring_;

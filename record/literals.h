@@ -9,4 +9,13 @@ using namespace Qt::Literals::StringLiterals;
 
 inline constexpr QLatin1StringView kCrLf{"\r\n"};
 
+// Tags and table words are views; the toolkit joins views only with its own string builder.
+inline QString operator+(QString text, QStringView more) {
+    text.append(more);
+    return text;
+}
+inline QString operator+(QStringView text, const QString& more) {
+    return text.toString().append(more);
+}
+
 } // namespace hotel

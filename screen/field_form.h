@@ -51,7 +51,7 @@ struct FormField {
 };
 
 // How a category's entries are read. Set once, by the program; called when a drop-down is first
-// entered or opened. It may wait on the server.
+// opened or searched by letters, as a handler of its screen. It may wait on the server.
 void SetCategoryLoader(std::function<QStringList(QStringView category)> loader);
 
 // Whether letters typed in a drop-down mean an entry (by its pinyin initials, say). At the start:
@@ -80,7 +80,6 @@ public:
     Widget* editor(QStringView control) const {
         return qobject_cast<Widget*>(editor(control));
     }
-    QWidget* label(QStringView control) const;
 
     // The value as the record would carry it: normalised, whatever was typed.
     QString text(QStringView control) const;
@@ -113,15 +112,12 @@ protected:
 private:
     const FormField& field(QStringView control) const;
     QWidget* makeEditor(const FormField& field);
-    void normalise(const FormField& field);
-    void fillOnce(QStringView control);
-    bool selectByLetters(QStringView control, const QString& letters);
+    QString typedText(QStringView control) const;
+    void leave(const FormField& field);
 
     QList<FormField> fields_;
-    QHash<QString, QWidget*> editors_;
-    QHash<QString, QWidget*> labels_;
-    QString letters_; // typed in a drop-down within the last moment
-    qint64 lettersAt_ = 0;
+    QHash<QString, QWidget*> editors_; // by control
+    bool quiet_ = false;               // a value is being set, not typed
 };
 
 } // namespace hotel

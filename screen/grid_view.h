@@ -19,7 +19,6 @@
 // begins so.
 
 #include <QColor>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
 #include <QTableView>
@@ -73,6 +72,9 @@ public:
     // if the table still has it.
     void refresh();
 
+    // The cells of one row were changed and nothing else.
+    void rowChanged(int row);
+
     // Rows were appended and nothing else was changed: cheap enough to be called for each row of a
     // long load.
     void rowsAdded();
@@ -115,11 +117,11 @@ public:
     // A click on a header sorts by that column (once more: descending) and shows an arrow. Off at
     // the start: many lists must keep the order of their file.
     void setSortable(bool on);
-    // Sorts: numbers as numbers. The current row stays with its record.
+    // Sorts: numbers as numbers. Current cell and selection stay with their records.
     void sortBy(int column, bool descending = false);
     // The column that holds the running number of the row; renewed by sorting and moving.
     void setNumberColumn(int column, const QString& format = u"#0"_s);
-    // Rows can be dragged to another place, or moved with Ctrl+Up and Ctrl+Down.
+    // Rows can be dragged to another place, or moved with Ctrl+Up and Ctrl+Down, one at a time.
     void setRowsMovable(bool on);
 
     // --- typing into cells ---
@@ -136,13 +138,18 @@ public:
     // first editable column of the next row, and in the last row it stays.
     void setEnterMove(std::function<GridCell(GridCell)> move);
 
+    // What the input method is composing for the current cell.
+    QString preedit() const { return preedit_; }
+
     // Trims and reformats the cell that is being typed into, as leaving it would.
     void finishCell();
 
 Q_SIGNALS:
-    void rowClicked(int row, int column);
-    void rowDoubleClicked(int row, int column);
-    void rowActivated(int row, int column); // Enter, in a grid that is not typed into
+    void rowClicked(int row, int column); // a click, or the space bar
+    // Enter (in a grid that is not typed into) or a double click: connect this for what a double
+    // click does, so that the keyboard does it too.
+    void rowActivated(int row, int column);
+    void rowDoubleClicked(int row, int column); // where Enter must not do the same
     void headerClicked(int column);
     void currentMoved(int row, int column); // row 0 when there is none any more
     void selectionMoved();
@@ -154,26 +161,38 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
-    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void keyboardSearch(const QString& text) override;
 
 private:
+    void sortByHeader(int column);
+    void renumber();
+    void moveRow(int to); // the current row
+    void clearSortMark();
+
+    bool typeKey(QKeyEvent* event);
+    void typeText(const QString& text);
+    void writeCell(const QString& text);
+    void moveByEnter();
+    GridCell nextEditable(GridCell from) const;
+
     GridModel* model_;
+    QTimer* showAdded_;
+    int numberColumn_ = -1;
+    QString numberFormat_;
+    bool sortable_ = false;
+    int sortedColumn_ = -1;
+    bool sortedDescending_ = false;
+    bool rowsMovable_ = false;
+
     QHash<int, CellEditing> editing_;
     std::function<GridCell(GridCell)> enterMove_;
     GridCell typed_; // the cell being typed into; row 0: none
+    QString preedit_;
     bool modified_ = false;
-    bool sortable_ = false;
-    bool rowsMovable_ = false;
-    int numberColumn_ = -1;
-    QString numberFormat_;
-    int draggedRow_ = 0;
-    QTimer* showAdded_;
 };
 
 } // namespace hotel

@@ -16,8 +16,11 @@ enum class KeyFilter {
     Capitals,   // everything; letters are turned to capitals
     Digits,     // 0 to 9
     Amount,     // digits and the point
-    Expression, // digits, point, + - * / ^ and brackets: amounts that may be reckoned
+    Expression, // digits, point, the signs of arithmetic and brackets: amounts that may be reckoned
 };
+
+// `text` with full-width letters, digits, signs and blanks in their plain forms.
+QString PlainForm(QStringView text);
 
 // What is taken of a typed (or pasted) text.
 QString FilterTyped(KeyFilter filter, QStringView typed);

@@ -41,7 +41,6 @@
 #include <functional>
 #include <type_traits>
 
-class QHBoxLayout;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -108,12 +107,14 @@ public:
         ~Running();
         Running(const Running&) = delete;
         Running& operator=(const Running&) = delete;
-        explicit operator bool() const { return entered_; }
+        explicit operator bool() const { return screen_; }
 
     private:
-        QPointer<Screen> screen_;
-        bool entered_;
-        int outerLevel_ = 0; // the screen's level before this stretch
+        friend class Screen;
+        Running(Screen& screen, bool enters);
+
+        QPointer<Screen> screen_; // null when it was refused
+        int outerLevel_;          // the screen's level before this stretch
     };
 
     // --- long walks ---
@@ -161,7 +162,12 @@ Q_SIGNALS:
 protected:
     void setContent(QWidget* content);
     void setContent(QLayout* content);
+
+    // Adds commands to the bar at the foot of the screen.
     void addCommands(const QList<ScreenCommand>& commands);
+    // A further bar, to be placed inside the content (the commands of one tab). Its commands come
+    // under the same rule; their keys work while it is visible.
+    QWidget* commandPanel(const QList<ScreenCommand>& commands);
 
     // Runs `handler` by run() whenever the signal comes; it takes all arguments of the signal or
     // none.
@@ -184,32 +190,53 @@ protected:
     // Asked, as a handler, before the screen closes; false keeps it open. May wait on the server.
     virtual bool closing() { return true; }
 
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    bool enter(int& outerLevel);
-    void leave(int outerLevel);
+    struct Command {
+        QPushButton* button; // its object name is the command's name
+        CommandKind kind;
+        bool enabled = true; // as the screen wants it
+    };
+
+    void addCommand(const ScreenCommand& command, CommandBar* bar);
+    qsizetype indexOf(QStringView name) const;
+    void showEnabled(const Command& command);
+
     bool isReentry() const;
+    void enter();
+    void leave(int outerLevel);
+    void perform(const std::function<void()>& handler);
+    void showRefusal();
+    void endRefusal();
+
+    void putCommandsLast(); // Enter and Tab come to the commands behind the content
     void pressEnter(bool back);
-    QList<QWidget*> fields() const;
+    void pressEscape();
 
     QVBoxLayout* layout_;
     QWidget* content_ = nullptr;
     CommandBar* commands_;
+    QList<Command> commandTable_;
     QLabel* status_;
     QProgressBar* progress_;
-    QTimer* disableSoon_;
-    QList<QPointer<QWidget>> fieldOrder_;
     QHash<QObject*, std::function<void()>> onEnter_;
 
     int depth_ = 0; // handlers on the stack
-    int level_ = 0; // event loop level of the innermost one
+    int level_ = 0; // nesting of the event loop at the innermost one
     bool stopRequested_ = false;
     bool closeRequested_ = false;
-    bool closing_ = false;
+    bool closing_ = false; // closing() is on the stack
     bool accepted_ = false;
     QElapsedTimer sinceEvents_;
+
+    // The refusal as the user sees it.
+    QTimer* disableSoon_;
+    bool refusing_ = false;
+    QPointer<QWidget> focusBefore_;
+    QPointer<QWidget> focusMeanwhile_;
 };
 
 } // namespace hotel

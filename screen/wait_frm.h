@@ -1,15 +1,17 @@
 #pragma once
 
 // The box of the timed messages (TimedMessage in screen/messages.h). It comes up over the screens
-// without taking the focus from what is being typed, and goes by itself or with a click.
+// without taking the focus from what is being typed, goes by itself or with a click, and is
+// destroyed with that.
 
-#include <QLabel>
+#include <QFrame>
 
+class QLabel;
 class QTimer;
 
 namespace hotel {
 
-class WaitFrm : public QWidget {
+class WaitFrm : public QFrame {
     Q_OBJECT
 
 public:
@@ -18,12 +20,8 @@ public:
     // Shows title and words for so long. A box that is up already takes the new words and time.
     void showFor(const QString& words, const QString& title, int milliseconds);
 
-Q_SIGNALS:
-    void gone();
-
 protected:
     void mousePressEvent(QMouseEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
 
 private:
     QLabel* title_;

@@ -9,8 +9,8 @@
 namespace hotel {
 
 QString OperationLogFile(QStringView date, QDate workstationDate) {
-    return Param(u"SysLog") + date.mid(2, 2) + u'\\' + date.mid(5, 2) + u'\\' +
-           workstationDate.toString(u"yyMMdd") + u".qvr"_s;
+    return u"%1%2\\%3\\%4.qvr"_s.arg(Param(u"SysLog"), date.mid(2, 2), date.mid(5, 2),
+                                     workstationDate.toString(u"yyMMdd"));
 }
 
 void SaveLogRec(const QString& operation, const QString& remark) {

@@ -154,7 +154,7 @@ QWidget* mainfrm::makeWelcome() {
 
 QWidget* mainfrm::makePanel(const MenuGroup& group) {
     auto* panel = new QWidget;
-    panel->setObjectName(group.control + u"_panel"_s);
+    panel->setObjectName(u"%1_panel"_s.arg(group.control));
     auto* heading = new QLabel(group.right.toString());
     heading->setFont(FontFor(u"黑体", 18, true));
 

@@ -1,0 +1,95 @@
+#include "app/tour/tour.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "record/literals.h"
+#include "screen/picture.h"
+#include "shell/mainfrm.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr int kPatienceMilliseconds = 10000;
+
+template<class Widget>
+Widget* Find(QWidget& window, const QString& name) {
+    auto* widget = window.findChild<Widget*>(name);
+    if (!widget)
+        throw TourFailure(window.objectName() + u" 没有控件 "_s + name);
+    return widget;
+}
+
+} // namespace
+
+Tour::Tour(QApplication& application, const QString& configuration, const QString& pictureFolder)
+    : application_(application), configuration_(configuration), folder_(pictureFolder) {
+    QDir().mkpath(folder_);
+}
+
+void Tour::start() {
+    workstation_.reset();
+    workstation_ = std::make_unique<Workstation>(application_, configuration_);
+    workstation_->start();
+    auto* users = Find<QComboBox>(login(), u"usercmb"_s);
+    waitFor([users] { return users->count() > 0; }, u"用户清单没有读出"_s);
+}
+
+void Tour::logIn(const QString& user, const QString& password) {
+    start();
+    type(login(), u"usercmb"_s, user);
+    type(login(), u"Password"_s, password);
+    press(login(), u"Logincmd"_s);
+    waitFor([this] { return login().mainWindow() != nullptr; }, user + u" 没有登录"_s);
+}
+
+void Tour::leave() {
+    press(mainWindow(), u"exit_cmd"_s);
+    waitFor([this] { return login().mainWindow() == nullptr; }, u"主窗口没有关闭"_s);
+    workstation_.reset();
+}
+
+void Tour::press(QWidget& window, const QString& button) {
+    auto* widget = Find<QPushButton>(window, button);
+    expect(widget->isEnabled(), button + u" 不能使用"_s);
+    widget->click();
+}
+
+void Tour::type(QWidget& window, const QString& field, const QString& text) {
+    auto* widget = Find<QWidget>(window, field);
+    widget->setFocus();
+    if (auto* box = qobject_cast<QComboBox*>(widget); box && box->lineEdit())
+        box->lineEdit()->selectAll();
+    for (QChar character : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+        QApplication::sendEvent(widget, &press);
+    }
+    QApplication::processEvents();
+}
+
+void Tour::picture(QWidget& window, const QString& name) {
+    QApplication::processEvents();
+    const QString number = QString::number(++pictures_).rightJustified(2, u'0');
+    const QString path = folder_ + u'/' + number + u'-' + name + u".png"_s;
+    expect(SavePicture(&window, path), u"不能写图片 "_s + path);
+}
+
+void Tour::waitFor(const std::function<bool()>& condition, const QString& words) {
+    expect(QTest::qWaitFor(condition, kPatienceMilliseconds), words);
+}
+
+void Tour::expect(bool condition, const QString& words) {
+    if (!condition)
+        throw TourFailure(words + (messages_.last().isEmpty()
+                                       ? QString()
+                                       : u"（"_s + messages_.last() + u"）"_s));
+}
+
+} // namespace hotel

@@ -1,0 +1,65 @@
+#pragma once
+
+// The tour: the real client driven through a hotel's day against a real server, without a display. It
+// leaves a picture of every screen and ends at the first step that does not come out as it should.
+
+#include <memory>
+#include <stdexcept>
+
+#include <QString>
+#include <QWidget>
+
+#include "app/workstation.h"
+#include "screen/messages.h"
+
+namespace hotel {
+
+class TourFailure : public std::runtime_error {
+public:
+    explicit TourFailure(const QString& words) : std::runtime_error(words.toStdString()) {}
+};
+
+class Tour {
+public:
+    Tour(QApplication& application, const QString& configuration, const QString& pictureFolder);
+
+    // A fresh workstation at its login screen, with the user list filled.
+    void start();
+    // Types name and password and logs in; the main window then stands.
+    void logIn(const QString& user, const QString& password);
+    // Leaves by the main window's exit.
+    void leave();
+
+    loginfrm& login() { return workstation_->login(); }
+    mainfrm& mainWindow() { return *workstation_->login().mainWindow(); }
+    LinkWindow& linkWindow() { return workstation_->linkWindow(); }
+
+    // Presses the button of that object name inside `window`.
+    void press(QWidget& window, const QString& button);
+    // Types into the field of that object name, key by key.
+    void type(QWidget& window, const QString& field, const QString& text);
+    // A picture of the window, numbered in the order taken: 07-<name>.png.
+    void picture(QWidget& window, const QString& name);
+
+    // Lets events run until the condition holds; fails with the words after ten seconds.
+    void waitFor(const std::function<bool()>& condition, const QString& words);
+    void expect(bool condition, const QString& words);
+
+    // Answers the questions of the steps, and keeps what was said.
+    MessageRecorder& messages() { return messages_; }
+
+    int pictures() const { return pictures_; }
+
+private:
+    QApplication& application_;
+    QString configuration_;
+    QString folder_;
+    int pictures_ = 0;
+    MessageRecorder messages_;
+    std::unique_ptr<Workstation> workstation_;
+};
+
+// The chapters, in the order of the day.
+void TourOfLogin(Tour& tour);
+
+} // namespace hotel

@@ -1,0 +1,104 @@
+#include "platform/clock.h"
+
+#include <optional>
+
+#include <time.h>
+
+#include "record/literals.h"
+
+namespace hotel::Clock {
+
+namespace {
+
+struct State {
+    qint64 offset = 0; // milliseconds ahead of the machine's clock
+    bool machineFollows = false;
+    std::optional<QDateTime> frozen;
+};
+
+State& Current() {
+    static State state;
+    return state;
+}
+
+// False where the user may not set the machine's clock.
+bool SetMachineClock(const QDateTime& moment) {
+    const qint64 milliseconds = moment.toMSecsSinceEpoch();
+    timespec time{};
+    time.tv_sec = milliseconds / 1000;
+    time.tv_nsec = (milliseconds % 1000) * 1000000;
+    return clock_settime(CLOCK_REALTIME, &time) == 0;
+}
+
+void MoveTo(const QDateTime& moment) {
+    State& state = Current();
+    if (state.frozen)
+        state.frozen = moment;
+    else if (state.machineFollows && SetMachineClock(moment))
+        state.offset = 0;
+    else
+        state.offset = QDateTime::currentDateTime().msecsTo(moment);
+}
+
+} // namespace
+
+QDateTime Now() {
+    const State& state = Current();
+    return state.frozen ? *state.frozen : QDateTime::currentDateTime().addMSecs(state.offset);
+}
+
+QDate Today() {
+    return Now().date();
+}
+
+QTime Time() {
+    return Now().time();
+}
+
+QString DateText() {
+    return Today().toString(u"yyyy-MM-dd"_s);
+}
+
+QString TimeText() {
+    return Time().toString(u"HH:mm:ss"_s);
+}
+
+double SecondsSinceMidnight() {
+    return Time().msecsSinceStartOfDay() / 1000.0;
+}
+
+bool SetDate(QStringView yyyyMMdd) {
+    const QDate date = QDate::fromString(yyyyMMdd.toString(), u"yyyy-MM-dd"_s);
+    if (date.isValid())
+        MoveTo(QDateTime(date, Time()));
+    return date.isValid();
+}
+
+bool SetTime(QStringView hhmmss) {
+    const QTime time = QTime::fromString(hhmmss.toString(), u"HH:mm:ss"_s);
+    if (time.isValid())
+        MoveTo(QDateTime(Today(), time));
+    return time.isValid();
+}
+
+void LetMachineFollow(bool on) {
+    Current().machineFollows = on;
+}
+
+void Freeze(const QDateTime& moment) {
+    Current().frozen = moment;
+}
+
+void Advance(qint64 milliseconds) {
+    State& state = Current();
+    if (state.frozen)
+        state.frozen = state.frozen->addMSecs(milliseconds);
+    else
+        state.offset += milliseconds;
+}
+
+void Resume() {
+    Current().frozen.reset();
+}
+
+} // namespace hotel::Clock

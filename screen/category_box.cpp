@@ -1,0 +1,114 @@
+#include "screen/category_box.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <utility>
+
+#include "screen/field_form.h"
+#include "screen/screen.h"
+
+namespace hotel {
+
+namespace {
+
+std::function<QStringList(QStringView)> categoryLoader;
+
+std::function<bool(QStringView, QStringView)> categoryMatch = [](QStringView entry,
+                                                                 QStringView typed) {
+    return entry.startsWith(typed, Qt::CaseInsensitive);
+};
+
+} // namespace
+
+void SetCategoryLoader(std::function<QStringList(QStringView category)> loader) {
+    categoryLoader = std::move(loader);
+}
+
+void SetCategoryMatch(std::function<bool(QStringView entry, QStringView typed)> match) {
+    categoryMatch = std::move(match);
+}
+
+CategoryBox::CategoryBox(const QString& category, bool freeText, QWidget* parent)
+    : QComboBox(parent), category_(category), filled_(category.isEmpty()) {
+    setEditable(freeText);
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    setMaxVisibleItems(16);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+}
+
+void CategoryBox::setValue(const QString& text) {
+    if (!isEditable() && findText(text) < 0 && !text.isEmpty())
+        addItem(text);
+    setCurrentIndex(text.isEmpty() ? -1 : findText(text));
+    if (isEditable())
+        setEditText(text);
+}
+
+void CategoryBox::setChoices(const QStringList& entries) {
+    const QString value = currentText();
+    filled_ = true;
+    clear();
+    addItems(entries);
+    setValue(value);
+}
+
+void CategoryBox::fill() {
+    if (filled_ || !categoryLoader)
+        return;
+    // Reading may wait on the server, so it is a handler of the screen. What the list needs is
+    // asked for again when it is opened while another handler waits.
+    auto* screen = qobject_cast<Screen*>(window());
+    const auto read = [this] {
+        filled_ = true;
+        setChoices(categoryLoader(category_));
+    };
+    if (screen)
+        screen->run(read);
+    else
+        read();
+}
+
+void CategoryBox::showPopup() {
+    fill();
+    QComboBox::showPopup();
+}
+
+void CategoryBox::keyPressEvent(QKeyEvent* event) {
+    const bool move = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    const bool letter = !event->text().isEmpty() && event->text().at(0) > u' ' &&
+                        event->text().at(0) != QChar::Delete;
+    if (move || (letter && !isEditable()))
+        fill();
+    if (letter && !isEditable()) {
+        selectByLetters(event->text());
+        return;
+    }
+    QComboBox::keyPressEvent(event);
+}
+
+// The letters of a quick run are looked for together; a single one repeated goes on to the next
+// entry.
+bool CategoryBox::selectByLetters(const QString& letters) {
+    const bool goesOn = sinceLetter_.isValid() &&
+                        !sinceLetter_.hasExpired(QApplication::keyboardInputInterval() * 2);
+    sinceLetter_.start();
+    letters_ = goesOn && letters_ != letters ? letters_ + letters : letters;
+    const int first = qMax(0, currentIndex() + (letters_.size() == 1 ? 1 : 0));
+    for (int i = 0; i < count(); ++i) {
+        const int entry = (first + i) % count();
+        if (categoryMatch(itemText(entry), letters_)) {
+            setCurrentIndex(entry);
+            Q_EMIT activated(entry);
+            return true;
+        }
+    }
+    return false;
+}
+
+void CategoryBox::wheelEvent(QWheelEvent* event) {
+    event->ignore(); // a turn of the wheel over a form must not change a value
+}
+
+} // namespace hotel

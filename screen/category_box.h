@@ -1,0 +1,41 @@
+#pragma once
+
+// A drop-down over a category. Its entries are read when they are first wanted, and only once.
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QStringList>
+
+namespace hotel {
+
+class CategoryBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    // With `category` empty the owner fills the box. `freeText`: any text may be typed as well.
+    CategoryBox(const QString& category, bool freeText, QWidget* parent = nullptr);
+
+    // Shows a value, in the list or not.
+    void setValue(const QString& text);
+
+    void setChoices(const QStringList& entries);
+
+    // Reads the category if that has not been done.
+    void fill();
+
+    void showPopup() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool selectByLetters(const QString& letters);
+
+    QString category_;
+    bool filled_;
+    QString letters_; // typed within the last moment
+    QElapsedTimer sinceLetter_;
+};
+
+} // namespace hotel

@@ -1,0 +1,99 @@
+#include <QTest>
+
+#include "record/record_text.h"
+#include "tests/hotel_test.h"
+#include "tools/categories.h"
+
+namespace hotel {
+
+namespace {
+
+QString Row(int number, const QString& entry, const QString& key = u" "_s) {
+    const QString name = CategoryRowTag(number);
+    return u'<' + name + u"><内容>"_s + entry + u"</内容><快捷键>"_s + key + u"</快捷键></"_s +
+           name + u'>';
+}
+
+QString Rows(int count) {
+    QStringList rows;
+    for (int n = 1; n <= count; ++n)
+        rows.append(Row(n, u"第%1项"_s.arg(n)));
+    return rows.join(kCrLf);
+}
+
+} // namespace
+
+class CategoriesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEntries_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("entries");
+        QTest::newRow("as they stand")
+            << Row(1, u"护照"_s) + Row(2, u" 身份证 "_s) + Row(3, u"护照"_s)
+            << QStringList{u"护照"_s, u" 身份证 "_s, u"护照"_s};
+        QTest::newRow("ends at a missing row")
+            << Row(1, u"护照"_s) + Row(3, u"身份证"_s) << QStringList{u"护照"_s};
+        QTest::newRow("by number, not by place")
+            << Row(2, u"护照"_s) + Row(1, u"身份证"_s) << QStringList{u"身份证"_s, u"护照"_s};
+        QTest::newRow("refused") << u"<ERROR>没有该记录</ERROR>"_s << QStringList();
+        QTest::newRow("empty") << QString() << QStringList();
+    }
+    void readsEntries() {
+        QFETCH(QString, text);
+        QTEST(CategoryEntries(text), "entries");
+    }
+
+    void keepsToItsLimits() {
+        const QStringList entries = CategoryEntries(Rows(kCategoryRowLimit + 1));
+        QCOMPARE(entries.size(), kCategoryRowLimit);
+        QCOMPARE(entries[98], u"第99项"_s);
+        QCOMPARE(entries[99], u"第100项"_s);
+
+        QString wide;
+        for (int n = 1; n <= kCategoryColumnLimit + 1; ++n)
+            wide = SetTag(wide, u"列%1"_s.arg(n), u"1");
+        const TextTable table = CategoryTable(u"<记录01>"_s + wide + u"</记录01>"_s);
+        QCOMPARE(table.headers().last(), u"列20"_s);
+        QCOMPARE(CategoryTable(Rows(kCategoryRowLimit + 1)).dataRows(), kCategoryRowLimit);
+    }
+
+    // Room types: every tag of any row is a column, in the order in which it is met.
+    void gathersColumns() {
+        const QString text =
+            u"<记录01><内容>标准间</内容><房价>288</房价></记录01>\r\n"
+            "<记录02><内容>套房</内容><快捷键>TF</快捷键><前台价>988</前台价></记录02>"_s;
+        const TextTable table = CategoryTable(text);
+        QCOMPARE(table.headers(),
+                 (QStringList{u"编号"_s, u"内容"_s, u"快捷键"_s, u"房价"_s, u"前台价"_s}));
+        QCOMPARE(table.row(1), (QStringList{u"01"_s, u"标准间"_s, QString(), u"288"_s, QString()}));
+        QCOMPARE(table.row(2), (QStringList{u"02"_s, u"套房"_s, u"TF"_s, QString(), u"988"_s}));
+        QCOMPARE(CategoryText(table),
+                 u"<记录01><内容>标准间</内容>\r\n<快捷键> </快捷键>\r\n<房价>288</房价>\r\n"
+                 "<前台价> </前台价></记录01>\r\n"
+                 "<记录02><内容>套房</内容>\r\n<快捷键>TF</快捷键>\r\n<房价> </房价>\r\n"
+                 "<前台价>988</前台价></记录02>"_s);
+    }
+
+    void emptyCategoryHasOneEmptyRow() {
+        const TextTable table = CategoryTable({});
+        QCOMPARE(table.rows(), 2);
+        QCOMPARE(table.row(1), (QStringList{u"01"_s, QString(), QString()}));
+        QCOMPARE(CategoryText(table), QString());
+    }
+
+    void writesUpToTheFirstEmptyRow() {
+        TextTable table = CategoryTable(Rows(120));
+        QCOMPARE(CategoryEntries(CategoryText(table)).size(), 120);
+        table.setText(101, tag::kEntry, {});
+        QCOMPARE(CategoryEntries(CategoryText(table)).size(), 100);
+        QVERIFY(CategoryText(table).contains(u"</记录99>\r\n<记录100>"));
+    }
+};
+
+HOTEL_TEST(CategoriesTest)
+
+} // namespace hotel
+
+#include "test_categories.moc"
