@@ -1,5 +1,6 @@
 #include "record/literals.h"
 #include "record/numbers.h"
+#include "tests/hotel_test.h"
 
 #include <QTest>
 
@@ -164,9 +165,6 @@ private Q_SLOTS:
     }
 };
 
-int TestNumbers(int argc, char** argv) {
-    NumbersTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(NumbersTest)
 
 #include "test_numbers.moc"

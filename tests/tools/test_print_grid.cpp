@@ -2,7 +2,7 @@
 #include <QtTest>
 
 #include "tests/tools/print_items.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/PrtSubs.h"
 
 namespace hotel {
@@ -166,10 +166,7 @@ private Q_SLOTS:
     }
 };
 
-int RunPrintGridTests(int argc, char** argv) {
-    PrintGridTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(PrintGridTest)
 
 } // namespace hotel
 

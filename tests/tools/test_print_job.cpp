@@ -4,7 +4,7 @@
 #include "platform/clock.h"
 #include "screen/messages.h"
 #include "tests/tools/print_items.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/PrtSubs.h"
 
 namespace hotel {
@@ -293,10 +293,7 @@ private Q_SLOTS:
     }
 };
 
-int RunPrintJobTests(int argc, char** argv) {
-    PrintJobTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(PrintJobTest)
 
 } // namespace hotel
 

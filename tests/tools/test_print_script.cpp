@@ -3,7 +3,7 @@
 #include <QtTest>
 
 #include "tests/tools/print_items.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/print_macros.h"
 
 namespace hotel {
@@ -264,10 +264,7 @@ private Q_SLOTS:
     }
 };
 
-int RunPrintScriptTests(int argc, char** argv) {
-    PrintScriptTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(PrintScriptTest)
 
 } // namespace hotel
 
