@@ -105,15 +105,6 @@ void AddText(double x, double y, const QString& text, const PrintFont& font) {
     AddDirective(script::kText, text);
 }
 
-QStringList Characters(const QString& text) {
-    QStringList characters;
-    for (QStringIterator walk(text); walk.hasNext();) {
-        const char32_t character = walk.next();
-        characters.append(QString::fromUcs4(&character, 1));
-    }
-    return characters;
-}
-
 const PrintFont kMarginFont{u"黑体"_s, 8, false};
 constexpr double kMarginGapCm = 0.1;
 

@@ -2,7 +2,6 @@
 
 #include <QFontMetricsF>
 #include <QHash>
-#include <QStringIterator>
 
 #include "record/literals.h"
 
@@ -32,20 +31,30 @@ Measures& MeasuresOf(const PrintFont& font) {
         const QFontMetricsF metrics(FontInTwips(font));
         const QRectF ideograph = metrics.tightBoundingRect(u"国"_s);
         Measures measures;
-        measures.lineHeight =
-            qMin(metrics.height(), font.size * kTwipsPerPoint * kLineHeightInEms);
+        measures.lineHeight = qMin(metrics.height(), font.size * kTwipsPerPoint * kLineHeightInEms);
         measures.baseline = measures.lineHeight / 2 - ideograph.center().y();
         found = known.insert(key, measures);
     }
     return *found;
 }
 
-double WidthOf(char32_t character, const PrintFont& font, Measures& measures) {
-    auto width = measures.widths.constFind(character);
+// 2 for a character outside the basic plane, which must not be torn apart.
+qsizetype CharacterLength(QStringView text, qsizetype at) {
+    return at + 1 < text.size() && text[at].isHighSurrogate() && text[at + 1].isLowSurrogate() ? 2
+                                                                                               : 1;
+}
+
+QStringView CharacterAt(QStringView text, qsizetype at) {
+    return text.sliced(at, CharacterLength(text, at));
+}
+
+double WidthOf(QStringView character, const PrintFont& font, Measures& measures) {
+    const char32_t key = character.size() == 1 ? char32_t(character[0].unicode())
+                                               : QChar::surrogateToUcs4(character[0], character[1]);
+    auto width = measures.widths.constFind(key);
     if (width == measures.widths.constEnd()) {
         const QFontMetricsF metrics(FontInTwips(font));
-        const QString text = QString::fromUcs4(&character, 1);
-        width = measures.widths.insert(character, metrics.horizontalAdvance(text));
+        width = measures.widths.insert(key, metrics.horizontalAdvance(character.toString()));
     }
     return *width;
 }
@@ -72,8 +81,8 @@ QFont FontInTwips(const PrintFont& font) {
 double TextWidthTwips(QStringView text, const PrintFont& font) {
     Measures& measures = MeasuresOf(font);
     double sum = 0;
-    for (QStringIterator characters(text); characters.hasNext();)
-        sum += WidthOf(characters.next(), font, measures);
+    for (qsizetype at = 0; at < text.size(); at += CharacterLength(text, at))
+        sum += WidthOf(CharacterAt(text, at), font, measures);
     return sum;
 }
 
@@ -82,9 +91,8 @@ QStringList CutToWidth(const QString& text, const PrintFont& font, double width)
     QStringList lines;
     qsizetype lineStart = 0;
     double lineWidth = 0;
-    for (QStringIterator characters(text); characters.hasNext();) {
-        const qsizetype at = characters.position() - text.constBegin();
-        const double characterWidth = WidthOf(characters.next(), font, measures);
+    for (qsizetype at = 0; at < text.size(); at += CharacterLength(text, at)) {
+        const double characterWidth = WidthOf(CharacterAt(text, at), font, measures);
         if (at > lineStart && lineWidth + characterWidth > width + kRoundingSlack) {
             lines.append(text.sliced(lineStart, at - lineStart));
             lineStart = at;
@@ -94,6 +102,13 @@ QStringList CutToWidth(const QString& text, const PrintFont& font, double width)
     }
     lines.append(text.sliced(lineStart));
     return lines;
+}
+
+QStringList Characters(const QString& text) {
+    QStringList characters;
+    for (qsizetype at = 0; at < text.size(); at += characters.last().size())
+        characters.append(text.sliced(at, CharacterLength(text, at)));
+    return characters;
 }
 
 double LineHeightTwips(const PrintFont& font) {

@@ -33,6 +33,9 @@ double TextWidthTwips(QStringView text, const PrintFont& font);
 // itself stands alone. One empty line for an empty text.
 QStringList CutToWidth(const QString& text, const PrintFont& font, double width);
 
+// The characters of a text, one each.
+QStringList Characters(const QString& text);
+
 // Height of one line in twips.
 double LineHeightTwips(const PrintFont& font);
 

@@ -19,10 +19,6 @@ double NumberField(QStringView text, QStringView tag, double absent = 0) {
     return value.isEmpty() ? absent : LeadingNumber(value);
 }
 
-QString CellNumber(int number) {
-    return u"%1"_s.arg(number, 2, 10, u'0');
-}
-
 FormCell ReadFormCell(QStringView text, const FormCell& before) {
     FormCell cell;
     cell.font = before.font;
@@ -62,7 +58,8 @@ void PrintLeft(const FormCell& cell) {
     PrintTextLeft(cell.left, MiddleOf(cell, height), cell.text, cell.font, cell.width);
 }
 
-template<VerticalPlacing Where> void PrintVertical(const FormCell& cell) {
+template<VerticalPlacing Where>
+void PrintVertical(const FormCell& cell) {
     PrintTextVertical(cell.left, cell.top, cell.text, cell.font, Where, cell.width, cell.height);
 }
 
@@ -126,7 +123,7 @@ QList<FormCell> ReadFormCells(QStringView blockText, const PrintFont& font) {
     FormCell before;
     before.font = font;
     for (int number = 0; number < kFormCellLimit; ++number) {
-        const QString text = FormatField(blockText, CellNumber(number));
+        const QString text = FormatField(blockText, FormatNumber(qint64(number), u"00"));
         if (text.isEmpty())
             break;
         before = ReadFormCell(text, before);

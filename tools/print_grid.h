@@ -20,14 +20,18 @@ namespace hotel {
 
 // How the user wants the table.
 struct GridPrintStyle {
-    PrintFont headFont;      // nothing given: 宋体 10
+    PrintFont headFont; // nothing given: 宋体 10
     double headLineWidth = 1;
-    PrintFont bodyFont;      // nothing given: 宋体 8
+    PrintFont bodyFont; // nothing given: 宋体 8
     double bodyLineWidth = 1;
-    QStringList alignments;  // one a column; its last two characters are the mark: "->" right,
-                             // "<-" left, "<>" spread, " -" centre; none is left
-    bool fitFont = false;    // lower the sizes until the table fits the paper (自动调整单元字号)
+    QStringList alignments; // one a column; its last two characters are the mark: "->" right,
+                            // "<-" left, "<>" spread, " -" centre; none is left
+    bool fitFont = false; // lower the sizes until the table fits the paper (自动调整单元字号)
 };
+
+// PrintTextLeft or one of its brothers.
+using LinePainter = void (*)(double x, double y, const QString& text, const PrintFont& font,
+                             double width);
 
 // What holds for all pages of one list: fonts, and widths and heights in centimetres.
 struct GridPrintLayout {
@@ -36,11 +40,9 @@ struct GridPrintLayout {
     double headLineWidth = 0;
     double bodyLineWidth = 0;
     QList<double> widths;
-    QStringList placings; // per column, as 方式 of a form's cell
-    double left = 0;      // the table stands in the middle of the paper
-    bool squeezed = false; // columns are narrower than their texts, which are cut into lines
-
-    double width() const;
+    QList<LinePainter> painters; // one a column
+    double left = 0;             // the table stands in the middle of the paper
+    bool squeezed = false;       // columns are narrower than their texts, which are cut into lines
 };
 
 // Measures a table for the open print job. Each column is as wide as its widest text. A table that is

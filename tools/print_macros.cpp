@@ -13,8 +13,8 @@ struct MacroForm {
 };
 
 constexpr MacroForm kMacros[] = {
-    {u"YY", u"yyyy"}, {u"yy", u"yy"}, {u"MM", u"MM"},         {u"mm", u"mm"},
-    {u"DD", u"dd"},   {u"dd", u"dd"}, {u"HH", u"HH"},         {u"SS", u"ss"},
+    {u"YY", u"yyyy"}, {u"yy", u"yy"},         {u"MM", u"MM"},       {u"mm", u"mm"},
+    {u"DD", u"dd"},   {u"dd", u"dd"},         {u"HH", u"HH"},       {u"SS", u"ss"},
     {u"ss", u"ss"},   {u"DT", u"yyyy/MM/dd"}, {u"TM", u"HH:mm:ss"},
 };
 

@@ -171,10 +171,10 @@ void DrawBox(const ScriptWalk& walk, const ScriptState& state, PrintPage& page) 
     const QColor colour = Colour(walk.argument(4));
     const QByteArrayView kind = walk.argument(5).trimmed();
     if (kind.isEmpty()) {
-        for (const QLineF& side : {QLineF(area.topLeft(), area.topRight()),
-                                   QLineF(area.topRight(), area.bottomRight()),
-                                   QLineF(area.bottomRight(), area.bottomLeft()),
-                                   QLineF(area.bottomLeft(), area.topLeft())})
+        for (const QLineF& side :
+             {QLineF(area.topLeft(), area.topRight()), QLineF(area.topRight(), area.bottomRight()),
+              QLineF(area.bottomRight(), area.bottomLeft()),
+              QLineF(area.bottomLeft(), area.topLeft())})
             page.append(PrintedLine{side, state.lineWidth, colour});
     } else if (kind == "BF") {
         page.append(PrintedBox{area.normalized(), state.lineWidth, {}, colour});
@@ -199,8 +199,8 @@ void Draw(const ScriptWalk& walk, const ScriptState& state, PrintPage& page) {
         DrawBox(walk, state, page);
         break;
     case Directive::Picture:
-        page.append(PrintedPicture{walk.text(0), QRectF(walk.number(1), walk.number(2),
-                                                        walk.number(3), walk.number(4))});
+        page.append(PrintedPicture{
+            walk.text(0), QRectF(walk.number(1), walk.number(2), walk.number(3), walk.number(4))});
         break;
     default:
         break;
@@ -234,8 +234,7 @@ bool ScriptWriter::flush() {
     const QByteArray lines = (waiting_.join(kCrLf) + kCrLf).toUtf8();
     waiting_.clear();
     QFile file(fileName_);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) &&
-           file.write(lines) == lines.size();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(lines) == lines.size();
 }
 
 PrintScript PrintScript::FromFile(const QString& fileName) {
@@ -244,8 +243,7 @@ PrintScript PrintScript::FromFile(const QString& fileName) {
     if (!file->open(QIODevice::ReadOnly))
         return script;
     if (const uchar* bytes = file->map(0, file->size()))
-        script.text_ =
-            QByteArray::fromRawData(reinterpret_cast<const char*>(bytes), file->size());
+        script.text_ = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes), file->size());
     script.file_ = std::move(file);
     return script;
 }

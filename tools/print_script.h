@@ -45,6 +45,7 @@
 #include <functional>
 #include <memory>
 
+#include "record/literals.h"
 #include "tools/print_page.h"
 
 namespace hotel {
