@@ -28,11 +28,7 @@ void BlankControls(QByteArray& bytes) {
 
 ClientConnection::ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent)
     : QObject(parent), socket_(socket), unsentLimit_(unsentLimit) {
-<<<<<<< HEAD:server/connection.cpp
-    speaker.address = socket->peerAddress();
-=======
     peer.address = socket->peerAddress();
->>>>>>> server:server/client_connection.cpp
     socket_->setParent(this);
     socket_->setReadBufferSize(kReadAhead);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);

@@ -22,11 +22,7 @@ public:
     // taken.
     ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
 
-<<<<<<< HEAD:server/connection.h
-    Speaker speaker;
-=======
     Peer peer;
->>>>>>> server:server/client_connection.h
 
     // The next request that is to be answered now; nothing when there is none, or when the client
     // has to take answers first.

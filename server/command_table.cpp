@@ -52,25 +52,6 @@ CommandAnswer List(QStringView name, const QStringList& entries) {
 
 // --- Login -------------------------------------------------------------------------------------------
 
-<<<<<<< HEAD
-QString DateText(const CommandContext& context) {
-    return context.clock().toString(u"yyyy-MM-dd"_s);
-}
-
-Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) {
-    const QString user = NameField(request, u"用户名");
-    const QStringView digest = request.field(u"密码");
-    const QString date = DateText(context);
-    const LoginVerdict verdict =
-        JudgeLogin(context.store, context.productId, user, digest, speaker.address, date);
-    if (verdict == LoginVerdict::Admitted) {
-        speaker.user = user;
-        return {u"<SUCCESS>登录成功"_s};
-    }
-    const int delay = IsEmptyAttempt(context.productId, user, digest, date)
-                          ? 0
-                          : context.failures.delayOfFailure(speaker.address);
-=======
 QString DateText(const ServerState& server) {
     return server.clock().toString(u"yyyy-MM-dd"_s);
 }
@@ -88,7 +69,6 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     const int delay = IsEmptyAttempt(server.productId, user, digest, date)
                           ? 0
                           : server.failures.delayOfFailure(peer.address);
->>>>>>> server
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -99,30 +79,6 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     }
 }
 
-<<<<<<< HEAD
-Answer LogOut(CommandContext&, Speaker& speaker, const Request&) {
-    speaker.user.clear();
-    return Done();
-}
-
-Answer UserList(CommandContext& context, Speaker&, const Request&) {
-    QStringList users;
-    context.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
-                       [&](const QString& name, const QString&) { users += name; });
-    return List(u"记录清单", users);
-}
-
-Answer UserFileName(CommandContext&, Speaker&, const Request&) {
-    return {FieldText(u"用户文件名", kUserFile)};
-}
-
-Answer ServerDate(CommandContext& context, Speaker&, const Request&) {
-    return {FieldText(u"当前日期", DateText(context))};
-}
-
-Answer ServerTime(CommandContext& context, Speaker&, const Request&) {
-    return {FieldText(u"当前时间", context.clock().toString(u"HH:mm:ss"_s))};
-=======
 CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
     peer.user.clear();
     return Done();
@@ -145,34 +101,10 @@ CommandAnswer ServerDate(ServerState& server, Peer&, const Request&) {
 
 CommandAnswer ServerTime(ServerState& server, Peer&, const Request&) {
     return {FieldText(u"当前时间", server.clock().toString(u"HH:mm:ss"_s))};
->>>>>>> server
 }
 
 // --- Files -------------------------------------------------------------------------------------------
 
-<<<<<<< HEAD
-Answer CreateDatabase(CommandContext& context, Speaker&, const Request& request) {
-    context.store.createDatabase(FileField(request));
-    return Done();
-}
-
-Answer DeleteFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.removeFile(FileField(request));
-    return Done();
-}
-
-Answer RenameFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
-    return Done();
-}
-
-Answer CopyFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
-    return Done();
-}
-
-Answer FileList(CommandContext& context, Speaker&, const Request& request) {
-=======
 CommandAnswer CreateDatabase(ServerState& server, Peer&, const Request& request) {
     server.store.createDatabase(FileField(request));
     return Done();
@@ -194,16 +126,11 @@ CommandAnswer CopyFile(ServerState& server, Peer&, const Request& request) {
 }
 
 CommandAnswer FileList(ServerState& server, Peer&, const Request& request) {
->>>>>>> server
     const std::optional<StorePath> folder = ParseFolderPath(request.field(u"路径名"));
     if (!folder)
         throw Refusal(refusal::kBadName);
     const QString pattern = NameField(request, u"库文件说明");
-<<<<<<< HEAD
-    QStringList files = context.store.list(*folder).files;
-=======
     QStringList files = server.store.list(*folder).files;
->>>>>>> server
     if (!pattern.isEmpty())
         files.removeIf([&](const QString& name) { return !QDir::match(pattern, name); });
     return List(u"文件清单", files);
@@ -227,14 +154,6 @@ QStringList NumberedFolders(Store& store, QStringView file) {
     return folders;
 }
 
-<<<<<<< HEAD
-Answer CheckDatabase(CommandContext& context, Speaker&, const Request& request) {
-    const auto result = [](const QString& text) { return Answer{FieldText(u"检查结果", text)}; };
-    const QString missing = u"-1"_s;
-    const int code = int(LeadingNumber(request.field(u"功能码")));
-    if (code == 2 || code == 3) {
-        const QStringList folders = NumberedFolders(context.store, request.field(u"库文件名"));
-=======
 CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) {
     const auto result = [](const QString& text) {
         return CommandAnswer{FieldText(u"检查结果", text)};
@@ -243,23 +162,11 @@ CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) 
     const int code = int(LeadingNumber(request.field(u"功能码")));
     if (code == 2 || code == 3) {
         const QStringList folders = NumberedFolders(server.store, request.field(u"库文件名"));
->>>>>>> server
         if (folders.isEmpty())
             return result(missing);
         return result(code == 2 ? folders.first() : folders.last());
     }
     const StorePath path = FileField(request);
-<<<<<<< HEAD
-    if (context.store.kind(path) == Store::Kind::Missing)
-        return result(missing);
-    switch (code) {
-    case 0:
-        return result(QString::number(context.store.projects(path).size()));
-    case 5:
-        return result(context.store.stamp(path).last(8));
-    case 6:
-        return result(context.store.stamp(path));
-=======
     if (server.store.kind(path) == Store::Kind::Missing)
         return result(missing);
     switch (code) {
@@ -269,19 +176,13 @@ CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) 
         return result(server.store.stamp(path).last(8));
     case 6:
         return result(server.store.stamp(path));
->>>>>>> server
     default:
         throw Refusal(u"不认识的功能码"_s);
     }
 }
 
-<<<<<<< HEAD
-Answer PrepareData(CommandContext& context, Speaker&, const Request& request) {
-    if (context.store.kind(FileField(request)) == Store::Kind::Missing)
-=======
 CommandAnswer PrepareData(ServerState& server, Peer&, const Request& request) {
     if (server.store.kind(FileField(request)) == Store::Kind::Missing)
->>>>>>> server
         throw Refusal(refusal::kNoFile);
     return Done();
 }
@@ -293,11 +194,7 @@ QString HexSum(const QByteArray& content) {
     return QString::number(sum, 16).toUpper();
 }
 
-<<<<<<< HEAD
-Answer Upload(CommandContext& context, Speaker&, const Request& request) {
-=======
 CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
->>>>>>> server
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
@@ -308,21 +205,12 @@ CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
     const quint32 sum = request.field(u"文件校验和").trimmed().toUInt(&isNumber, 16);
     if (!isNumber || QString::number(sum, 16).toUpper() != HexSum(content))
         throw Refusal(u"文件校验和不符"_s);
-<<<<<<< HEAD
-    context.store.writeUpload(path, content);
-    return Done();
-}
-
-Answer Download(CommandContext& context, Speaker&, const Request& request) {
-    const std::optional<QByteArray> content = context.store.upload(FileField(request, u"文件名"));
-=======
     server.store.writeUpload(path, content);
     return Done();
 }
 
 CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
     const std::optional<QByteArray> content = server.store.upload(FileField(request, u"文件名"));
->>>>>>> server
     if (!content)
         throw Refusal(refusal::kNoFile);
     return {FieldText(u"文件内容", QString::fromLatin1(content->toHex().toUpper())) % kCrLf %
@@ -332,22 +220,6 @@ CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
-<<<<<<< HEAD
-Answer ProjectList(CommandContext& context, Speaker&, const Request& request) {
-    return List(u"项目清单", context.store.projects(FileField(request)));
-}
-
-Answer CreateProject(CommandContext& context, Speaker&, const Request& request) {
-    const StorePath path = FileField(request);
-    const QString project = NewNameField(request, u"项目名");
-    if (!context.store.hasProject(path, project))
-        context.store.writeProject(path, project, request.field(u"初始值"));
-    return Done();
-}
-
-Answer DeleteProject(CommandContext& context, Speaker&, const Request& request) {
-    context.store.removeProject(FileField(request), NameField(request, u"项目名"));
-=======
 CommandAnswer ProjectList(ServerState& server, Peer&, const Request& request) {
     return List(u"项目清单", server.store.projects(FileField(request)));
 }
@@ -362,7 +234,6 @@ CommandAnswer CreateProject(ServerState& server, Peer&, const Request& request) 
 
 CommandAnswer DeleteProject(ServerState& server, Peer&, const Request& request) {
     server.store.removeProject(FileField(request), NameField(request, u"项目名"));
->>>>>>> server
     return Done();
 }
 
@@ -403,30 +274,14 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
 
-<<<<<<< HEAD
-Answer ReadRecord(CommandContext& context, Speaker&, const Request& request) {
-    const RecordKey key(request);
-    const std::optional<QString> value = Read(context.store, key);
-=======
 CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
     const std::optional<QString> value = Read(server.store, key);
->>>>>>> server
     if (!value)
         throw Refusal(refusal::kNoRecord);
     return {FieldText(key.record, *value)};
 }
 
-<<<<<<< HEAD
-// The record and, up to a bound, those behind it. A following record is left out, with all behind it,
-// when its tags stand in the block already: the reader of the block would find the wrong text.
-Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& request) {
-    const RecordKey key(request);
-    const QList<NamedText> records =
-        context.store.readBlock(key.path, key.project, key.record, kBlockRecords);
-    if (records.isEmpty())
-        return ReadRecord(context, speaker, request);
-=======
 // The record and, up to a bound, those behind it. A following record is left out, with all behind
 // it, when its tags stand in the block already: the reader of the block would find the wrong text.
 CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
@@ -435,7 +290,6 @@ CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& reque
         server.store.readBlock(key.path, key.project, key.record, kBlockRecords);
     if (records.isEmpty())
         return ReadRecord(server, peer, request);
->>>>>>> server
     QString block = FieldText(records.first().name, records.first().text);
     for (const NamedText& record : records.sliced(1)) {
         const bool hidden =
@@ -447,53 +301,6 @@ CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& reque
     return {block};
 }
 
-<<<<<<< HEAD
-Answer ModifyRecord(CommandContext& context, Speaker&, const Request& request) {
-    Write(context.store, RecordKey(request), request);
-    return Done();
-}
-
-Answer CreateRecord(CommandContext& context, Speaker&, const Request& request) {
-    const RecordKey key(request);
-    if (Exists(context.store, key))
-        throw Refusal(refusal::kRecordExists);
-    Write(context.store, key, request);
-    return Done();
-}
-
-Answer ReplaceRecord(CommandContext& context, Speaker&, const Request& request) {
-    const RecordKey key(request);
-    if (!Exists(context.store, key))
-        throw Refusal(refusal::kNoRecord);
-    Write(context.store, key, request);
-    return Done();
-}
-
-Answer DeleteRecord(CommandContext& context, Speaker&, const Request& request) {
-    const RecordKey key(request);
-    context.store.remove(key.path, key.project, key.record);
-    return Done();
-}
-
-Answer RecordList(CommandContext& context, Speaker&, const Request& request) {
-    QStringList names;
-    context.store.walk(FileField(request), NameField(request, u"项目名"), false,
-                       [&](const QString& name, const QString&) { names += name; });
-    return List(u"记录清单", names);
-}
-
-Answer FindRecords(CommandContext& context, Speaker&, const Request& request) {
-    const Keywords keywords{SplitKeywords(request.field(u"记录必选项")),
-                            SplitKeywords(request.field(u"记录任选项")),
-                            SplitKeywords(request.field(u"记录排除项"))};
-    return List(u"记录清单", FindByKeywords(context.store, FileField(request),
-                                            NameField(request, u"项目名"), keywords));
-}
-
-Answer FindFields(CommandContext& context, Speaker&, const Request& request) {
-    return List(u"记录清单",
-                FindByConditions(context.store, FileField(request), NameField(request, u"项目名"),
-=======
 CommandAnswer ModifyRecord(ServerState& server, Peer&, const Request& request) {
     Write(server.store, RecordKey(request), request);
     return Done();
@@ -539,7 +346,6 @@ CommandAnswer FindRecords(ServerState& server, Peer&, const Request& request) {
 CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
     return List(u"记录清单",
                 FindByConditions(server.store, FileField(request), NameField(request, u"项目名"),
->>>>>>> server
                                  request.field(u"记录查询条件")));
 }
 
@@ -587,30 +393,17 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-<<<<<<< HEAD
-Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request) {
-    const Command* command = FindCommand(request.command());
-    const bool beforeLogin = command && (command->flags & kBeforeLogin);
-    if (speaker.user.isEmpty() && !beforeLogin)
-=======
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
     const ServerCommand* command = FindServerCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
     if (peer.user.isEmpty() && !beforeLogin)
->>>>>>> server
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
     if (command->flags & kWrites)
-<<<<<<< HEAD
-        context.store.begin();
-    try {
-        return command->handler(context, speaker, request);
-=======
         server.store.begin();
     try {
         return command->handler(server, peer, request);
->>>>>>> server
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }

@@ -15,21 +15,13 @@
 namespace hotel {
 
 // Who speaks on a connection.
-<<<<<<< HEAD
-struct Speaker {
-=======
 struct Peer {
->>>>>>> server
     QHostAddress address;
     QString user; // empty: not logged in
 };
 
 // What all commands work on.
-<<<<<<< HEAD
-struct CommandContext {
-=======
 struct ServerState {
->>>>>>> server
     Store& store;
     FailureLimit& failures;
     QString productId;                // enters the login digest
@@ -41,12 +33,7 @@ struct CommandAnswer {
     int delay = 0; // milliseconds by which it is to be held back
 };
 
-<<<<<<< HEAD
-using CommandHandler = Answer (*)(CommandContext& context, Speaker& speaker,
-                                  const Request& request);
-=======
 using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const Request& request);
->>>>>>> server
 
 enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
@@ -62,17 +49,10 @@ struct ServerCommand {
 // The command of that name, nullptr when there is none.
 const ServerCommand* FindServerCommand(QStringView name);
 
-<<<<<<< HEAD
-// Answers a request; begins a transaction when the command writes, and leaves the commit to the caller.
-// A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when the store
-// fails.
-Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request);
-=======
 // Answers a request; begins a transaction when the command writes, and leaves the commit to the
 // caller. A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when
 // the store fails.
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);
->>>>>>> server
 
 // `<ERROR>words</ERROR>`
 QString ErrorText(const QString& words);

@@ -21,15 +21,9 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 
 RecordServer::RecordServer(ServerSettings settings)
     : settings_(std::move(settings)),
-<<<<<<< HEAD
-      store_(settings_.dataFolder, Store::Use::Serve), context_{store_, failures_,
-                                                                settings_.productId,
-                                                                settings_.clock} {
-=======
       store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
                                                               settings_.productId,
                                                               settings_.clock} {
->>>>>>> server
     connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
     connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
     listener_.setListenBacklogSize(kListenBacklog);
@@ -99,11 +93,7 @@ void RecordServer::takeRequests(Turn& turn) {
         }
         turn.exchanges.push_back({connection, std::move(*request), {}});
         Exchange& exchange = turn.exchanges.back();
-<<<<<<< HEAD
-        exchange.answer = AnswerRequest(context_, connection->speaker, exchange.request);
-=======
         exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
->>>>>>> server
         if (exchange.answer.delay == 0)
             enqueue(connection);
     }
@@ -112,12 +102,7 @@ void RecordServer::takeRequests(Turn& turn) {
 void RecordServer::answerEachAlone(Turn& turn) {
     for (Exchange& exchange : turn.exchanges) {
         try {
-<<<<<<< HEAD
-            exchange.answer =
-                AnswerRequest(context_, exchange.connection->speaker, exchange.request);
-=======
             exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
->>>>>>> server
             store_.commit();
         } catch (const StoreError& error) {
             store_.rollback();

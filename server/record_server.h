@@ -78,11 +78,7 @@ private:
     ServerSettings settings_;
     Store store_;
     FailureLimit failures_;
-<<<<<<< HEAD
-    CommandContext context_;
-=======
     ServerState state_;
->>>>>>> server
     QTcpServer listener_;
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
