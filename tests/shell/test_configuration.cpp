@@ -28,7 +28,8 @@ void ConfigurationTest::parsed_data() {
                   bool debug) { QTest::newRow(name) << text << address << port << debug; };
 
     row("empty", {}, home, 6801, false);
-    row("all", u"<IP地址>192.168.1.10</IP地址>\r\n<端口地址>7000</端口地址>\r\n<调试方式>1</调试方式>"_s,
+    row("all",
+        u"<IP地址>192.168.1.10</IP地址>\r\n<端口地址>7000</端口地址>\r\n<调试方式>1</调试方式>"_s,
         u"192.168.1.10"_s, 7000, true);
     row("seven characters of address", u"<IP地址>1.1.1.1</IP地址>"_s, home, 6801, false);
     row("eight characters of address", u"<IP地址>1.1.1.10</IP地址>"_s, u"1.1.1.10"_s, 6801, false);
@@ -38,7 +39,8 @@ void ConfigurationTest::parsed_data() {
     row("port of words", u"<端口地址>端口号码</端口地址>"_s, home, 6801, false);
     row("port beyond all ports", u"<端口地址>99999</端口地址>"_s, home, 6801, false);
     row("negative port", u"<端口地址>-70</端口地址>"_s, home, 6801, false);
-    row("tag broken over lines", u"<IP地\r\n址>192.168.1.10</IP地址>"_s, u"192.168.1.10"_s, 6801, false);
+    row("tag broken over lines", u"<IP地\r\n址>192.168.1.10</IP地址>"_s, u"192.168.1.10"_s, 6801,
+        false);
     row("debug by word", u"<调试方式>是</调试方式>"_s, home, 6801, false);
     row("debug minus one", u"<调试方式>-1</调试方式>"_s, home, 6801, true);
     row("unclosed tags", u"<IP地址>192.168.1.10<端口地址>7000"_s, home, 6801, false);

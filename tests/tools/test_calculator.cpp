@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "record/literals.h"
 #include "tests/hotel_test.h"
 #include "tools/CalcSub.h"
 

@@ -245,7 +245,7 @@ private Q_SLOTS:
         const QString users = Read(file);
         const QString allRights = GetTag(GetTag(users, u"ADMIN"), u"岗位码");
         const QStringList known = allRights.split(u'\n', Qt::SkipEmptyParts);
-        QCOMPARE(known.size(), 53);
+        QCOMPARE(known.size(), 55);
         for (FieldWalk user(users); user.next();) {
             const QString name = user.name().toString();
             QCOMPARE(name, name.toUpper());

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QTest>
 
+#include "record/literals.h"
 #include "tests/hotel_test.h"
 #include "tools/identity_number.h"
 
