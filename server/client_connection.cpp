@@ -15,12 +15,12 @@ constexpr qint64 kReadAhead = 256 * 1024;
 // zero byte is none when it begins the one character whose first half is zero.
 void BlankControls(QByteArray& bytes) {
     constexpr char kAfterZero = char(0x80);
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const quint8 byte = quint8(bytes[i]);
-        if (byte >= ' ' || byte == '\r' || byte == '\n')
+    char* const end = bytes.data() + bytes.size();
+    for (char* at = bytes.data(); at != end; ++at) {
+        if (quint8(*at) >= ' ' || *at == '\r' || *at == '\n')
             continue;
-        if (byte != 0 || i + 1 == bytes.size() || bytes[i + 1] != kAfterZero)
-            bytes[i] = ' ';
+        if (*at != 0 || at + 1 == end || at[1] != kAfterZero)
+            *at = ' ';
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QAbstractEventDispatcher>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QTcpSocket>
 
@@ -32,6 +34,8 @@ RecordServer::RecordServer(ServerSettings settings)
                          QString::number(settings_.port) + u": " + listener_.errorString());
     connect(&stallTimer_, &QTimer::timeout, this, &RecordServer::dropStalled);
     stallTimer_.start(settings_.stallLimit / 4);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &RecordServer::dispatcher_aboutToBlock);
 }
 
 RecordServer::~RecordServer() = default;
@@ -52,17 +56,18 @@ void RecordServer::listener_acceptError() {
 void RecordServer::enqueue(ClientConnection* connection) {
     if (!std::exchange(connection->queued, true))
         queue_.push_back(connection);
-    postTurn();
 }
 
-// The turn is taken behind all sockets that are ready in this pass of the loop.
-void RecordServer::postTurn() {
-    if (!std::exchange(turnPosted_, true))
-        QMetaObject::invokeMethod(this, &RecordServer::takeTurn, Qt::QueuedConnection);
+// Runs when all sockets that are ready in this pass of the loop have been heard.
+void RecordServer::dispatcher_aboutToBlock() {
+    if (queue_.empty())
+        return;
+    takeTurn();
+    if (!queue_.empty())
+        QAbstractEventDispatcher::instance()->wakeUp(); // the next turn is due at once
 }
 
 void RecordServer::takeTurn() {
-    turnPosted_ = false;
     Turn turn;
     try {
         takeRequests(turn);
@@ -74,8 +79,6 @@ void RecordServer::takeTurn() {
     }
     sendAnswers(turn);
     letGo(turn);
-    if (!queue_.empty())
-        postTurn();
 }
 
 void RecordServer::takeRequests(Turn& turn) {

@@ -65,8 +65,8 @@ private:
 
     void listener_newConnection();
     void listener_acceptError();
+    void dispatcher_aboutToBlock();
     void enqueue(ClientConnection* connection);
-    void postTurn();
     void takeTurn();
     void takeRequests(Turn& turn);
     void answerEachAlone(Turn& turn);
@@ -82,7 +82,6 @@ private:
     QTcpServer listener_;
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
-    bool turnPosted_ = false;
 };
 
 } // namespace hotel
