@@ -174,8 +174,8 @@ void Store::rollback() {
     before_.clear();
 }
 
-// Keeps a file as it stands, ahead of its first change in the transaction. Its projects are not kept:
-// they are read again when they are asked for.
+// Keeps a file as it stands, ahead of its first change in the transaction. Its projects are not
+// kept: they are read again when they are asked for.
 void Store::remember(const QString& key) {
     if (before_.contains(key))
         return;
