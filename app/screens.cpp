@@ -11,13 +11,13 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"RzjdFrm", u"Zkcx",     u"KrhfFrm", u"PicCap",  u"Ftxxfrm",  u"frmWX",    u"frmShw",
-    u"frmTimer", u"Jzhfrm",  u"FyxxFrm", u"YstjFrm", u"JztfFrm",  u"Yecy",     u"YybbFrm",
-    u"Userfrm", u"RoomSet",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD",    u"Pmxs",
-    u"ShopSet", u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",     u"HdfjFrm",
-    u"Wffj",    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",    u"frmCx",
-    u"FlmcFrm", u"ParaFrm",  u"QVRView", u"Xtwh",    u"PrtForm",  u"Gys",      u"Gyxx",
-    u"QfyjFrm", u"QfdxFrm",  u"PlDyxf",  u"SetPass",
+    u"RzjdFrm",  u"Zkcx",     u"KrhfFrm", u"PicCap",  u"Ftxxfrm",  u"frmWX", u"frmShw",
+    u"frmTimer", u"Jzhfrm",   u"FyxxFrm", u"YstjFrm", u"JztfFrm",  u"Yecy",  u"YybbFrm",
+    u"Userfrm",  u"RoomSet",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD", u"Pmxs",
+    u"ShopSet",  u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",  u"HdfjFrm",
+    u"Wffj",     u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj", u"frmCx",
+    u"FlmcFrm",  u"ParaFrm",  u"QVRView", u"Xtwh",    u"PrtForm",  u"Gys",   u"Gyxx",
+    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",  u"SetPass",
 };
 
 bool IsToCome(QStringView screen) {

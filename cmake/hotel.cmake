@@ -43,11 +43,15 @@ function(hotel_program name kind)
     target_precompile_headers(${name} REUSE_FROM hotel_pch_${kind})
 endfunction()
 
-# hotel_test(record CORE|GUI SOURCES ... LINKS ...): one Qt Test executable for a folder.
-# Tests never need a display.
+# hotel_test(record CORE|GUI SOURCES ... LINKS ...): one Qt Test executable for a folder; its classes
+# register themselves (tests/hotel_test.h). Tests never need a display.
 function(hotel_test folder kind)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
-    hotel_program(test_${folder} ${kind} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} Qt6::Test)
+    string(TOLOWER ${kind} lower)
+    hotel_program(test_${folder} ${kind}
+        SOURCES ${ARG_SOURCES} ${CMAKE_SOURCE_DIR}/tests/hotel_test.cpp
+                ${CMAKE_SOURCE_DIR}/tests/main_${lower}.cpp
+        LINKS ${ARG_LINKS} Qt6::Test)
     add_test(NAME ${folder} COMMAND test_${folder})
     set_tests_properties(${folder} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FORCE_STDERR_LOGGING=1" TIMEOUT 900)

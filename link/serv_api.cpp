@@ -187,9 +187,9 @@ QString DbCheckFile(QStringView file, FileCheck code) {
     return result.isEmpty() ? u"-1"_s : result;
 }
 
-QString DbFileList(const QString& path, const QString& description, int n) {
+QString DbFileList(QStringView path, QStringView description, int n) {
     ListMemo& memo = Link().memos().files;
-    const QStringList arguments{path, description};
+    const QStringList arguments{path.toString(), description.toString()};
     if (MustFetch(memo, arguments, n)) {
         memo = {};
         const QString answer = Ask(CommandLine(u"数据库清单") + Field(u"路径名", path) +
@@ -211,9 +211,9 @@ int DbDeleteProject(QStringView file, QStringView project) {
                   Line(kProject, TrimWhite(project)));
 }
 
-QString DbProjectList(const QString& file, int n) {
+QString DbProjectList(QStringView file, int n) {
     ListMemo& memo = Link().memos().projects;
-    const QStringList arguments{file};
+    const QStringList arguments{file.toString()};
     if (MustFetch(memo, arguments, n)) {
         memo = {};
         const QString answer = Ask(CommandLine(u"项目清单") + Field(kFile, file));
@@ -319,9 +319,9 @@ int DbDeleteRecord(QStringView file, QStringView project, QStringView record) {
     return Status(CommandLine(u"删除记录") + TrimmedPlace(file, project, record));
 }
 
-QString DbRecordList(const QString& file, const QString& project, int n) {
+QString DbRecordList(QStringView file, QStringView project, int n) {
     ListMemo& memo = Link().memos().records;
-    const QStringList arguments{file, project};
+    const QStringList arguments{file.toString(), project.toString()};
     if (MustFetch(memo, arguments, n)) {
         memo = {};
         const QString answer =
@@ -345,16 +345,15 @@ QString DbFindRecords(QStringView file, QStringView project, QStringView require
     return Entry(memo.entries, n);
 }
 
-QString DbFieldFind(const QString& file, const QString& project, const QString& conditionText,
-                    int n) {
+QString DbFieldFind(QStringView file, QStringView project, QStringView conditionText, int n) {
     ListMemo& memo = Link().memos().foundByConditions;
-    const QStringList arguments{TrimWhite(file), TrimWhite(project), conditionText};
+    const QStringList arguments{TrimWhite(file), TrimWhite(project), conditionText.toString()};
     if (MustFetch(memo, arguments, n)) {
         memo = {};
         if (LeadingNumber(DbCheckFile(arguments[0], kFileExists)) < 0)
             return {};
         const QString answer = Ask(CommandLine(u"字段查找") + Field(kFile, arguments[0]) +
-                                   OptionalField(kProject, arguments[1]) + conditionText + kCrLf);
+                                   OptionalField(kProject, arguments[1]) + arguments[2] + kCrLf);
         if (IsError(answer))
             return {};
         memo = {ListEntries(answer, u"记录清单", kRecordListLimit), arguments};

@@ -63,13 +63,13 @@ enum FileCheck : qint16 {
 QString DbCheckFile(QStringView file, FileCheck code);
 
 // The files below `path` whose description matches.
-QString DbFileList(const QString& path, const QString& description, int n);
+QString DbFileList(QStringView path, QStringView description, int n);
 
 // Projects
 
 int DbCreateProject(QStringView file, QStringView project, QStringView initialValue = {});
 int DbDeleteProject(QStringView file, QStringView project);
-QString DbProjectList(const QString& file, int n);
+QString DbProjectList(QStringView file, int n);
 
 // Records
 
@@ -93,7 +93,7 @@ int DbModifyRecord(QStringView file, QStringView project, QStringView record, QS
 int DbCreateRecord(QStringView file, QStringView project, QStringView record, QStringView value);
 int DbDeleteRecord(QStringView file, QStringView project, QStringView record);
 
-QString DbRecordList(const QString& file, const QString& project, int n);
+QString DbRecordList(QStringView file, QStringView project, int n);
 
 // Names of the records found by keywords: all of `required`, any of `optional`, none of `excluded`,
 // each separated by ","; an empty `project` searches the whole file. With n above 1 the list of the
@@ -103,8 +103,7 @@ QString DbFindRecords(QStringView file, QStringView project, QStringView require
 
 // Names of the records found by a condition text (record/conditions.h). Asks first whether the file
 // exists; where it does not, nothing is found.
-QString DbFieldFind(const QString& file, const QString& project, const QString& conditionText,
-                    int n);
+QString DbFieldFind(QStringView file, QStringView project, QStringView conditionText, int n);
 
 // Files of the workstation. Meant for pictures and small format files: the content travels in one
 // command, in hexadecimal, and one of a million bytes or more is not received.

@@ -41,6 +41,8 @@ struct Condition {
     QString object;   // field tag, or "记录名"
     QString op;       // a word of OperatorWords()
     QString target;
+
+    bool operator==(const Condition&) const = default;
 };
 
 // The operators in the order in which the query form offers them.

@@ -11,7 +11,7 @@ namespace {
 struct SortKey {
     bool isNumber = false;
     double number = 0;
-    QString text;
+    QStringView text;
     qsizetype row = 0;
 };
 
@@ -121,7 +121,7 @@ void TextTable::sort(int column, Order order, bool descending) {
     std::vector<SortKey> keys;
     keys.reserve(size_t(dataRows()));
     for (qsizetype row = 1; row < rows_.size(); ++row)
-        keys.push_back(MakeKey(rows_[row][column], row, order));
+        keys.push_back(MakeKey(rows_.at(row).at(column), row, order));
     std::stable_sort(keys.begin(), keys.end(), [descending](const SortKey& a, const SortKey& b) {
         return descending ? IsLess(b, a) : IsLess(a, b);
     });
@@ -129,7 +129,7 @@ void TextTable::sort(int column, Order order, bool descending) {
     sorted.reserve(rows_.size());
     sorted.append(rows_.first());
     for (const SortKey& key : keys)
-        sorted.append(rows_[key.row]);
+        sorted.append(std::move(rows_[key.row]));
     rows_ = std::move(sorted);
 }
 

@@ -35,8 +35,8 @@ inline constexpr QStringView kAddress = u"IP地址";
 
 // Rights that are not those of an entry in the main menu.
 namespace right {
-inline constexpr QStringView kSetPassword = u"密码设定";  // change the own password at login
-inline constexpr QStringView kAdjustDate = u"日期调整";   // no date note in the operation log
+inline constexpr QStringView kSetPassword = u"密码设定";    // change the own password at login
+inline constexpr QStringView kAdjustDate = u"日期调整";     // no date note in the operation log
 inline constexpr QStringView kTimedReminders = u"定时提醒"; // reminders run in the background
 } // namespace right
 

@@ -23,10 +23,14 @@ constexpr int kShowAfterMilliseconds = 400;
 
 QString StateWords(const QString& state) {
     static const QHash<QString, QString> words = {
-        {u""_s, u"从未连接"_s},          {u"-1"_s, u"正在直接连接"_s},
-        {u"0"_s, u"已关闭"_s},           {u"1"_s, u"已连接"_s},
-        {u"2"_s, u"等待直接连接"_s},     {u"3"_s, u"等待代理连接"_s},
-        {u"4"_s, u"正在连接代理"_s},     {u"5"_s, u"代理握手：验证方式"_s},
+        {u""_s, u"从未连接"_s},
+        {u"-1"_s, u"正在直接连接"_s},
+        {u"0"_s, u"已关闭"_s},
+        {u"1"_s, u"已连接"_s},
+        {u"2"_s, u"等待直接连接"_s},
+        {u"3"_s, u"等待代理连接"_s},
+        {u"4"_s, u"正在连接代理"_s},
+        {u"5"_s, u"代理握手：验证方式"_s},
         {u"6"_s, u"代理握手：连接请求"_s},
     };
     return words.value(state);
@@ -66,8 +70,8 @@ LinkWindow::LinkWindow(Wck_comm& link, bool debugMode)
     content->setRowStretch(2, 3);
     content->setRowStretch(4, 2);
     setContent(content);
-    addCommands({{u"CmdStop"_s, u"停止等待"_s, [this] { link_.stopWaiting(); }, {},
-                  CommandKind::Stop}});
+    addCommands(
+        {{u"CmdStop"_s, u"停止等待"_s, [this] { link_.stopWaiting(); }, {}, CommandKind::Stop}});
 
     showSoon_->setSingleShot(true);
     showSoon_->setInterval(kShowAfterMilliseconds);

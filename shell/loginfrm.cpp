@@ -15,8 +15,8 @@
 #include "session/session.h"
 #include "shell/backdrop.h"
 #include "shell/login.h"
-#include "shell/mainfrm.h"
 #include "shell/main_menu.h"
+#include "shell/mainfrm.h"
 
 namespace hotel {
 

@@ -60,8 +60,7 @@ constexpr MenuEntry kPersonnel[] = {
     {u"Bmsd_cmd", u"部门设定", u"部门设定", u"frmBm", u"单位部门设定", u"人事管理"},
     {u"Ygxx_cmd", u"员工信息", u"员工信息", u"FrmYgxx", u"员工详细信息操作", u"人事管理"},
     {u"Kq_cmd", u"员工考勤", u"员工考勤", u"FrmKq", u"启动考勤功能", u"开始考勤"},
-    {u"Kqxd_cmd", u"考勤修订", u"考勤修订", u"frmCheck", u"检查修正考勤中的错误纪录",
-     u"考勤修订"},
+    {u"Kqxd_cmd", u"考勤修订", u"考勤修订", u"frmCheck", u"检查修正考勤中的错误纪录", u"考勤修订"},
     {u"Kqtj_cmd", u"考勤统计", u"考勤统计", u"FrmTj",
      u"根据修订过的考勤日统计分析信息，生成某时段考勤统计表", u"考勤统计"},
     {u"Kqcx_cmd", u"考勤查询", u"考勤查询", u"frmCx", u"详细查询历史考勤纪录", u"考勤查询"},
@@ -84,10 +83,10 @@ constexpr MenuEntry kBusinessData[] = {
 };
 
 constexpr MenuGroup kGroups[] = {
-    {u"Qtjd_cmd", u"前台接待", kFrontDesk},  {u"Kfzx_cmd", u"客房中心", kHousekeeping},
-    {u"Syjs_cmd", u"收银结算", kCashier},    {u"Jlbg_cmd", u"经理办公", kManager},
-    {u"Xsyd_cmd", u"销售预定", kSales},      {u"SwCy_cmd", u"商务餐娱", kBusiness},
-    {u"Rsgl_cmd", u"人事管理", kPersonnel},  {u"Xtgl_cmd", u"系统管理", kSystem},
+    {u"Qtjd_cmd", u"前台接待", kFrontDesk},    {u"Kfzx_cmd", u"客房中心", kHousekeeping},
+    {u"Syjs_cmd", u"收银结算", kCashier},      {u"Jlbg_cmd", u"经理办公", kManager},
+    {u"Xsyd_cmd", u"销售预定", kSales},        {u"SwCy_cmd", u"商务餐娱", kBusiness},
+    {u"Rsgl_cmd", u"人事管理", kPersonnel},    {u"Xtgl_cmd", u"系统管理", kSystem},
     {u"Zlxx_cmd", u"资料信息", kBusinessData},
 };
 

@@ -13,12 +13,12 @@
 namespace hotel {
 
 struct MenuEntry {
-    QStringView control;   // object name of the button
-    QStringView right;     // empty: no right tests it
+    QStringView control; // object name of the button
+    QStringView right;   // empty: no right tests it
     QStringView caption;
-    QStringView screen;    // the name under which app/ knows the screen
-    QStringView operation; // line of the operation log on opening; empty: none is written
-    QStringView remark;
+    QStringView screen;         // the name under which app/ knows the screen
+    QStringView operation = {}; // line of the operation log on opening; empty: none is written
+    QStringView remark = {};
 };
 
 struct MenuGroup {

@@ -13,11 +13,10 @@ namespace hotel {
 namespace {
 
 constexpr QStringView kRowNumber = u"编号";
-constexpr QStringView kRowNumberFormat = u"#00";
 
 void AddRow(TextTable& table, QStringView rowText) {
     const int row = table.addRow();
-    table.setText(row, 0, FormatNumber(qint64(row), kRowNumberFormat));
+    table.setText(row, 0, FormatNumber(qint64(row), kCategoryNumberFormat));
     FieldWalk cell(rowText);
     for (int n = 1; n <= kCategoryColumnLimit && cell.next(); ++n) {
         int column = table.column(cell.name());
@@ -30,7 +29,7 @@ void AddRow(TextTable& table, QStringView rowText) {
 } // namespace
 
 QString CategoryRowTag(int row) {
-    return u"记录"_s + FormatNumber(qint64(row), kRowNumberFormat);
+    return u"记录"_s + FormatNumber(qint64(row), kCategoryNumberFormat);
 }
 
 QStringList CategoryEntries(QStringView categoryText) {

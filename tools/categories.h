@@ -39,6 +39,9 @@ inline constexpr QStringView kRoomStates = u"房态";
 inline constexpr QStringView kGuarantees = u"信用保证种类";
 } // namespace category
 
+// How the number of a row is written, in its tag and in lists.
+inline constexpr QStringView kCategoryNumberFormat = u"#00";
+
 // Tag of a row, counted from 1: "记录01", "记录100".
 QString CategoryRowTag(int row);
 

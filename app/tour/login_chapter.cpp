@@ -35,14 +35,20 @@ void TourOfLogin(Tour& tour) {
     tour.type(tour.login(), u"usercmb"_s, u"qiantai"_s);
     tour.type(tour.login(), u"Password"_s, u"wrong"_s);
     tour.press(tour.login(), u"Logincmd"_s);
-    tour.expect(tour.messages().last().startsWith(u"用户名与密码不匹配！"), u"错误的密码没有被拒绝"_s);
+    tour.expect(tour.messages().last().startsWith(u"用户名与密码不匹配！"),
+                u"错误的密码没有被拒绝"_s);
 
     const Role roles[] = {
-        {u"QIANTAI"_s, u"111111"_s, u"Qtjd_cmd"_s}, {u"KEFANG"_s, u"333333"_s, u"Kfzx_cmd"_s},
-        {u"SHOUYIN"_s, u"444444"_s, u"Syjs_cmd"_s}, {u"JINGLI"_s, u"666666"_s, u"Jlbg_cmd"_s},
-        {u"XIAOSHOU"_s, u"777777"_s, u"Xsyd_cmd"_s}, {u"ZONGJI"_s, u"888888"_s, u"SwCy_cmd"_s},
-        {u"RENSHI"_s, u"123456"_s, u"Rsgl_cmd"_s}, {u"ADMIN"_s, u"admin888"_s, u"Xtgl_cmd"_s},
-        {u"BENJI"_s, u"654321"_s, u"Zlxx_cmd"_s}, {u"CHAXUN"_s, {}, u"Qtjd_cmd"_s},
+        {u"QIANTAI"_s, u"111111"_s, u"Qtjd_cmd"_s},
+        {u"KEFANG"_s, u"333333"_s, u"Kfzx_cmd"_s},
+        {u"SHOUYIN"_s, u"444444"_s, u"Syjs_cmd"_s},
+        {u"JINGLI"_s, u"666666"_s, u"Jlbg_cmd"_s},
+        {u"XIAOSHOU"_s, u"777777"_s, u"Xsyd_cmd"_s},
+        {u"ZONGJI"_s, u"888888"_s, u"SwCy_cmd"_s},
+        {u"RENSHI"_s, u"123456"_s, u"Rsgl_cmd"_s},
+        {u"ADMIN"_s, u"admin888"_s, u"Xtgl_cmd"_s},
+        {u"BENJI"_s, u"654321"_s, u"Zlxx_cmd"_s},
+        {u"CHAXUN"_s, {}, u"Qtjd_cmd"_s},
         {u"SHIXI"_s, u"000000"_s, {}},
     };
     for (const Role& role : roles) {

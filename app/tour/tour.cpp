@@ -87,8 +87,9 @@ void Tour::waitFor(const std::function<bool()>& condition, const QString& words)
 
 void Tour::expect(bool condition, const QString& words) {
     if (!condition)
-        throw TourFailure(words + (messages_.last().isEmpty() ? QString()
-                                                             : u"（"_s + messages_.last() + u"）"_s));
+        throw TourFailure(words + (messages_.last().isEmpty()
+                                       ? QString()
+                                       : u"（"_s + messages_.last() + u"）"_s));
 }
 
 } // namespace hotel

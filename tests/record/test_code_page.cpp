@@ -1,6 +1,7 @@
 #include "record/code_page.h"
 #include "record/literals.h"
 #include "record/record_text.h"
+#include "tests/hotel_test.h"
 
 #include <QTest>
 
@@ -110,9 +111,6 @@ private Q_SLOTS:
     }
 };
 
-int TestCodePage(int argc, char** argv) {
-    CodePageTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(CodePageTest)
 
 #include "test_code_page.moc"

@@ -1,5 +1,6 @@
 #include "record/conditions.h"
 #include "record/record_text.h"
+#include "tests/hotel_test.h"
 
 #include <QTest>
 
@@ -264,9 +265,6 @@ private Q_SLOTS:
     }
 };
 
-int TestConditions(int argc, char** argv) {
-    ConditionsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(ConditionsTest)
 
 #include "test_conditions.moc"

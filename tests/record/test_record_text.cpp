@@ -2,6 +2,7 @@
 
 #include "record/field_walk.h"
 #include "record/record_text.h"
+#include "tests/hotel_test.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -277,9 +278,6 @@ private Q_SLOTS:
     }
 };
 
-int TestRecordText(int argc, char** argv) {
-    RecordTextTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(RecordTextTest)
 
 #include "test_record_text.moc"

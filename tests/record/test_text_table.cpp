@@ -1,5 +1,6 @@
 #include "record/literals.h"
 #include "record/text_table.h"
+#include "tests/hotel_test.h"
 
 #include <QTest>
 
@@ -137,9 +138,6 @@ private Q_SLOTS:
     }
 };
 
-int TestTextTable(int argc, char** argv) {
-    TextTableTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(TextTableTest)
 
 #include "test_text_table.moc"

@@ -12,6 +12,7 @@
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "type_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -186,9 +187,6 @@ private Q_SLOTS:
     }
 };
 
-int TestFieldForm(int argc, char** argv) {
-    FieldFormTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(FieldFormTest)
 
 #include "test_field_form.moc"

@@ -10,6 +10,7 @@
 #include "record/numbers.h"
 #include "screen/grid_view.h"
 #include "type_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -143,9 +144,6 @@ private Q_SLOTS:
     }
 };
 
-int TestGridTyping(int argc, char** argv) {
-    GridTypingTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(GridTypingTest)
 
 #include "test_grid_typing.moc"

@@ -10,6 +10,7 @@
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "type_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -246,9 +247,6 @@ private Q_SLOTS:
     }
 };
 
-int TestGridView(int argc, char** argv) {
-    GridViewTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(GridViewTest)
 
 #include "test_grid_view.moc"

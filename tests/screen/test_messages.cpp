@@ -14,6 +14,7 @@
 #include "screen/messages.h"
 #include "screen/wait_frm.h"
 #include "type_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -156,9 +157,6 @@ private Q_SLOTS:
     }
 };
 
-int TestMessages(int argc, char** argv) {
-    MessagesTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(MessagesTest)
 
 #include "test_messages.moc"

@@ -9,6 +9,7 @@
 #include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -131,9 +132,6 @@ private Q_SLOTS:
     }
 };
 
-int TestOpenScreen(int argc, char** argv) {
-    OpenScreenTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(OpenScreenTest)
 
 #include "test_open_screen.moc"

@@ -12,6 +12,7 @@
 #include "platform/events.h"
 #include "record/literals.h"
 #include "screen/messages.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -223,9 +224,6 @@ private Q_SLOTS:
     }
 };
 
-int TestScreen(int argc, char** argv) {
-    ScreenTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(ScreenTest)
 
 #include "test_screen.moc"

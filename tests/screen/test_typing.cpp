@@ -7,6 +7,7 @@
 #include "screen/date_text.h"
 #include "screen/key_filter.h"
 #include "type_text.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
@@ -103,9 +104,6 @@ private Q_SLOTS:
     }
 };
 
-int TestTyping(int argc, char** argv) {
-    TypingTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(TypingTest)
 
 #include "test_typing.moc"

@@ -1,15 +1,24 @@
-#include "tests/shell/test_configuration.h"
-
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "record/code_page.h"
 #include "record/literals.h"
 #include "shell/configuration.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
-void TestConfiguration::parsed_data() {
+class ConfigurationTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void parsed_data();
+    void parsed();
+    void missingOrUnreadableFileGivesDefaults();
+    void fileInTheCodePageIsRead();
+    void wholeCommandLineIsThePath();
+};
+
+void ConfigurationTest::parsed_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("address");
     QTest::addColumn<int>("port");
@@ -19,7 +28,8 @@ void TestConfiguration::parsed_data() {
                   bool debug) { QTest::newRow(name) << text << address << port << debug; };
 
     row("empty", {}, home, 6801, false);
-    row("all", u"<IP地址>192.168.1.10</IP地址>\r\n<端口地址>7000</端口地址>\r\n<调试方式>1</调试方式>"_s,
+    row("all",
+        u"<IP地址>192.168.1.10</IP地址>\r\n<端口地址>7000</端口地址>\r\n<调试方式>1</调试方式>"_s,
         u"192.168.1.10"_s, 7000, true);
     row("seven characters of address", u"<IP地址>1.1.1.1</IP地址>"_s, home, 6801, false);
     row("eight characters of address", u"<IP地址>1.1.1.10</IP地址>"_s, u"1.1.1.10"_s, 6801, false);
@@ -29,14 +39,15 @@ void TestConfiguration::parsed_data() {
     row("port of words", u"<端口地址>端口号码</端口地址>"_s, home, 6801, false);
     row("port beyond all ports", u"<端口地址>99999</端口地址>"_s, home, 6801, false);
     row("negative port", u"<端口地址>-70</端口地址>"_s, home, 6801, false);
-    row("tag broken over lines", u"<IP地\r\n址>192.168.1.10</IP地址>"_s, u"192.168.1.10"_s, 6801, false);
+    row("tag broken over lines", u"<IP地\r\n址>192.168.1.10</IP地址>"_s, u"192.168.1.10"_s, 6801,
+        false);
     row("debug by word", u"<调试方式>是</调试方式>"_s, home, 6801, false);
     row("debug minus one", u"<调试方式>-1</调试方式>"_s, home, 6801, true);
     row("unclosed tags", u"<IP地址>192.168.1.10<端口地址>7000"_s, home, 6801, false);
     row("garbage", QString(3000, QChar(0xFFFD)), home, 6801, false);
 }
 
-void TestConfiguration::parsed() {
+void ConfigurationTest::parsed() {
     QFETCH(QString, text);
     const Configuration configuration = ParseConfiguration(text);
     QTEST(configuration.address, "address");
@@ -44,7 +55,7 @@ void TestConfiguration::parsed() {
     QTEST(configuration.debugMode, "debug");
 }
 
-void TestConfiguration::missingOrUnreadableFileGivesDefaults() {
+void ConfigurationTest::missingOrUnreadableFileGivesDefaults() {
     QTemporaryDir folder;
     for (const QString& path : {folder.filePath(u"Hotel.Cfg"_s), folder.path()}) {
         const Configuration configuration = ReadConfiguration(path);
@@ -54,7 +65,7 @@ void TestConfiguration::missingOrUnreadableFileGivesDefaults() {
     }
 }
 
-void TestConfiguration::fileInTheCodePageIsRead() {
+void ConfigurationTest::fileInTheCodePageIsRead() {
     QTemporaryDir folder;
     const QString text = u"<IP地址>192.168.1.10</IP地址>"_s;
     for (const QByteArray& bytes : {EncodeForWire(text), text.toUtf8()}) {
@@ -66,8 +77,12 @@ void TestConfiguration::fileInTheCodePageIsRead() {
     }
 }
 
-void TestConfiguration::wholeCommandLineIsThePath() {
+void ConfigurationTest::wholeCommandLineIsThePath() {
     QCOMPARE(ConfigurationPath({u"hotel"_s}, u"/opt/hotel"_s), u"/opt/hotel/Hotel.Cfg"_s);
     QCOMPARE(ConfigurationPath({u"hotel"_s, u"/home/front"_s, u"desk/a.cfg"_s}, u"/opt"_s),
              u"/home/front desk/a.cfg"_s);
 }
+
+HOTEL_TEST(ConfigurationTest)
+
+#include "test_configuration.moc"

@@ -1,15 +1,23 @@
-#include "tests/shell/test_main_menu.h"
-
 #include <QSet>
 #include <QTest>
 
 #include "record/literals.h"
 #include "screen/messages.h"
 #include "shell/main_menu.h"
+#include "tests/hotel_test.h"
 
 using namespace hotel;
 
-void TestMainMenu::nightAuditGate_data() {
+class MainMenuTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void nightAuditGate_data();
+    void nightAuditGate();
+    void controlsAreUnique();
+    void entryWithoutScreenSaysSo();
+};
+
+void MainMenuTest::nightAuditGate_data() {
     QTest::addColumn<QString>("time");
     QTest::addColumn<bool>("open");
     QTest::newRow("before ten") << u"21:59:59"_s << false;
@@ -20,13 +28,13 @@ void TestMainMenu::nightAuditGate_data() {
     QTest::newRow("noon") << u"12:00:00"_s << false;
 }
 
-void TestMainMenu::nightAuditGate() {
+void MainMenuTest::nightAuditGate() {
     QFETCH(QString, time);
     QTEST(NightAuditMayOpen(time), "open");
 }
 
 // Two buttons of one name could not be told apart by their handlers.
-void TestMainMenu::controlsAreUnique() {
+void MainMenuTest::controlsAreUnique() {
     QSet<QStringView> controls;
     int count = 0;
     for (const MenuGroup& group : MainMenu()) {
@@ -41,7 +49,7 @@ void TestMainMenu::controlsAreUnique() {
     QCOMPARE(controls.size(), count);
 }
 
-void TestMainMenu::entryWithoutScreenSaysSo() {
+void MainMenuTest::entryWithoutScreenSaysSo() {
     MessageRecorder messages;
     QStringList opened;
     SetEntryOpener([&](QStringView screen) {
@@ -57,3 +65,7 @@ void TestMainMenu::entryWithoutScreenSaysSo() {
     QCOMPARE(opened, (QStringList{u"Ftxxfrm"_s, u"frmShw"_s}));
     SetEntryOpener({});
 }
+
+HOTEL_TEST(MainMenuTest)
+
+#include "test_main_menu.moc"

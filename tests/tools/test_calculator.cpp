@@ -1,6 +1,7 @@
 #include <QTest>
 
-#include "tests/tools/tests.h"
+#include "record/literals.h"
+#include "tests/hotel_test.h"
 #include "tools/CalcSub.h"
 
 namespace hotel {
@@ -136,10 +137,7 @@ private Q_SLOTS:
     }
 };
 
-int RunCalculatorTests(int argc, char** argv) {
-    CalculatorTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(CalculatorTest)
 
 } // namespace hotel
 

@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "record/record_text.h"
-#include "tests/tools/tests.h"
+#include "tests/hotel_test.h"
 #include "tools/categories.h"
 
 namespace hotel {
@@ -92,10 +92,7 @@ private Q_SLOTS:
     }
 };
 
-int RunCategoriesTests(int argc, char** argv) {
-    CategoriesTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(CategoriesTest)
 
 } // namespace hotel
 

@@ -1,7 +1,8 @@
 #include <QFile>
 #include <QTest>
 
-#include "tests/tools/tests.h"
+#include "record/literals.h"
+#include "tests/hotel_test.h"
 #include "tools/identity_number.h"
 
 namespace hotel {
@@ -82,10 +83,7 @@ private Q_SLOTS:
     void turnsFullWidthToPlain() { QCOMPARE(ToHalfWidth(u"１１０１08Ｘｘ。"), u"110108Xx。"_s); }
 };
 
-int RunIdentityNumberTests(int argc, char** argv) {
-    IdentityNumberTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+HOTEL_TEST(IdentityNumberTest)
 
 } // namespace hotel
 

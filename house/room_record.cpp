@@ -1,0 +1,88 @@
+#include "house/room_record.h"
+
+#include "house/paths.h"
+#include "house/records.h"
+#include "house/room_status.h"
+#include "record/field_walk.h"
+#include "record/numbers.h"
+#include "record/record_text.h"
+
+namespace hotel {
+
+namespace {
+
+void FillRoomRow(TextTable& grid, int row, QStringView record) {
+    for (int column = 1; column < grid.cols(); ++column)
+        grid.setText(row, column, RoomCell(record, grid.headers().at(column)));
+}
+
+} // namespace
+
+QString GuestTag(int bed) {
+    return u"客人"_s + FormatNumber(bed, u"00");
+}
+
+QList<RoomEntry> LoadRooms() {
+    const QString project = ReadProject(RoomDatabaseFile(), room_record::kProject);
+    QList<RoomEntry> rooms;
+    FieldWalk walk(project);
+    while (rooms.size() < kRoomLimit && walk.next())
+        rooms.append({walk.name().toString(), walk.value().toString()});
+    return rooms;
+}
+
+QString GetKfjbxx(QStringView room) {
+    return ReadRecord(RoomDatabaseFile(), room_record::kProject, room);
+}
+
+int SetKfjbxx(QStringView room, QStringView record) {
+    return SaveRecord(RoomDatabaseFile(), room_record::kProject, room, record);
+}
+
+int SetKfft(QStringView room, QStringView status) {
+    EnsureProject(RoomDatabaseFile(), room_record::kProject);
+    const QString record = GetKfjbxx(room);
+    return record.isEmpty() ? -1 : SetKfjbxx(room, SetTag(record, room_record::kStatus, status));
+}
+
+QString GetKfrzxx(QStringView room) {
+    return ReadProject(RoomFile(room), room_record::kStayProject);
+}
+
+int SaveRmRec(QStringView room, QStringView guests) {
+    return SaveProject(RoomFile(room), room_record::kStayProject, guests);
+}
+
+int BedsOfRoom(QStringView record) {
+    return int(LeadingNumber(GetTag(record, room_record::kBeds)));
+}
+
+int GuestsAtSale(QStringView record) {
+    if (IsVacant(StatusAtSale(GetTag(record, room_record::kStatus))))
+        return 0;
+    return int(LeadingNumber(GetTag(record, room_record::kGuests)));
+}
+
+QString RoomCell(QStringView record, QStringView title) {
+    const QString value = GetTag(record, title);
+    return title.endsWith(u'数') ? FormatText(value, u"#0") : value;
+}
+
+void LoadkfQd(TextTable& grid) {
+    grid.clearRows();
+    for (const RoomEntry& room : LoadRooms())
+        FillRoomRow(grid, grid.addRow(), room.record);
+    grid.sort(grid.column(room_record::kNumber), TextTable::Order::Natural);
+    grid.numberRows(0);
+}
+
+void UpdateKfGrid(TextTable& grid, const QString& room) {
+    int row = grid.find(grid.column(room_record::kNumber), room);
+    if (row < 0) {
+        row = grid.addRow();
+        grid.setText(row, 0, FormatNumber(row, u"#0"));
+    }
+    FillRoomRow(grid, row, GetKfjbxx(room));
+}
+
+} // namespace hotel

@@ -1,0 +1,77 @@
+#pragma once
+
+// One workstation's connection: bytes in, requests out; answers in, bytes out. It never blocks and
+// holds a bounded amount of what its client has not taken yet.
+
+#include <optional>
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTcpSocket>
+
+#include "server/command_table.h"
+#include "server/request_reader.h"
+
+namespace hotel {
+
+class ClientConnection : public QObject {
+    Q_OBJECT
+
+public:
+    // Takes over `socket`. While more than `unsentLimit` bytes wait to be sent, no request is
+    // taken.
+    ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
+
+    Peer peer;
+
+    // The next request that is to be answered now; nothing when there is none, or when the client
+    // has to take answers first.
+    std::optional<Request> next();
+
+    // Queues the answer of request `number`; after `answer.delay` milliseconds if it says so, and
+    // until then no request is taken. Control characters that the wire can't carry become blanks.
+    void answer(const QByteArray& number, const CommandAnswer& answer);
+
+    // Sends what was queued, as far as the client takes it.
+    void flush() { socket_->flush(); }
+
+    // The client has gone.
+    bool gone() const { return gone_; }
+
+    // What the client sent is no request: nothing more can be read.
+    bool refused() const { return reader_.refused(); }
+
+    // Ends the connection when the queued answers have been sent.
+    void close() { socket_->disconnectFromHost(); }
+
+    // Reads what has arrived up to now, without waiting for more.
+    void readArrived();
+
+    // Waits up to `milliseconds` until the queued answers have been handed over.
+    void finishSending(int milliseconds);
+
+    // Ends the connection at once when answers have been waiting for `milliseconds` without the
+    // client taking any.
+    void dropIfStalled(qint64 milliseconds);
+
+    bool queued = false; // stands in the server's queue
+
+Q_SIGNALS:
+    // There may be a request to take, or the connection has come to its end.
+    void ready(hotel::ClientConnection* connection);
+
+private:
+    void socket_bytesWritten();
+    void socket_disconnected();
+    void send(const QByteArray& number, const QString& text);
+    bool choked() const { return !gone_ && socket_->bytesToWrite() > unsentLimit_; }
+
+    QTcpSocket* socket_;
+    qsizetype unsentLimit_;
+    RequestReader reader_;
+    QElapsedTimer progress_; // since the client last took something
+    bool held_ = false;      // an answer is being held back
+    bool gone_ = false;
+};
+
+} // namespace hotel

@@ -1,0 +1,60 @@
+#pragma once
+
+// The commands of the wire: one table of name, handler and what the command may and needs.
+
+#include <functional>
+
+#include <QDateTime>
+#include <QHostAddress>
+#include <QString>
+
+#include "server/login.h"
+#include "server/request_reader.h"
+#include "server/store.h"
+
+namespace hotel {
+
+// Who speaks on a connection.
+struct Peer {
+    QHostAddress address;
+    QString user; // empty: not logged in
+};
+
+// What all commands work on.
+struct ServerState {
+    Store& store;
+    FailureLimit& failures;
+    QString productId;                // enters the login digest
+    std::function<QDateTime()> clock; // the house's time
+};
+
+struct CommandAnswer {
+    QString text;  // never empty
+    int delay = 0; // milliseconds by which it is to be held back
+};
+
+using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const Request& request);
+
+enum CommandFlag : unsigned {
+    kBeforeLogin = 1, // answered on a connection that has not logged in
+    kWrites = 2,      // changes the store: runs in a transaction
+};
+
+struct ServerCommand {
+    QStringView name;
+    unsigned flags;
+    CommandHandler handler;
+};
+
+// The command of that name, nullptr when there is none.
+const ServerCommand* FindServerCommand(QStringView name);
+
+// Answers a request; begins a transaction when the command writes, and leaves the commit to the
+// caller. A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when
+// the store fails.
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);
+
+// `<ERROR>words</ERROR>`
+QString ErrorText(const QString& words);
+
+} // namespace hotel

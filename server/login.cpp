@@ -1,0 +1,55 @@
+#include "server/login.h"
+
+#include <algorithm>
+
+#include "record/login_digest.h"
+#include "record/record_text.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr qint64 kFailureMemory = 60'000; // milliseconds
+constexpr int kFreeFailures = 10;
+constexpr int kDelayStep = 500; // milliseconds more with each failure
+constexpr int kLongestDelay = 10'000;
+
+bool AddressMatches(const QString& allowed, const QHostAddress& address) {
+    return allowed.isEmpty() ||
+           address.isEqual(QHostAddress(allowed), QHostAddress::ConvertV4MappedToIPv4);
+}
+
+} // namespace
+
+LoginVerdict JudgeLogin(Store& store, QStringView productId, const QString& user,
+                        QStringView digest, const QHostAddress& address, QStringView date) {
+    const std::optional<StorePath> file = ParseFilePath(kUserFile);
+    const std::optional<QString> record = store.read(*file, kUserProject, user);
+    if (!record)
+        return LoginVerdict::UnknownUser;
+    if (!AddressMatches(TrimWhite(GetTag(*record, u"IP地址")), address))
+        return LoginVerdict::WrongAddress;
+    const std::optional<QString> expected =
+        LoginDigest(productId, user, GetTag(*record, u"密码"), date);
+    return expected && *expected == digest ? LoginVerdict::Admitted : LoginVerdict::WrongPassword;
+}
+
+bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest, QStringView date) {
+    return LoginDigest(productId, user, u"", date) == digest;
+}
+
+int FailureLimit::delayOfFailure(const QHostAddress& address) {
+    const qint64 now = time_.elapsed();
+    forgetOld(now);
+    Failures& failures = failures_[address];
+    failures.last = now;
+    const int beyond = ++failures.count - kFreeFailures;
+    return std::clamp(beyond, 0, kLongestDelay / kDelayStep) * kDelayStep;
+}
+
+void FailureLimit::forgetOld(qint64 now) {
+    using Entry = QHash<QHostAddress, Failures>::iterator;
+    failures_.removeIf([now](Entry entry) { return now - entry->last > kFailureMemory; });
+}
+
+} // namespace hotel

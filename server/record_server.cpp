@@ -1,0 +1,160 @@
+#include "server/record_server.h"
+
+#include <utility>
+
+#include <QAbstractEventDispatcher>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QTcpSocket>
+
+namespace hotel {
+
+namespace {
+
+// One turn takes no more than this, so that what has arrived meanwhile is seen.
+constexpr qint64 kTurnTime = 5; // milliseconds
+constexpr size_t kTurnRequests = 512;
+
+constexpr int kListenBacklog = 256;
+constexpr int kAcceptPause = 1000; // milliseconds after which a failed accept is tried again
+constexpr int kLastSending = 2000; // milliseconds for a client to take its last answers
+
+} // namespace
+
+RecordServer::RecordServer(ServerSettings settings)
+    : settings_(std::move(settings)),
+      store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
+                                                              settings_.productId,
+                                                              settings_.clock} {
+    connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
+    connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
+    listener_.setListenBacklogSize(kListenBacklog);
+    if (!listener_.listen(settings_.listen, settings_.port))
+        throw StoreError(u"can't listen on "_s + settings_.listen.toString() + u':' +
+                         QString::number(settings_.port) + u": " + listener_.errorString());
+    connect(&stallTimer_, &QTimer::timeout, this, &RecordServer::dropStalled);
+    stallTimer_.start(settings_.stallLimit / 4);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &RecordServer::dispatcher_aboutToBlock);
+}
+
+RecordServer::~RecordServer() = default;
+
+void RecordServer::listener_newConnection() {
+    while (QTcpSocket* socket = listener_.nextPendingConnection()) {
+        auto* connection = new ClientConnection(socket, settings_.unsentLimit, this);
+        connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
+        enqueue(connection);
+    }
+}
+
+// Out of descriptors: whoever waits is taken in when some have come free.
+void RecordServer::listener_acceptError() {
+    QTimer::singleShot(kAcceptPause, this, [this] { listener_.resumeAccepting(); });
+}
+
+void RecordServer::enqueue(ClientConnection* connection) {
+    if (!std::exchange(connection->queued, true))
+        queue_.push_back(connection);
+}
+
+// Runs when all sockets that are ready in this pass of the loop have been heard.
+void RecordServer::dispatcher_aboutToBlock() {
+    if (queue_.empty())
+        return;
+    takeTurn();
+    if (!queue_.empty())
+        QAbstractEventDispatcher::instance()->wakeUp(); // the next turn is due at once
+}
+
+void RecordServer::takeTurn() {
+    Turn turn;
+    try {
+        takeRequests(turn);
+        store_.commit();
+    } catch (const StoreError& error) {
+        qWarning("store: %s", error.what());
+        store_.rollback();
+        answerEachAlone(turn);
+    }
+    sendAnswers(turn);
+    letGo(turn);
+}
+
+void RecordServer::takeRequests(Turn& turn) {
+    QElapsedTimer spent;
+    spent.start();
+    while (!queue_.empty() && turn.exchanges.size() < kTurnRequests &&
+           !spent.hasExpired(kTurnTime)) {
+        ClientConnection* connection = queue_.front();
+        queue_.pop_front();
+        connection->queued = false;
+        std::optional<Request> request = connection->next();
+        if (!request) {
+            turn.drained.push_back(connection);
+            continue;
+        }
+        turn.exchanges.push_back({connection, std::move(*request), {}});
+        Exchange& exchange = turn.exchanges.back();
+        exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
+        if (exchange.answer.delay == 0)
+            enqueue(connection);
+    }
+}
+
+void RecordServer::answerEachAlone(Turn& turn) {
+    for (Exchange& exchange : turn.exchanges) {
+        try {
+            exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
+            store_.commit();
+        } catch (const StoreError& error) {
+            store_.rollback();
+            exchange.answer = {ErrorText(u"数据库不能完成命令："_s + error.words())};
+        }
+        enqueue(exchange.connection);
+    }
+}
+
+void RecordServer::sendAnswers(const Turn& turn) {
+    for (const Exchange& exchange : turn.exchanges)
+        exchange.connection->answer(exchange.request.number(), exchange.answer);
+    for (const Exchange& exchange : turn.exchanges)
+        exchange.connection->flush();
+}
+
+void RecordServer::letGo(const Turn& turn) {
+    for (ClientConnection* connection : turn.drained) {
+        if (connection->queued)
+            continue;
+        if (connection->gone()) {
+            connection->disconnect(this);
+            connection->deleteLater();
+        } else if (connection->refused()) {
+            connection->close();
+        }
+    }
+}
+
+QList<ClientConnection*> RecordServer::connections() const {
+    return findChildren<ClientConnection*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void RecordServer::dropStalled() {
+    for (ClientConnection* connection : connections())
+        connection->dropIfStalled(settings_.stallLimit);
+}
+
+void RecordServer::finish() {
+    listener_.close();
+    for (ClientConnection* connection : connections()) {
+        connection->readArrived();
+        enqueue(connection);
+    }
+    while (!queue_.empty())
+        takeTurn();
+    const QDeadlineTimer deadline(kLastSending);
+    for (ClientConnection* connection : connections())
+        connection->finishSending(int(deadline.remainingTime()));
+}
+
+} // namespace hotel

@@ -1,0 +1,87 @@
+#pragma once
+
+// The record server: answers the workstations' requests from one store.
+//
+// One thread, one loop. All requests that arrive in one turn of the loop are answered together:
+// their changes share one commit, and no answer leaves before it. When the commit fails, each
+// request of the turn is tried again by itself, so that one that can't be done takes no other with
+// it.
+//
+// A turn is short whatever is waiting, and takes one request of each connection after the other; a
+// client that sends without reading, or reads nothing, holds up nobody but itself.
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <QDateTime>
+#include <QHostAddress>
+#include <QObject>
+#include <QTcpServer>
+#include <QTimer>
+
+#include "record/login_digest.h"
+#include "server/client_connection.h"
+#include "server/command_table.h"
+#include "server/store.h"
+
+namespace hotel {
+
+struct ServerSettings {
+    QString dataFolder;
+    QHostAddress listen{QHostAddress::LocalHost};
+    quint16 port = 6801;                       // 0: any free one
+    QString productId = kProductId.toString(); // enters the login digest
+    std::function<QDateTime()> clock;          // called on the server's thread
+    qsizetype unsentLimit = 4 * 1024 * 1024;   // bytes of answers a client may leave untaken
+    int stallLimit = 60'000;                   // milliseconds after which it is dropped then
+};
+
+class RecordServer : public QObject {
+    Q_OBJECT
+
+public:
+    // Opens the store and listens. Throws StoreError when the store can't be served or the address
+    // can't be had.
+    explicit RecordServer(ServerSettings settings);
+    ~RecordServer() override;
+
+    quint16 port() const { return listener_.serverPort(); }
+
+    // Takes no more connections, answers what has been received and closes all connections.
+    void finish();
+
+private:
+    struct Exchange {
+        ClientConnection* connection;
+        Request request;
+        CommandAnswer answer;
+    };
+    struct Turn {
+        std::vector<Exchange> exchanges;
+        std::vector<ClientConnection*> drained; // connections without a further request
+    };
+
+    void listener_newConnection();
+    void listener_acceptError();
+    void dispatcher_aboutToBlock();
+    void enqueue(ClientConnection* connection);
+    void takeTurn();
+    void takeRequests(Turn& turn);
+    void answerEachAlone(Turn& turn);
+    void sendAnswers(const Turn& turn);
+    void letGo(const Turn& turn);
+    QList<ClientConnection*> connections() const;
+    void dropStalled();
+
+    ServerSettings settings_;
+    Store store_;
+    FailureLimit failures_;
+    ServerState state_;
+    QTcpServer listener_;
+    QTimer stallTimer_;
+    std::deque<ClientConnection*> queue_; // connections that may have a request
+};
+
+} // namespace hotel

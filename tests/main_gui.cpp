@@ -1,0 +1,10 @@
+#include <QApplication>
+
+#include "screen/theme.h"
+#include "tests/hotel_test.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    hotel::ApplyTheme(application);
+    return hotel::RunTests(argc, argv);
+}
