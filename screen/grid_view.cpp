@@ -17,8 +17,8 @@ namespace {
 constexpr int kShowAddedAfter = 30; // milliseconds: rows of a long load come in bundles
 constexpr int kSampledRows = 400;   // rows that autoFit looks at
 constexpr int kMeasuredCells = 5;   // cells of a column that autoFit measures
-constexpr int kCellPadding = 14;
-constexpr int kSortArrow = 18;
+constexpr int kCellPadding = 16;
+constexpr int kSortArrow = 26;
 
 // The widest cells of a column by their length in bytes, out of a sample spread over the table.
 QStringList WidestCells(const TextTable& table, int column) {

@@ -20,7 +20,7 @@ constexpr int kRadius = 3;
 
 constexpr QRgb kAccent = 0xFF1B5E9E;
 constexpr QRgb kFrame = 0xFF8A96A3;
-constexpr QRgb kDisabledText = 0xFF7C8792;
+constexpr QRgb kDisabledText = 0xFF66717C;
 
 // The toolkit's plain style with a focus that can be seen from across the desk and a default button
 // that can't be mistaken.
@@ -32,7 +32,8 @@ public:
                        const QWidget* widget) const override {
         switch (element) {
         case PE_PanelLineEdit:
-            if (option->state & State_Sunken || qobject_cast<const QLineEdit*>(widget))
+            if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+                frame && frame->lineWidth > 0)
                 drawBox(option, painter, boxColour(option));
             return;
         case PE_FrameLineEdit:
@@ -63,9 +64,15 @@ public:
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override {
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
-        if (control == CC_ComboBox && option->state & State_HasFocus)
-            drawRing(option->rect, option, painter);
+        if (control != CC_ComboBox) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        drawBox(option, painter, boxColour(option));
+        QStyleOption arrow = *option;
+        arrow.rect = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+        arrow.rect = QRect({}, QSize(12, 12)).translated(arrow.rect.center() - QPoint(6, 6));
+        drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
     }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -77,6 +84,9 @@ public:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:
             return 0;
+        case PM_FocusFrameHMargin: // at both sides of a cell's text
+        case PM_HeaderMargin:
+            return 5;
         case PM_LayoutHorizontalSpacing:
             return 10;
         case PM_LayoutVerticalSpacing:

@@ -39,11 +39,11 @@ QString NewNameField(const Request& request, QStringView field) {
     return *name;
 }
 
-Answer Done() {
+CommandAnswer Done() {
     return {u"<SUCCESS>"_s};
 }
 
-Answer List(QStringView name, const QStringList& entries) {
+CommandAnswer List(QStringView name, const QStringList& entries) {
     QString text = u'<' % name % u'>' % kCrLf;
     for (const QString& entry : entries)
         text += entry % kCrLf;
@@ -52,23 +52,23 @@ Answer List(QStringView name, const QStringList& entries) {
 
 // --- Login -------------------------------------------------------------------------------------------
 
-QString DateText(const CommandContext& context) {
-    return context.clock().toString(u"yyyy-MM-dd"_s);
+QString DateText(const ServerState& server) {
+    return server.clock().toString(u"yyyy-MM-dd"_s);
 }
 
-Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) {
+CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     const QString user = NameField(request, u"用户名");
     const QStringView digest = request.field(u"密码");
-    const QString date = DateText(context);
+    const QString date = DateText(server);
     const LoginVerdict verdict =
-        JudgeLogin(context.store, context.productId, user, digest, speaker.address, date);
+        JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
-        speaker.user = user;
+        peer.user = user;
         return {u"<SUCCESS>登录成功"_s};
     }
-    const int delay = IsEmptyAttempt(context.productId, user, digest, date)
+    const int delay = IsEmptyAttempt(server.productId, user, digest, date)
                           ? 0
-                          : context.failures.delayOfFailure(speaker.address);
+                          : server.failures.delayOfFailure(peer.address);
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -79,58 +79,58 @@ Answer LogIn(CommandContext& context, Speaker& speaker, const Request& request) 
     }
 }
 
-Answer LogOut(CommandContext&, Speaker& speaker, const Request&) {
-    speaker.user.clear();
+CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
+    peer.user.clear();
     return Done();
 }
 
-Answer UserList(CommandContext& context, Speaker&, const Request&) {
+CommandAnswer UserList(ServerState& server, Peer&, const Request&) {
     QStringList users;
-    context.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
-                       [&](const QString& name, const QString&) { users += name; });
+    server.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+                      [&](const QString& name, const QString&) { users += name; });
     return List(u"记录清单", users);
 }
 
-Answer UserFileName(CommandContext&, Speaker&, const Request&) {
+CommandAnswer UserFileName(ServerState&, Peer&, const Request&) {
     return {FieldText(u"用户文件名", kUserFile)};
 }
 
-Answer ServerDate(CommandContext& context, Speaker&, const Request&) {
-    return {FieldText(u"当前日期", DateText(context))};
+CommandAnswer ServerDate(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前日期", DateText(server))};
 }
 
-Answer ServerTime(CommandContext& context, Speaker&, const Request&) {
-    return {FieldText(u"当前时间", context.clock().toString(u"HH:mm:ss"_s))};
+CommandAnswer ServerTime(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前时间", server.clock().toString(u"HH:mm:ss"_s))};
 }
 
 // --- Files -------------------------------------------------------------------------------------------
 
-Answer CreateDatabase(CommandContext& context, Speaker&, const Request& request) {
-    context.store.createDatabase(FileField(request));
+CommandAnswer CreateDatabase(ServerState& server, Peer&, const Request& request) {
+    server.store.createDatabase(FileField(request));
     return Done();
 }
 
-Answer DeleteFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.removeFile(FileField(request));
+CommandAnswer DeleteFile(ServerState& server, Peer&, const Request& request) {
+    server.store.removeFile(FileField(request));
     return Done();
 }
 
-Answer RenameFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+CommandAnswer RenameFile(ServerState& server, Peer&, const Request& request) {
+    server.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer CopyFile(CommandContext& context, Speaker&, const Request& request) {
-    context.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+CommandAnswer CopyFile(ServerState& server, Peer&, const Request& request) {
+    server.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer FileList(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer FileList(ServerState& server, Peer&, const Request& request) {
     const std::optional<StorePath> folder = ParseFolderPath(request.field(u"路径名"));
     if (!folder)
         throw Refusal(refusal::kBadName);
     const QString pattern = NameField(request, u"库文件说明");
-    QStringList files = context.store.list(*folder).files;
+    QStringList files = server.store.list(*folder).files;
     if (!pattern.isEmpty())
         files.removeIf([&](const QString& name) { return !QDir::match(pattern, name); });
     return List(u"文件清单", files);
@@ -154,33 +154,35 @@ QStringList NumberedFolders(Store& store, QStringView file) {
     return folders;
 }
 
-Answer CheckDatabase(CommandContext& context, Speaker&, const Request& request) {
-    const auto result = [](const QString& text) { return Answer{FieldText(u"检查结果", text)}; };
+CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) {
+    const auto result = [](const QString& text) {
+        return CommandAnswer{FieldText(u"检查结果", text)};
+    };
     const QString missing = u"-1"_s;
     const int code = int(LeadingNumber(request.field(u"功能码")));
     if (code == 2 || code == 3) {
-        const QStringList folders = NumberedFolders(context.store, request.field(u"库文件名"));
+        const QStringList folders = NumberedFolders(server.store, request.field(u"库文件名"));
         if (folders.isEmpty())
             return result(missing);
         return result(code == 2 ? folders.first() : folders.last());
     }
     const StorePath path = FileField(request);
-    if (context.store.kind(path) == Store::Kind::Missing)
+    if (server.store.kind(path) == Store::Kind::Missing)
         return result(missing);
     switch (code) {
     case 0:
-        return result(QString::number(context.store.projects(path).size()));
+        return result(QString::number(server.store.projects(path).size()));
     case 5:
-        return result(context.store.stamp(path).last(8));
+        return result(server.store.stamp(path).last(8));
     case 6:
-        return result(context.store.stamp(path));
+        return result(server.store.stamp(path));
     default:
         throw Refusal(u"不认识的功能码"_s);
     }
 }
 
-Answer PrepareData(CommandContext& context, Speaker&, const Request& request) {
-    if (context.store.kind(FileField(request)) == Store::Kind::Missing)
+CommandAnswer PrepareData(ServerState& server, Peer&, const Request& request) {
+    if (server.store.kind(FileField(request)) == Store::Kind::Missing)
         throw Refusal(refusal::kNoFile);
     return Done();
 }
@@ -192,23 +194,23 @@ QString HexSum(const QByteArray& content) {
     return QString::number(sum, 16).toUpper();
 }
 
-Answer Upload(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
-    if (content.size() * 2 != hex.size() ||
+    if (content.toHex() != hex.toLower() ||
         double(content.size()) != LeadingNumber(request.field(u"文件长度")))
         throw Refusal(u"文件长度不符"_s);
     bool isNumber = false;
     const quint32 sum = request.field(u"文件校验和").trimmed().toUInt(&isNumber, 16);
     if (!isNumber || QString::number(sum, 16).toUpper() != HexSum(content))
         throw Refusal(u"文件校验和不符"_s);
-    context.store.writeUpload(path, content);
+    server.store.writeUpload(path, content);
     return Done();
 }
 
-Answer Download(CommandContext& context, Speaker&, const Request& request) {
-    const std::optional<QByteArray> content = context.store.upload(FileField(request, u"文件名"));
+CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
+    const std::optional<QByteArray> content = server.store.upload(FileField(request, u"文件名"));
     if (!content)
         throw Refusal(refusal::kNoFile);
     return {FieldText(u"文件内容", QString::fromLatin1(content->toHex().toUpper())) % kCrLf %
@@ -218,27 +220,27 @@ Answer Download(CommandContext& context, Speaker&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
-Answer ProjectList(CommandContext& context, Speaker&, const Request& request) {
-    return List(u"项目清单", context.store.projects(FileField(request)));
+CommandAnswer ProjectList(ServerState& server, Peer&, const Request& request) {
+    return List(u"项目清单", server.store.projects(FileField(request)));
 }
 
-Answer CreateProject(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer CreateProject(ServerState& server, Peer&, const Request& request) {
     const StorePath path = FileField(request);
     const QString project = NewNameField(request, u"项目名");
-    if (!context.store.hasProject(path, project))
-        context.store.writeProject(path, project, request.field(u"初始值"));
+    if (!server.store.hasProject(path, project))
+        server.store.writeProject(path, project, request.field(u"初始值"));
     return Done();
 }
 
-Answer DeleteProject(CommandContext& context, Speaker&, const Request& request) {
-    context.store.removeProject(FileField(request), NameField(request, u"项目名"));
+CommandAnswer DeleteProject(ServerState& server, Peer&, const Request& request) {
+    server.store.removeProject(FileField(request), NameField(request, u"项目名"));
     return Done();
 }
 
 // --- Records -----------------------------------------------------------------------------------------
 
-// A record as a request names it. With an empty project name the record's name is that of a project,
-// which is meant as a whole.
+// A record as a request names it. With an empty project name the record's name is that of a
+// project, which is meant as a whole.
 struct RecordKey {
     StorePath path;
     QString project;
@@ -272,22 +274,22 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
 
-Answer ReadRecord(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    const std::optional<QString> value = Read(context.store, key);
+    const std::optional<QString> value = Read(server.store, key);
     if (!value)
         throw Refusal(refusal::kNoRecord);
     return {FieldText(key.record, *value)};
 }
 
-// The record and, up to a bound, those behind it. A following record is left out, with all behind it,
-// when its tags stand in the block already: the reader of the block would find the wrong text.
-Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& request) {
+// The record and, up to a bound, those behind it. A following record is left out, with all behind
+// it, when its tags stand in the block already: the reader of the block would find the wrong text.
+CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
     const RecordKey key(request);
     const QList<NamedText> records =
-        context.store.readBlock(key.path, key.project, key.record, kBlockRecords);
+        server.store.readBlock(key.path, key.project, key.record, kBlockRecords);
     if (records.isEmpty())
-        return ReadRecord(context, speaker, request);
+        return ReadRecord(server, peer, request);
     QString block = FieldText(records.first().name, records.first().text);
     for (const NamedText& record : records.sliced(1)) {
         const bool hidden =
@@ -299,57 +301,57 @@ Answer ReadBuffered(CommandContext& context, Speaker& speaker, const Request& re
     return {block};
 }
 
-Answer ModifyRecord(CommandContext& context, Speaker&, const Request& request) {
-    Write(context.store, RecordKey(request), request);
+CommandAnswer ModifyRecord(ServerState& server, Peer&, const Request& request) {
+    Write(server.store, RecordKey(request), request);
     return Done();
 }
 
-Answer CreateRecord(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer CreateRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    if (Exists(context.store, key))
+    if (Exists(server.store, key))
         throw Refusal(refusal::kRecordExists);
-    Write(context.store, key, request);
+    Write(server.store, key, request);
     return Done();
 }
 
-Answer ReplaceRecord(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer ReplaceRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    if (!Exists(context.store, key))
+    if (!Exists(server.store, key))
         throw Refusal(refusal::kNoRecord);
-    Write(context.store, key, request);
+    Write(server.store, key, request);
     return Done();
 }
 
-Answer DeleteRecord(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer DeleteRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    context.store.remove(key.path, key.project, key.record);
+    server.store.remove(key.path, key.project, key.record);
     return Done();
 }
 
-Answer RecordList(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer RecordList(ServerState& server, Peer&, const Request& request) {
     QStringList names;
-    context.store.walk(FileField(request), NameField(request, u"项目名"), false,
-                       [&](const QString& name, const QString&) { names += name; });
+    server.store.walk(FileField(request), NameField(request, u"项目名"), false,
+                      [&](const QString& name, const QString&) { names += name; });
     return List(u"记录清单", names);
 }
 
-Answer FindRecords(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer FindRecords(ServerState& server, Peer&, const Request& request) {
     const Keywords keywords{SplitKeywords(request.field(u"记录必选项")),
                             SplitKeywords(request.field(u"记录任选项")),
                             SplitKeywords(request.field(u"记录排除项"))};
-    return List(u"记录清单", FindByKeywords(context.store, FileField(request),
+    return List(u"记录清单", FindByKeywords(server.store, FileField(request),
                                             NameField(request, u"项目名"), keywords));
 }
 
-Answer FindFields(CommandContext& context, Speaker&, const Request& request) {
+CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
     return List(u"记录清单",
-                FindByConditions(context.store, FileField(request), NameField(request, u"项目名"),
+                FindByConditions(server.store, FileField(request), NameField(request, u"项目名"),
                                  request.field(u"记录查询条件")));
 }
 
 // --- The table ---------------------------------------------------------------------------------------
 
-constexpr Command kCommands[] = {
+constexpr ServerCommand kCommands[] = {
     {u"登录", kBeforeLogin, LogIn},
     {u"注销", 0, LogOut},
     {u"用户清单", kBeforeLogin, UserList},
@@ -381,9 +383,9 @@ constexpr Command kCommands[] = {
 
 } // namespace
 
-const Command* FindCommand(QStringView name) {
+const ServerCommand* FindServerCommand(QStringView name) {
     const auto command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                      [&](const Command& c) { return c.name == name; });
+                                      [&](const ServerCommand& c) { return c.name == name; });
     return command == std::end(kCommands) ? nullptr : command;
 }
 
@@ -391,17 +393,17 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-Answer AnswerRequest(CommandContext& context, Speaker& speaker, const Request& request) {
-    const Command* command = FindCommand(request.command());
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
-    if (speaker.user.isEmpty() && !beforeLogin)
+    if (peer.user.isEmpty() && !beforeLogin)
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
     if (command->flags & kWrites)
-        context.store.begin();
+        server.store.begin();
     try {
-        return command->handler(context, speaker, request);
+        return command->handler(server, peer, request);
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }
