@@ -115,12 +115,13 @@ int TextTable::find(int column, QStringView text, int from) const {
     return -1;
 }
 
-void TextTable::sort(int column, Order order, bool descending) {
+void TextTable::sort(int column, Order order, bool descending, int totalRows) {
     if (!hasColumn(column))
         return;
+    const qsizetype end = std::max<qsizetype>(1, rows_.size() - std::max(0, totalRows));
     std::vector<SortKey> keys;
-    keys.reserve(size_t(dataRows()));
-    for (qsizetype row = 1; row < rows_.size(); ++row)
+    keys.reserve(size_t(end));
+    for (qsizetype row = 1; row < end; ++row)
         keys.push_back(MakeKey(rows_.at(row).at(column), row, order));
     std::stable_sort(keys.begin(), keys.end(), [descending](const SortKey& a, const SortKey& b) {
         return descending ? IsLess(b, a) : IsLess(a, b);

@@ -244,7 +244,7 @@ void GridView::sortBy(int column, bool descending) {
     const int oldRows = table().addColumn({});
     for (int row = 1; row < table().rows(); ++row)
         table().setText(row, oldRows, QString::number(row));
-    table().sort(column, TextTable::Order::Natural, descending);
+    table().sort(column, TextTable::Order::Natural, descending, totalRows_);
     QList<int> newRowOf(table().rows(), 0);
     for (int row = 1; row < table().rows(); ++row)
         newRowOf[table().text(row, oldRows).toInt()] = row;
@@ -263,6 +263,7 @@ void GridView::sortBy(int column, bool descending) {
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSortIndicator(column,
                                          descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    Q_EMIT sorted(column, descending);
 }
 
 void GridView::clearSortMark() {
