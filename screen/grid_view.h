@@ -153,7 +153,8 @@ Q_SIGNALS:
     void rowActivated(int row, int column);
     void rowDoubleClicked(int row, int column); // where Enter must not do the same
     void headerClicked(int column);
-    void sorted(int column, bool descending); // by the header, the keys or sortBy
+    // The table has been sorted by a column; each row stood before where `cameFrom` says.
+    void sorted(const QList<int>& cameFrom);
     void currentMoved(int row, int column); // row 0 when there is none any more
     void selectionMoved();
     void cellEdited(int row, int column);   // with every key

@@ -328,14 +328,10 @@ void CmnGrd::AligList_Click(QListWidgetItem* item) {
 }
 
 // What is shown has been sorted; the list behind it follows, so that rows stay the same rows.
-void CmnGrd::GrdView_Sorted(int column, bool descending) {
-    const int totals = HasTotalRow(Grd_) ? 1 : 0;
-    if (column > 0) {
-        Grd_.sort(shownColumns()[column - 1], TextTable::Order::Natural, descending, totals);
-    } else if (descending) {
-        for (int row = 1; row < Grd_.dataRows() - totals; ++row)
-            Grd_.moveRow(Grd_.dataRows() - totals, row);
-    }
+void CmnGrd::GrdView_Sorted(const QList<int>& cameFrom) {
+    const TextTable before = Grd_;
+    for (int row = 1; row < std::min(int(cameFrom.size()), Grd_.rows()); ++row)
+        Grd_.setRow(row, before.row(cameFrom[row]));
 }
 
 // --- statistics ---

@@ -74,7 +74,7 @@ private:
     void Timer1_Timer();
     void SelList_ItemCheck();
     void AligList_Click(QListWidgetItem* item);
-    void GrdView_Sorted(int column, bool descending);
+    void GrdView_Sorted(const QList<int>& cameFrom);
     void Print_cmd_Click();
     void FileSave_Click();
     void CmdStop_Click();
