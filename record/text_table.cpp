@@ -3,6 +3,7 @@
 #include "record/numbers.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace hotel {
 
@@ -115,9 +116,11 @@ int TextTable::find(int column, QStringView text, int from) const {
     return -1;
 }
 
-void TextTable::sort(int column, Order order, bool descending) {
+QList<int> TextTable::sort(int column, Order order, bool descending) {
+    QList<int> cameFrom(rows());
+    std::iota(cameFrom.begin(), cameFrom.end(), 0);
     if (!hasColumn(column))
-        return;
+        return cameFrom;
     std::vector<SortKey> keys;
     keys.reserve(size_t(dataRows()));
     for (qsizetype row = 1; row < rows_.size(); ++row)
@@ -128,9 +131,12 @@ void TextTable::sort(int column, Order order, bool descending) {
     QList<QStringList> sorted;
     sorted.reserve(rows_.size());
     sorted.append(rows_.first());
-    for (const SortKey& key : keys)
+    for (const SortKey& key : keys) {
+        cameFrom[sorted.size()] = int(key.row);
         sorted.append(std::move(rows_[key.row]));
+    }
     rows_ = std::move(sorted);
+    return cameFrom;
 }
 
 void TextTable::numberRows(int column, QStringView format) {

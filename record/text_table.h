@@ -56,8 +56,9 @@ public:
 
     // Sorts the data rows by a column, stably. Natural order compares two cells as numbers when
     // both are numbers throughout, numbers ahead of other texts, else as text by character code.
+    // Gives for each row the row where it stood before.
     enum class Order { Text, Number, Natural };
-    void sort(int column, Order order, bool descending = false);
+    QList<int> sort(int column, Order order, bool descending = false);
 
     // Writes 1, 2, 3, ... into the column, in `format` (see FormatNumber).
     void numberRows(int column, QStringView format = u"#0");
