@@ -1,8 +1,13 @@
 #include "app/screens.h"
 
+#include "frontoffice/Fjxxfrm.h"
+#include "frontoffice/KfxxFrm.h"
+#include "frontoffice/ParaFrm.h"
+#include "frontoffice/RoomSet.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
+#include "tools/PrtPrev.h"
 
 namespace hotel {
 
@@ -11,13 +16,13 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"RzjdFrm",  u"Zkcx",     u"KrhfFrm", u"PicCap",  u"Ftxxfrm",  u"frmWX", u"frmShw",
-    u"frmTimer", u"Jzhfrm",   u"FyxxFrm", u"YstjFrm", u"JztfFrm",  u"Yecy",  u"YybbFrm",
-    u"Userfrm",  u"RoomSet",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD", u"Pmxs",
-    u"ShopSet",  u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",  u"HdfjFrm",
-    u"Wffj",     u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj", u"frmCx",
-    u"FlmcFrm",  u"ParaFrm",  u"QVRView", u"Xtwh",    u"PrtForm",  u"Gys",   u"Gyxx",
-    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",  u"SetPass",
+    u"RzjdFrm",  u"Zkcx",    u"KrhfFrm", u"PicCap",   u"Ftxxfrm", u"frmWX",   u"frmShw",
+    u"frmTimer", u"Jzhfrm",  u"FyxxFrm", u"YstjFrm",  u"JztfFrm", u"Yecy",    u"YybbFrm",
+    u"Userfrm",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",
+    u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",
+    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"FlmcFrm",
+    u"QVRView",  u"Xtwh",    u"PrtForm", u"Gys",      u"Gyxx",    u"QfyjFrm", u"QfdxFrm",
+    u"PlDyxf",   u"SetPass",
 };
 
 bool IsToCome(QStringView screen) {
@@ -27,6 +32,11 @@ bool IsToCome(QStringView screen) {
 } // namespace
 
 void RegisterScreens() {
+    RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
+    RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
+    RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
+    RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+    RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;
