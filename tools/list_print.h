@@ -5,6 +5,7 @@
 #include <QString>
 #include <functional>
 
+#include "record/literals.h"
 #include "record/text_table.h"
 #include "tools/print_grid.h"
 
