@@ -128,13 +128,16 @@ void RoomSet::load(const QVariant&) {
 void RoomSet::KfQd_RowChange(int row) {
     photo_->setPhoto({});
     Zp->clear();
+    boxes_->clear();
+    if (row == 0)
+        return;
     for (const FormField& field : kBoxes)
         boxes_->setText(field.control, KfQd->table().text(row, field.tag));
 }
 
 void RoomSet::KfQd_Click(int row) {
     KfQd_RowChange(row);
-    const QString picture = KfQd->table().text(row, kPicture);
+    const QString picture = row == 0 ? QString() : KfQd->table().text(row, kPicture);
     if (!picture.isEmpty() && !SetRemotePhoto(photo_, RoomPictureFile(picture)))
         MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
 }
