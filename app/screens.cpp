@@ -7,6 +7,7 @@
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
+#include "tools/FlmcFrm.h"
 #include "tools/PrtPrev.h"
 
 namespace hotel {
@@ -20,9 +21,9 @@ constexpr QStringView kScreensToCome[] = {
     u"frmTimer", u"Jzhfrm",  u"FyxxFrm", u"YstjFrm",  u"JztfFrm", u"Yecy",    u"YybbFrm",
     u"Userfrm",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",
     u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",
-    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"FlmcFrm",
-    u"QVRView",  u"Xtwh",    u"PrtForm", u"Gys",      u"Gyxx",    u"QfyjFrm", u"QfdxFrm",
-    u"PlDyxf",   u"SetPass",
+    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView",
+    u"Xtwh",     u"PrtForm", u"Gys",     u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
+    u"SetPass",
 };
 
 bool IsToCome(QStringView screen) {
@@ -33,6 +34,7 @@ bool IsToCome(QStringView screen) {
 
 void RegisterScreens() {
     RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
+    RegisterScreen(u"FlmcFrm", [] { return new FlmcFrm; });
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
     RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });

@@ -64,5 +64,6 @@ private:
 // The chapters, in the order of the day.
 void TourOfLogin(Tour& tour);
 void TourOfRooms(Tour& tour);
+void TourOfCategories(Tour& tour);
 
 } // namespace hotel
