@@ -17,9 +17,9 @@
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
-#include "tools/PrtSubs.h"
 #include "tools/categories.h"
 #include "tools/list_export.h"
+#include "tools/list_print.h"
 
 namespace hotel {
 
@@ -28,38 +28,21 @@ namespace {
 using namespace room_record;
 
 const QList<FormField> kBoxes = {
-    {kNumber, u"Fjh", u"房间号", Editor::Text, {}, 12},
-    {kFloor, u"Lch", u"楼层号", Editor::Text, {}, 12},
-    {kBeds, u"Cws", u"床位数", Editor::Number, {}, 12, 2},
-    {kType, u"Fjlx", u"客房类型", Editor::Category, category::kRoomTypes, 12},
-    {kTelephone, u"Dhhm", u"电话号码", Editor::Text, {}, 12},
-    {kNetworkPort, u"Wldk", u"网络端口", Editor::Text, {}, 12},
-    {kRemark, u"Sm", u"说明", Editor::Text, {}, 12},
+    {kNumber, u"Fjh", u"房间号", Editor::Text, {}, 20},
+    {kFloor, u"Lch", u"楼层号", Editor::Text, {}, 20},
+    {kBeds, u"Cws", u"床位数", Editor::Number, {}, 20, 2},
+    {kType, u"Fjlx", u"客房类型", Editor::Category, category::kRoomTypes, 20},
+    {kTelephone, u"Dhhm", u"电话号码", Editor::Text, {}, 20},
+    {kNetworkPort, u"Wldk", u"网络端口", Editor::Text, {}, 20},
+    {kRemark, u"Sm", u"说明", Editor::Text, {}, 36},
 };
-constexpr int kBoxColumns = 3;
+constexpr int kBoxColumns = 2;
 
 const QStringList kTitles = {u"序号"_s,     u"房间号"_s,   u"楼层号"_s,   u"床位数"_s,
                              u"客房类型"_s, u"电话号码"_s, u"网络端口"_s, u"房态"_s,
                              u"住客数"_s,   u"说明"_s,     u"照片"_s};
 
 constexpr QStringView kNumericTitles[] = {u"序号", kBeds, kGuests};
-
-// The list on paper, in the preview.
-void PrintRoomList(const TextTable& list) {
-    const QString title = u"客房基本情况定义清单"_s;
-    constexpr double kTitleHeightCm = 1.2;
-    OpenPrintJob(21, 29.7);
-    SetPrintMargins(1.5, 1.5, 2, 2);
-    const GridPrintLayout layout = MeasureGridPrint(list, {});
-    int page = 0;
-    for (int row = 1; row < list.rows();) {
-        StartPage();
-        PrintTextCentre(0, 0, title, {.name = u"黑体"_s, .size = 16}, PrintableWidthCm());
-        row = PrintGridPage(list, layout, row, kTitleHeightCm);
-        EndPage(u"第%1页"_s.arg(++page));
-    }
-    PreviewPrintJob();
-}
 
 void SaveLog(const QString& remark) {
     SaveLogRec(u"房间基本参数设定"_s, remark);
@@ -198,7 +181,7 @@ void RoomSet::CmdPrint_Click() {
     if (KfQd->table().dataRows() == 0)
         return;
     SaveLog(u"打印清单"_s);
-    PrintRoomList(KfQd->table());
+    PrintGrid(*KfQd, u"客房基本情况定义清单"_s);
 }
 
 void RoomSet::CmdFile_Click() {
