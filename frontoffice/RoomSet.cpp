@@ -138,26 +138,25 @@ void RoomSet::ZpCmd_Click() {
 }
 
 void RoomSet::CmdAdd_Click() {
-    trimBoxes();
-    showOutcome(AddRoom(boxes_->store({}), Zp->text()));
+    const QString boxes = trimmedBoxes();
+    showOutcome(AddRoom(boxes, Zp->text()), GetTag(boxes, kNumber));
 }
 
 void RoomSet::CmdModify_Click() {
-    if (KfQd->currentRow() == 0) {
+    if (selectedRoom().isEmpty()) {
         MsgBox(u"请选择要修改的记录,再执行本功能！"_s, u"提示"_s);
         return;
     }
-    trimBoxes();
-    showOutcome(ChangeRoom(boxes_->store({}), Zp->text()));
+    const QString boxes = trimmedBoxes();
+    showOutcome(ChangeRoom(boxes, Zp->text()), GetTag(boxes, kNumber));
 }
 
 void RoomSet::cmdDel_Click() {
-    const int row = KfQd->currentRow();
-    if (row == 0) {
+    const QString room = selectedRoom();
+    if (room.isEmpty()) {
         MsgBox(u"请选择要删除的客房记录！"_s, u"提示"_s);
         return;
     }
-    const QString room = KfQd->table().text(row, kNumber);
     if (const auto refusal = RefuseDelete(room)) {
         MsgBox(refusal->words, refusal->title);
         return;
@@ -167,7 +166,7 @@ void RoomSet::cmdDel_Click() {
         return;
     const RoomEditOutcome outcome = DeleteRoom(room);
     if (outcome.done) {
-        KfQd->table().removeRow(row);
+        KfQd->table().removeRow(rowOf(room));
         KfQd->table().numberRows(0);
         KfQd->refresh();
         KfQd->setCurrent(0);
@@ -192,16 +191,26 @@ void RoomSet::CmdFile_Click() {
     setStatus(u"清单文件已经生成"_s);
 }
 
-void RoomSet::trimBoxes() {
-    for (const FormField& field : kBoxes)
-        boxes_->setText(field.control, TrimWhite(boxes_->text(field.control)));
+QString RoomSet::selectedRoom() const {
+    const int row = KfQd->currentRow();
+    return row == 0 ? QString() : KfQd->table().text(row, kNumber);
 }
 
-void RoomSet::showOutcome(const RoomEditOutcome& outcome) {
+int RoomSet::rowOf(QStringView room) const {
+    return KfQd->table().find(KfQd->table().column(kNumber), room);
+}
+
+QString RoomSet::trimmedBoxes() {
+    for (const FormField& field : kBoxes)
+        boxes_->setText(field.control, TrimWhite(boxes_->text(field.control)));
+    return boxes_->store({});
+}
+
+void RoomSet::showOutcome(const RoomEditOutcome& outcome, const QString& room) {
     if (outcome.notice)
         MsgBox(outcome.notice->words, outcome.notice->title);
     if (outcome.done)
-        showRoom(boxes_->text(u"Fjh"));
+        showRoom(room);
     auto* number = boxes_->editor<QLineEdit>(u"Fjh");
     number->setFocus();
     number->selectAll();
@@ -211,7 +220,7 @@ void RoomSet::showRoom(const QString& room) {
     UpdateKfGrid(KfQd->table(), room);
     KfQd->refresh();
     KfQd->autoFit();
-    KfQd->setCurrent(KfQd->table().find(KfQd->table().column(kNumber), room));
+    KfQd->setCurrent(rowOf(room));
     showCount();
 }
 
