@@ -13,7 +13,7 @@
 #include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/wait_frm.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 #include "tests/hotel_test.h"
 
 using namespace hotel;

@@ -6,7 +6,7 @@
 #include "record/literals.h"
 #include "screen/date_text.h"
 #include "screen/key_filter.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 #include "tests/hotel_test.h"
 
 using namespace hotel;
