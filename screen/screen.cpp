@@ -268,8 +268,7 @@ void Screen::setStatus(const QString& words) {
 // --- fields and keys ---
 
 void Screen::onEnter(QWidget* control, std::function<void()> handler) {
-    onEnter_.insert(control, std::move(handler));
-    connect(control, &QObject::destroyed, this, [this, control] { onEnter_.remove(control); });
+    onEnter_.append({control, std::move(handler)});
 }
 
 void Screen::moveOn(bool back) {
@@ -305,10 +304,18 @@ void Screen::pressEnter(bool back) {
     QWidget* control = focusWidget();
     if (auto* button = qobject_cast<QPushButton*>(control))
         button->click();
-    else if (!back && onEnter_.contains(control))
-        run(onEnter_.value(control));
+    else if (const auto handler = back ? nullptr : enterHandler(control))
+        run(handler);
     else
         moveOn(back);
+}
+
+std::function<void()> Screen::enterHandler(const QWidget* control) const {
+    for (const auto& [owner, handler] : onEnter_) {
+        if (owner == control)
+            return handler;
+    }
+    return nullptr;
 }
 
 void Screen::pressEscape() {

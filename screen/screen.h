@@ -32,7 +32,6 @@
 // when nothing runs. Each command may have a key of its own, shown on its button.
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QKeySequence>
 #include <QList>
 #include <QPointer>
@@ -40,6 +39,7 @@
 #include <QWidget>
 #include <functional>
 #include <type_traits>
+#include <utility>
 
 class QLabel;
 class QProgressBar;
@@ -216,6 +216,7 @@ private:
     void putCommandsLast(); // Enter and Tab come to the commands behind the content
     void pressEnter(bool back);
     void pressEscape();
+    std::function<void()> enterHandler(const QWidget* control) const;
 
     QVBoxLayout* layout_;
     QWidget* content_ = nullptr;
@@ -223,7 +224,7 @@ private:
     QList<Command> commandTable_;
     QLabel* status_;
     QProgressBar* progress_;
-    QHash<QObject*, std::function<void()>> onEnter_;
+    QList<std::pair<QPointer<QWidget>, std::function<void()>>> onEnter_;
 
     int depth_ = 0;      // handlers on the stack
     int eventDepth_ = 0; // EventDepth() of the innermost one

@@ -198,7 +198,7 @@ CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
-    if (content.size() * 2 != hex.size() ||
+    if (content.toHex() != hex.toLower() ||
         double(content.size()) != LeadingNumber(request.field(u"文件长度")))
         throw Refusal(u"文件长度不符"_s);
     bool isNumber = false;

@@ -35,6 +35,11 @@ static const char* const kTables[] = {
 
 namespace {
 
+StoreError Failed(const QSqlQuery& query) {
+    const QSqlError error = query.lastError();
+    return StoreError(error.databaseText().isEmpty() ? error.driverText() : error.databaseText());
+}
+
 // An empty text that is stored as such: the database takes a null text for a missing value.
 QString Stored(const QString& text) {
     return text.isNull() ? u""_s : text;
@@ -53,7 +58,7 @@ bool Store::Rows::next() {
     if (query_->next())
         return true;
     if (query_->lastError().isValid())
-        throw StoreError(query_->lastError().text());
+        throw Failed(*query_);
     return false;
 }
 
@@ -64,14 +69,14 @@ QSqlQuery& Store::prepared(const char* sql) {
     QSqlQuery query(database_);
     query.setForwardOnly(true);
     if (!query.prepare(QString::fromUtf8(sql)))
-        throw StoreError(query.lastError().text());
+        throw Failed(query);
     return statements_.emplace(sql, std::move(query)).first->second;
 }
 
 Store::Rows Store::executed(QSqlQuery& query) {
     Rows rows(query);
     if (!query.exec())
-        throw StoreError(query.lastError().text());
+        throw Failed(query);
     return rows;
 }
 
@@ -116,7 +121,7 @@ void Store::openDatabase() {
          {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA cache_size = -65536"}) {
         QSqlQuery query(database_);
         if (!query.exec(QString::fromUtf8(pragma)))
-            throw StoreError(query.lastError().text());
+            throw Failed(query);
     }
 }
 
@@ -124,7 +129,7 @@ void Store::createTables() {
     for (const char* sql : kTables) {
         QSqlQuery query(database_);
         if (!query.exec(QString::fromUtf8(sql)))
-            throw StoreError(query.lastError().text());
+            throw Failed(query);
     }
 }
 
@@ -296,6 +301,7 @@ Store::Listing Store::list(const StorePath& folder) const {
             file = files_.lower_bound(file->first.first(end) + QChar(kPathSeparator.unicode() + 1));
         }
     }
+    listing.folders.sort(Qt::CaseInsensitive);
     return listing;
 }
 

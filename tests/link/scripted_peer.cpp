@@ -93,7 +93,7 @@ void ScriptedPeer::sendNext() {
     socket_->flush();
 }
 
-Desk::Desk() {
+ScriptedDesk::ScriptedDesk() {
     SetLink(&link);
     link.TraceChk = true;
     link.setMessage([this](const QString& words, const QString& title) {

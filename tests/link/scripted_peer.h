@@ -59,9 +59,9 @@ private:
 };
 
 // A link, its peer and what the user was told ("title: words").
-struct Desk {
-    Desk();
-    ~Desk() { SetLink(nullptr); }
+struct ScriptedDesk {
+    ScriptedDesk();
+    ~ScriptedDesk() { SetLink(nullptr); }
 
     bool open() { return link.ConnectServer(u"127.0.0.1"_s, peer.port()) == 0; }
     QString ask(QString request = u"<命令>读取时间</命令>\r\n"_s) {

@@ -3,8 +3,8 @@
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/login_digest.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 
@@ -194,7 +194,7 @@ private Q_SLOTS:
     void requestsAndAnswers() {
         QFETCH(int, index);
         const Case& expected = Cases()[index];
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(Wire(expected.answer));
         QCOMPARE(expected.call(), expected.result);
@@ -216,7 +216,7 @@ private Q_SLOTS:
         QFETCH(QString, answer);
         QFETCH(int, result);
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         desk.link.ProdID = u"Hotel"_s;
         desk.link.HardMacNo = u"123456789012"_s;
         QCOMPARE(DbLogin(u"ADMIN"_s, password), 2);
@@ -235,8 +235,8 @@ private Q_SLOTS:
     }
 
     void linkIsSwitched() {
-        Desk first;
-        Desk second; // current from here on
+        ScriptedDesk first;
+        ScriptedDesk second; // current from here on
         QVERIFY(first.open());
         QVERIFY(second.open());
         first.peer.answerAll(u"<项目清单>\r\nfirst\r\n</项目清单>"_s);

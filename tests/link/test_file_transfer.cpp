@@ -3,8 +3,8 @@
 
 #include "link/serv_api.h"
 #include "record/record_text.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 
@@ -58,7 +58,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"照片.jpg"_s);
         Write(path, "before");
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(answer);
         QTEST(DbDownloadFile(u"照片\\8101.jpg", path), "result");
@@ -69,7 +69,7 @@ private Q_SLOTS:
 
     void downloadToNowhere() {
         const QTemporaryDir folder;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(Download(u"41"_s, u"1"_s, u"41"_s));
         QCOMPARE(DbDownloadFile(u"a", folder.filePath(u"none/a"_s)), -1);
@@ -96,7 +96,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"a.jpg"_s);
         Write(path, content);
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(answer);
         QCOMPARE(DbUploadFile(path, u"照片\\a.jpg") == 0, done);
@@ -110,7 +110,7 @@ private Q_SLOTS:
     }
 
     void uploadOfNothing() {
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         QVERIFY(DbUploadFile(u"/no such file"_s, u"a") != 0);
         QCOMPARE(desk.peer.requests, QStringList{});

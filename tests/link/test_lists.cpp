@@ -1,8 +1,8 @@
 #include <QTest>
 
 #include "link/serv_api.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
     void fetchedOnceAWalk() {
         QFETCH(int, index);
         const List& list = Lists()[index];
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(Answer(list.tag, {u"a"_s, u"b"_s, u"c"_s}));
         QStringList walk;
@@ -78,7 +78,7 @@ private Q_SLOTS:
     void failedFetchIsTriedAgain() {
         QFETCH(int, index);
         const List& list = Lists()[index];
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(Answer(list.tag, {u"a"_s, u"b"_s}));
         QCOMPARE(list.entry(u"x"_s, 1), u"a"_s);
@@ -94,7 +94,7 @@ private Q_SLOTS:
     void limit() {
         QFETCH(int, index);
         const List& list = Lists()[index];
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         QStringList lines;
         for (int n = 1; n <= list.limit + 1; ++n)
@@ -123,7 +123,7 @@ private Q_SLOTS:
     }
     void linesOfTheAnswer() {
         QFETCH(QString, answer);
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(answer);
         QStringList entries;

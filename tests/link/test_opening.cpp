@@ -3,8 +3,8 @@
 #include <QTest>
 
 #include "platform/clock.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 
@@ -51,7 +51,7 @@ private Q_SLOTS:
         QFETCH(QStringList, messages);
         QFETCH(int, arrivals);
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         desk.link.setMessage([&desk](const QString& words, const QString& title) {
             desk.messages += title + u": "_s + words;
             Clock::Advance(4000); // the rest of the wait is of no use to the test
@@ -73,7 +73,7 @@ private Q_SLOTS:
     // A proxy that accepts and says nothing: neither up nor failed.
     void undecidedProxy() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QTimer::singleShot(300, [] { Clock::Advance(4000); });
         const QString port = desk.peer.port();
         QCOMPARE(desk.link.ConnectServer(u"127.0.0.1"_s, u"6801"_s, u"127.0.0.1"_s, port), -1);
@@ -85,7 +85,7 @@ private Q_SLOTS:
 
     void noServerThere() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
         desk.peer.stop();
         QSignalSpy wanted(&desk.link, &Wck_comm::linkScreenWanted);
@@ -104,7 +104,7 @@ private Q_SLOTS:
     }
 
     void serverGoesAwayAndComesBack() {
-        Desk desk;
+        ScriptedDesk desk;
         desk.peer.answerAll(u"a"_s);
         QVERIFY(desk.open());
         QCOMPARE(desk.ask(), u"a"_s);
@@ -120,7 +120,7 @@ private Q_SLOTS:
     }
 
     void stopButtonEndsTheWait() {
-        Desk desk;
+        ScriptedDesk desk;
         desk.link.Port = desk.peer.port();
         connect(&desk.link, &Wck_comm::linkScreenWanted, &desk.link, &Wck_comm::stopWaiting,
                 Qt::QueuedConnection);
@@ -130,8 +130,8 @@ private Q_SLOTS:
     }
 
     void connectsAnew() {
-        Desk first;
-        Desk second;
+        ScriptedDesk first;
+        ScriptedDesk second;
         QVERIFY(first.open());
         first.peer.answerAll(u"first"_s);
         second.peer.answerAll(u"second"_s);
@@ -141,7 +141,7 @@ private Q_SLOTS:
     }
 
     void idleLinkIsKeptAlive() {
-        Desk desk;
+        ScriptedDesk desk;
         desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
         QVERIFY(desk.open());
         desk.link.AliveGap = u"0"_s;
@@ -154,7 +154,7 @@ private Q_SLOTS:
 
     void logAndTrace() {
         const FrozenClock clock(QTime(9, 8, 7, 65));
-        Desk desk;
+        ScriptedDesk desk;
         desk.peer.answerAll(QString(20000, u'答'));
         QVERIFY(desk.open());
         const QString address = u"127.0.0.1:"_s + desk.peer.port();

@@ -3,8 +3,8 @@
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/record_text.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 
@@ -12,7 +12,7 @@ namespace {
 
 // A server in small: it counts what it is asked and changes with `version`.
 struct Server {
-    explicit Server(Desk& desk) {
+    explicit Server(ScriptedDesk& desk) {
         desk.peer.script = [this](const QString& request, int number) {
             const QString command = GetTag(request, u"命令");
             ++asked[command];
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QFETCH(QString, record);
         QFETCH(int, requests);
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         Server server(desk);
         QCOMPARE(DbReadRecordBuffered(u"f", u"p", u"r"), u"r of 1"_s);
@@ -71,7 +71,7 @@ private Q_SLOTS:
     // Each use lengthens the life, of whichever record of the block.
     void bufferedWalk() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         Server server(desk);
         DbReadRecordBuffered(u"f", u"p", u"r");
@@ -85,7 +85,7 @@ private Q_SLOTS:
 
     void trustedWhileFreshOrUnchanged() {
         const FrozenClock clock(QTime(23, 59, 0));
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         Server server(desk);
         const auto read = [] { return DbReadCached(u"f", u"rule", 20); };
@@ -113,7 +113,7 @@ private Q_SLOTS:
 
     void leastUsedOfTenGivesWay() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         Server server(desk);
         const auto read = [](int i) { return DbReadCached(u"f", QString::number(i), 3600); };
@@ -140,7 +140,7 @@ private Q_SLOTS:
 
     void usedTenThousandTimesStays() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         Server server(desk);
         for (int i = 0; i < 10; ++i) {

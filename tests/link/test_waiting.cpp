@@ -2,8 +2,8 @@
 
 #include "platform/clock.h"
 #include "record/code_page.h"
-#include "tests/link/scripted_peer.h"
 #include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
 
 using namespace hotel;
 using Pieces = ScriptedPeer::Pieces;
@@ -14,7 +14,7 @@ class TestWaiting : public QObject {
 private Q_SLOTS:
     void answerCutAtEveryByte() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         const QString body = u"<房间号>8101</房间号>\r\n<房态>散客</房态>，a"_s;
         const qsizetype size = ScriptedPeer::Frame(0, body).size();
@@ -43,7 +43,7 @@ private Q_SLOTS:
     }
     void bodyBytes() {
         QFETCH(QByteArray, bytes);
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int) {
             return Pieces{"<CmdID:000>" + bytes + "</CmdID:000>"};
@@ -52,7 +52,7 @@ private Q_SLOTS:
     }
 
     void largeBody() {
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         QString body;
         for (int i = 0; body.size() < 2000000; ++i)
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QFETCH(int, passes);
         QFETCH(QByteArray, arrives);
         const FrozenClock clock(start);
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int) {
             Clock::Advance(passes);
@@ -97,7 +97,7 @@ private Q_SLOTS:
 
     void lateAnswerIsNobodysAnswer() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.script = [](const QString&, int) {
             Clock::Advance(30001);
@@ -132,7 +132,7 @@ private Q_SLOTS:
     void nestedCommands() {
         QFETCH(QList<int>, order);
         QFETCH(bool, onePiece);
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         QStringList answers(3);
         std::function<void(int)> ask = [&](int depth) {
@@ -154,7 +154,7 @@ private Q_SLOTS:
 
     void connectionLostInMidAnswer() {
         const FrozenClock clock; // so that only the loss can end the wait
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int number) {
             QTimer::singleShot(100, [&desk] { desk.peer.drop(); });
@@ -173,7 +173,7 @@ private Q_SLOTS:
 
     // The whole answer was in when the connection went: it counts.
     void connectionLostBehindTheAnswer() {
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int number) {
             QTimer::singleShot(0, [&desk] { desk.peer.drop(); });
@@ -185,7 +185,7 @@ private Q_SLOTS:
     // The connection was lost and opened again by a nested command: the outer one's answer can't come.
     void nestedCommandReconnects() {
         const FrozenClock clock;
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         QString nested;
         desk.peer.script = [&](const QString&, int) {
@@ -203,7 +203,7 @@ private Q_SLOTS:
     }
 
     void extendsTheCallersText() {
-        Desk desk;
+        ScriptedDesk desk;
         QVERIFY(desk.open());
         desk.peer.answerAll(u"a"_s);
         QString request = u"<命令>读取日期</命令>\r\n"_s;

@@ -53,6 +53,10 @@ private Q_SLOTS:
         const QDateTime set = Clock::Now();
         QCOMPARE(set.date(), QDate(2031, 5, 6));
         QTRY_VERIFY(Clock::Now() > set);
+        QVERIFY(Clock::SetTime(u"23:59:59"));
+        QVERIFY(Clock::SecondsSinceMidnight() >= 86399 || Clock::SecondsSinceMidnight() < 3600);
+        QVERIFY(Clock::SetTime(u"00:00:00"));
+        QVERIFY(Clock::SecondsSinceMidnight() < 3600);
         QVERIFY(Clock::SetDate(QDate::currentDate().toString(u"yyyy-MM-dd"_s)));
         QVERIFY(Clock::SetTime(QTime::currentTime().toString(u"HH:mm:ss"_s)));
     }

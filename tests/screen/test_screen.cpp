@@ -142,11 +142,12 @@ private Q_SLOTS:
     void aWalkIsStoppedByEsc() {
         int steps = 0;
         screen_->run([&] {
-            QTimer::singleShot(0, this, [this] { press(Qt::Key_Escape); });
-            while (screen_->stillOpen())
-                screen_->progress(++steps, 0);
+            while (screen_->stillOpen()) {
+                if (++steps == 3)
+                    QTimer::singleShot(0, this, [this] { press(Qt::Key_Escape); });
+            }
         });
-        QVERIFY(steps > 0);
+        QVERIFY(steps >= 3);
         QVERIFY(screen_->isVisible());
         QVERIFY(!screen_->stopRequested());
         QCOMPARE(screen_->ran, QStringList{u"CmdStop"_s});
@@ -214,8 +215,9 @@ private Q_SLOTS:
     }
 
     void commandsFitANarrowWindow() {
-        screen_->resize(420, 600);
-        QTRY_COMPARE(screen_->width(), 420);
+        screen_->resize(screen_->minimumSizeHint());
+        QVERIFY(screen_->width() < 800); // less than the commands take in one row
+        QCoreApplication::processEvents();
         for (const auto* each : screen_->findChildren<QPushButton*>())
             QVERIFY2(each->geometry().right() < each->parentWidget()->width(),
                      qPrintable(each->objectName()));
