@@ -112,6 +112,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     panel->addTab(makeColumnsPage(), u"列与统计"_s);
     panel->addTab(makeSettingsPage(), u"打印设置"_s);
     panel->setMinimumWidth(kPanelWidth);
+    panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     auto* split = new QSplitter;
     split->addWidget(list);
     split->addWidget(panel);
@@ -135,7 +136,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     makeShortcuts();
     every(kTimerInterval, [this] { Timer1_Timer(); });
     setTask(GridTask::None);
-    resize(1180, 700);
+    resize(1300, 720);
     GrdView_->setFocus();
 }
 

@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -27,6 +28,7 @@ struct Form {
         screen.show();
         screen.activateWindow();
         screen.load({});
+        QTRY_COMPARE(QApplication::activeWindow(), &screen);
     }
 
     QComboBox* list(const QString& name) const { return screen.findChild<QComboBox*>(name); }
@@ -83,10 +85,11 @@ private Q_SLOTS:
             QTest::keyClick(popup, Qt::Key_Return);
             QTRY_VERIFY(!popup->isVisible());
             query_->activateWindow(); // without a desktop a popup that closes keeps the activation
+            QTRY_COMPARE(QApplication::activeWindow(), query_.get());
             enter();
         };
-        choose(u"Fld"_s, 1);
-        choose(u"Cnd"_s, 3);
+        choose(u"Fld"_s, 0);
+        choose(u"Cnd"_s, 2);
         QCOMPARE(form.focus(), form.list(u"Vl"_s));
         form.type(u"Vl"_s, u"5"_s);
         enter();
