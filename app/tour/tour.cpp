@@ -53,14 +53,16 @@ void Tour::logIn(const QString& user, const QString& password) {
 }
 
 void Tour::leave() {
-    press(mainWindow(), u"exit_cmd"_s);
-    waitFor([this] { return login().mainWindow() == nullptr; }, u"主窗口没有关闭"_s);
+    QTimer::singleShot(0, &login(), [this] { press(mainWindow(), u"exit_cmd"_s); });
+    QApplication::exec(); // until the exit has ended the program
+    expect(login().mainWindow() == nullptr, u"主窗口没有关闭"_s);
     workstation_.reset();
 }
 
 void Tour::press(QWidget& window, const QString& button) {
     auto* widget = Find<QPushButton>(window, button);
-    expect(widget->isEnabled(), button + u" 不能使用"_s);
+    // Many commands are enabled by a screen's timer, a moment after what allows them.
+    waitFor([widget] { return widget->isEnabled(); }, button + u" 不能使用"_s);
     widget->click();
 }
 
