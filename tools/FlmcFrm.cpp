@@ -68,6 +68,7 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
     // The timer alone would refuse a save that is pressed right behind the last letter.
     on(FlxxQd, &GridView::cellEdited, [this] { Timer1_Timer(); });
     every(kTimerMilliseconds, [this] { Timer1_Timer(); });
+    resize(960, 640);
 }
 
 void FlmcFrm::load(const QVariant&) {
