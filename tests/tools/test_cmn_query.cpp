@@ -23,7 +23,7 @@ const QStringList kFields = {u"编号"_s, u"姓名"_s, u"生日"_s};
 
 // A form and its controls by name.
 struct Form {
-    explicit Form(ConditionForm& screen) : screen(screen) {
+    explicit Form(ConditionForm& shown) : screen(shown) {
         screen.show();
         screen.activateWindow();
         screen.load({});
