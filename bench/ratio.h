@@ -6,38 +6,56 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QElapsedTimer>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <ctime>
 
 namespace hotel::bench {
+
+// What a stretch of work is measured by: the time that passes, for work that waits for another thread
+// or process; or the processor time of the calling thread, which other programs don't add to.
+enum class Time { Passing, Processor };
+
+// The clock's nanoseconds, from a beginning of its own.
+inline double Now(Time time) {
+    timespec now{};
+    clock_gettime(time == Time::Passing ? CLOCK_MONOTONIC : CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e9 + double(now.tv_nsec);
+}
 
 // Nanoseconds that one call of `work` takes on average, over at least ten milliseconds of calls. What
 // `work` returns is kept from being optimized away.
 template<typename Work>
-double Nanoseconds(Work&& work) {
-    constexpr qint64 kLeastNanoseconds = 10'000'000;
-    QElapsedTimer timer;
-    timer.start();
+double Nanoseconds(Work&& work, Time time = Time::Passing) {
+    constexpr double kLeastNanoseconds = 10e6;
+    const double start = Now(time);
+    double taken = 0;
     int calls = 0;
     do {
         benchmark::DoNotOptimize(work());
         ++calls;
-    } while (timer.nsecsElapsed() < kLeastNanoseconds);
-    return double(timer.nsecsElapsed()) / calls;
+        taken = Now(time) - start;
+    } while (taken < kLeastNanoseconds);
+    return taken / calls;
 }
 
 // Time of `work` by that of `floor`, each divided by how many things it does. Both are measured by
 // turns, so that a busy machine burdens both alike; the median of the rounds is taken.
 template<typename Work, typename Floor>
-double MedianRatio(Work&& work, Floor&& floor, double workThings = 1, double floorThings = 1) {
+double MedianRatio(Work&& work, Floor&& floor, double workThings = 1, double floorThings = 1,
+                   Time time = Time::Passing) {
     std::array<double, 15> ratios;
     for (double& ratio : ratios)
-        ratio = (Nanoseconds(work) / workThings) / (Nanoseconds(floor) / floorThings);
+        ratio = (Nanoseconds(work, time) / workThings) / (Nanoseconds(floor, time) / floorThings);
     std::sort(ratios.begin(), ratios.end());
     return ratios[ratios.size() / 2];
+}
+
+// The same by processor time, for work that its own thread does.
+template<typename Work, typename Floor>
+double ProcessorRatio(Work&& work, Floor&& floor, double workThings = 1, double floorThings = 1) {
+    return MedianRatio(work, floor, workThings, floorThings, Time::Processor);
 }
 
 inline void PrintRatio(const char* name, double ratio, double limit) {

@@ -38,12 +38,12 @@ void TagAtEnd() {
     text = SetTag(text, u"合计金额", u"1234.50");
     const QString closing = u"</合计金额>"_s;
     PrintRatio("get_tag_at_end",
-               MedianRatio([&] { return GetTag(text, u"合计金额"); },
-                           [&] { return text.indexOf(closing); }),
+               ProcessorRatio([&] { return GetTag(text, u"合计金额"); },
+                              [&] { return text.indexOf(closing); }),
                2.0);
     PrintRatio("get_tag_absent",
-               MedianRatio([&] { return GetTag(text, u"折扣"); },
-                           [&] { return text.indexOf(u"</折扣>"_s); }),
+               ProcessorRatio([&] { return GetTag(text, u"折扣"); },
+                              [&] { return text.indexOf(u"</折扣>"_s); }),
                2.0);
 }
 
@@ -58,7 +58,7 @@ void Walk(const char* name, const QString& longText, const QString& shortText, S
     };
     PrintRatio(
         name,
-        MedianRatio([&] { return walk(longText); }, [&] { return walk(shortText); }, 30000, 300),
+        ProcessorRatio([&] { return walk(longText); }, [&] { return walk(shortText); }, 30000, 300),
         1.3);
 }
 
@@ -78,16 +78,16 @@ void Wire() {
     const QByteArray utf8 = text.toUtf8();
     const QByteArray wire = EncodeForWire(text);
     PrintRatio("encode_for_wire_by_utf8",
-               MedianRatio([&] { return EncodeForWire(text); }, [&] { return text.toUtf8(); }),
+               ProcessorRatio([&] { return EncodeForWire(text); }, [&] { return text.toUtf8(); }),
                2.0);
     PrintRatio("wire_decoder_by_utf8",
-               MedianRatio([&] { return WireDecoder().decode(wire); },
-                           [&] { return QString::fromUtf8(utf8); }),
+               ProcessorRatio([&] { return WireDecoder().decode(wire); },
+                              [&] { return QString::fromUtf8(utf8); }),
                2.0);
-    PrintRatio(
-        "decode_request_by_utf8",
-        MedianRatio([&] { return DecodeRequest(wire); }, [&] { return QString::fromUtf8(utf8); }),
-        2.0);
+    PrintRatio("decode_request_by_utf8",
+               ProcessorRatio([&] { return DecodeRequest(wire); },
+                              [&] { return QString::fromUtf8(utf8); }),
+               2.0);
 }
 
 // Searches among records by the side of one pass for a text that isn't there.
@@ -97,8 +97,8 @@ void Selections() {
         QString conditions;
         int number = 0;
         AddQueryCondition(conditions, u"", object, op, target, number);
-        return MedianRatio([&] { return SelectRecords(project, conditions); },
-                           [&] { return project.indexOf(u"</房间号 />"_s); });
+        return ProcessorRatio([&] { return SelectRecords(project, conditions); },
+                              [&] { return project.indexOf(u"</房间号 />"_s); });
     };
     PrintRatio("select_greatest_name", ratio(tag::kRecordName, u"数值最大", u""), 10.0);
     PrintRatio("select_by_field", ratio(u"房间号", u"等于", u"505"), 10.0);
@@ -124,8 +124,8 @@ void Sorting() {
             return copy.rows();
         };
     };
-    PrintRatio("sort_text", MedianRatio(sortTable(TextTable::Order::Text), sortBare), 3.0);
-    PrintRatio("sort_natural", MedianRatio(sortTable(TextTable::Order::Natural), sortBare), 3.0);
+    PrintRatio("sort_text", ProcessorRatio(sortTable(TextTable::Order::Text), sortBare), 3.0);
+    PrintRatio("sort_natural", ProcessorRatio(sortTable(TextTable::Order::Natural), sortBare), 3.0);
 }
 
 } // namespace

@@ -13,10 +13,6 @@ QString DayFile(QDate day) {
 
 } // namespace
 
-QString CategoryFile() {
-    return Param(u"XtsjLj") + Param(u"Flmcxx");
-}
-
 QString RoomDatabaseFile() {
     return Param(u"KfxxLj") + Param(u"Kfjbxx");
 }

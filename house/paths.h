@@ -9,7 +9,6 @@
 
 namespace hotel {
 
-QString CategoryFile();     // value lists: one project a category
 QString RoomDatabaseFile(); // all rooms
 QString RoomFile(QStringView room);
 QString RoomPictureFile(QStringView name);

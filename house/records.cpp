@@ -15,14 +15,20 @@ int Twice(Write write) {
 
 // The answer stands in for a value that is empty.
 bool IsEmptyField(QStringView answer, QStringView record) {
-    return TrimWhite(answer) == u'<' + record + u"></" + record + u'>';
+    return TrimWhite(answer) == u"<"_s + record + u"></" + record + u'>';
 }
 
 } // namespace
 
-QString ReadRecord(QStringView file, QStringView project, QStringView record) {
+std::optional<QString> FindRecord(QStringView file, QStringView project, QStringView record) {
     const QString value = DbReadRecord(file, project, record);
-    return IsError(value) || IsEmptyField(value, record) ? QString() : value;
+    if (value.isEmpty() || IsError(value))
+        return {};
+    return IsEmptyField(value, record) ? QString() : value;
+}
+
+QString ReadRecord(QStringView file, QStringView project, QStringView record) {
+    return FindRecord(file, project, record).value_or(QString());
 }
 
 QString ReadProject(QStringView file, QStringView project) {

@@ -9,9 +9,14 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace hotel {
 
-// Value of a record; empty when it is missing or empty, or when the server fails.
+// Value of a record, which may be empty; nothing when there is no such record or the server fails.
+std::optional<QString> FindRecord(QStringView file, QStringView project, QStringView record);
+
+// The same where a record that is missing is as good as an empty one.
 QString ReadRecord(QStringView file, QStringView project, QStringView record);
 
 // A project whole: one field a record. Written whole, the project gets exactly the fields of `text`.

@@ -9,6 +9,7 @@
 #include "link/socks5.h"
 #include "link/workstation.h"
 #include "platform/clock.h"
+#include "platform/events.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 
@@ -65,7 +66,7 @@ void PumpEvents() {
     if (now - lastTime <= kPumpSeconds && now >= lastTime)
         return;
     lastTime = now;
-    QCoreApplication::processEvents();
+    LetEventsThrough();
 }
 
 QString LinkStateAfterError(int errorNumber) {
@@ -343,7 +344,7 @@ void Wck_comm::sleepOnSocket() {
 void Wck_comm::sleepInEventLoop() {
     QTimer wakeUp;
     wakeUp.start(kWakeUp);
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    LetEventsThrough(QEventLoop::WaitForMoreEvents);
     socket_DataArrival(); // a command issued by a data event finds no event for its own answer
 }
 

@@ -134,13 +134,13 @@ struct Format {
     explicit Format(QStringView format) {
         bool behindPoint = false;
         for (const QChar c : format) {
+            const bool always = c == u'0';
             if (c == u'.') {
                 behindPoint = true;
-            } else if (behindPoint) {
+            } else if (behindPoint && (always || c == u'#')) {
                 ++mostDecimals;
-                if (c == u'0')
-                    leastDecimals = mostDecimals;
-            } else if (c == u'0' || wholeDigits > 0) {
+                leastDecimals = always ? mostDecimals : leastDecimals;
+            } else if (always || (c == u'#' && wholeDigits > 0)) {
                 ++wholeDigits;
             }
         }
@@ -199,7 +199,7 @@ double LeadingNumber(QStringView text) {
 bool IsNumber(QStringView text) {
     const QString number = TrimBlanks(text);
     const bool hasSign = number.startsWith(u'-') || number.startsWith(u'+');
-    const QStringView digits = QStringView(number).sliced(hasSign);
+    const QStringView digits = QStringView(number).sliced(hasSign ? 1 : 0);
     const bool plain =
         std::all_of(digits.begin(), digits.end(), [](QChar c) { return IsDigit(c) || c == u'.'; });
     return plain && digits.count(u'.') <= 1 && digits.size() > digits.count(u'.');

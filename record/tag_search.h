@@ -29,10 +29,10 @@ private:
     qsizetype tagSize_;
 };
 
-// One step over the occurrences of a tag from `position` on, by the rule of GetTagN: the empty form
-// counts, and behind an empty form the walk goes on behind the next regular opening tag, so that
-// one regular occurrence is stepped over. That is deliberate: lists on the server are numbered by
-// it.
+// One step over the occurrences of a tag from `position` on, by the rule of GetTagN. The empty form
+// counts, but the place to go on from is reckoned from the next regular opening tag (from the front of
+// the text when there is none), so that one regular occurrence behind an empty form is stepped over.
+// That is deliberate: every workstation numbers the entries of stored lists in this way.
 struct Occurrence {
     bool found = false;
     QStringView value;

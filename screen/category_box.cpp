@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "screen/field_form.h"
+#include "screen/key_filter.h"
 #include "screen/screen.h"
 
 namespace hotel {
@@ -33,7 +34,8 @@ CategoryBox::CategoryBox(const QString& category, bool freeText, QWidget* parent
     : QComboBox(parent), category_(category), filled_(category.isEmpty()) {
     setEditable(freeText);
     setInsertPolicy(NoInsert);
-    setCompleter(nullptr);
+    if (freeText)
+        setCompleter(nullptr);
     setMaxVisibleItems(16);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
 }
@@ -77,20 +79,18 @@ void CategoryBox::showPopup() {
 
 void CategoryBox::keyPressEvent(QKeyEvent* event) {
     const bool move = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    const bool letter = !event->text().isEmpty() && event->text().at(0) > u' ' &&
-                        event->text().at(0) != QChar::Delete;
-    if (move || (letter && !isEditable()))
+    const QString letters = isEditable() ? QString() : TypedText(*event).trimmed();
+    if (move || !letters.isEmpty())
         fill();
-    if (letter && !isEditable()) {
-        selectByLetters(event->text());
-        return;
-    }
-    QComboBox::keyPressEvent(event);
+    if (letters.isEmpty())
+        QComboBox::keyPressEvent(event);
+    else
+        selectByLetters(letters);
 }
 
 // The letters of a quick run are looked for together; a single one repeated goes on to the next
 // entry.
-bool CategoryBox::selectByLetters(const QString& letters) {
+void CategoryBox::selectByLetters(const QString& letters) {
     const bool goesOn = sinceLetter_.isValid() &&
                         !sinceLetter_.hasExpired(QApplication::keyboardInputInterval() * 2);
     sinceLetter_.start();
@@ -101,10 +101,9 @@ bool CategoryBox::selectByLetters(const QString& letters) {
         if (categoryMatch(itemText(entry), letters_)) {
             setCurrentIndex(entry);
             Q_EMIT activated(entry);
-            return true;
+            return;
         }
     }
-    return false;
 }
 
 void CategoryBox::wheelEvent(QWheelEvent* event) {

@@ -30,7 +30,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    bool selectByLetters(const QString& letters);
+    void selectByLetters(const QString& letters);
 
     QString category_;
     bool filled_;

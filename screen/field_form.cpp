@@ -26,6 +26,7 @@ std::function<std::optional<double>(const QString&)> amountReader = [](const QSt
 };
 
 constexpr int kEditorPadding = 24;
+constexpr int kColumnGap = 12;
 
 int DefaultWidth(Editor editor) {
     switch (editor) {
@@ -74,6 +75,17 @@ void SetTextColour(QWidget* editor, bool bad) {
     editor->setPalette(bad ? palette : QPalette());
 }
 
+// What can't be typed into is passed by on the way through the fields; its text can still be copied.
+void MakeReadOnly(QWidget* editor, bool readOnly) {
+    editor->setFocusPolicy(readOnly ? Qt::ClickFocus : Qt::StrongFocus);
+    if (auto* line = qobject_cast<QLineEdit*>(editor))
+        line->setReadOnly(readOnly);
+    else if (auto* lines = qobject_cast<QPlainTextEdit*>(editor))
+        lines->setReadOnly(readOnly);
+    else
+        editor->setEnabled(!readOnly);
+}
+
 } // namespace
 
 void SetAmountReader(std::function<std::optional<double>(const QString&)> reader) {
@@ -98,10 +110,14 @@ FieldForm::FieldForm(const QList<FormField>& fields, int columns, QWidget* paren
         QWidget* editor = makeEditor(field);
         editors_.insert(field.control.toString(), editor);
         grid->addWidget(editor, row, column + 1, 1, ownRow ? 2 * columns - 1 : 1);
+        if (!ownRow)
+            grid->setColumnMinimumWidth(
+                column + 1, qMax(grid->columnMinimumWidth(column + 1), editor->minimumWidth()));
         if (field.editor == Editor::Check)
             continue; // carries its label itself
         auto* label = new QLabel(field.label.toString());
         label->setBuddy(editor);
+        label->setContentsMargins(column > 0 ? kColumnGap : 0, 0, 0, 0);
         grid->addWidget(label, row, column,
                         Qt::AlignRight | (ownRow ? Qt::AlignTop : Qt::AlignVCenter));
     }
@@ -144,7 +160,6 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     default: {
         auto* box = new QLineEdit;
         SetKeyFilter(box, FilterOf(field.editor), field.maxBytes);
-        box->setReadOnly(field.editor == Editor::ReadOnly);
         if (field.editor == Editor::Password)
             box->setEchoMode(QLineEdit::Password);
         if (field.editor == Editor::Amount)
@@ -156,8 +171,11 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     const int width = field.width > 0 ? field.width : DefaultWidth(field.editor);
     editor->setObjectName(control);
     editor->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * width + kEditorPadding);
+    // The editors of a column are as wide as its widest one.
     editor->setSizePolicy(QSizePolicy::Ignored, editor->sizePolicy().verticalPolicy());
     editor->installEventFilter(this);
+    if (field.editor == Editor::ReadOnly)
+        MakeReadOnly(editor, true);
     return editor;
 }
 
@@ -239,13 +257,7 @@ void FieldForm::loadCategories() {
 }
 
 void FieldForm::setReadOnly(QStringView control, bool readOnly) {
-    QWidget* widget = editor(control);
-    if (auto* line = qobject_cast<QLineEdit*>(widget))
-        line->setReadOnly(readOnly);
-    else if (auto* lines = qobject_cast<QPlainTextEdit*>(widget))
-        lines->setReadOnly(readOnly);
-    else
-        widget->setEnabled(!readOnly);
+    MakeReadOnly(editor(control), readOnly);
 }
 
 // --- leaving an editor ---
@@ -258,8 +270,10 @@ bool FieldForm::eventFilter(QObject* watched, QEvent* event) {
     } else if (event->type() == QEvent::KeyPress && qobject_cast<QPlainTextEdit*>(watched)) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (enter && key->modifiers() == Qt::ControlModifier)
-            return focusNextChild();
+        if (enter && key->modifiers() == Qt::ControlModifier) {
+            event->ignore(); // so that it comes to the screen, which moves on
+            return true;
+        }
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -53,9 +53,8 @@ bool GridView::typeKey(QKeyEvent* event) {
         writeCell(text.chopped(qMin<qsizetype>(1, text.size())));
     } else if (event->matches(QKeySequence::Paste)) {
         typeText(QApplication::clipboard()->text());
-    } else if (!event->text().isEmpty() && event->text().at(0) >= u' ' &&
-               event->text().at(0) != QChar::Delete) {
-        typeText(event->text());
+    } else if (const QString typed = TypedText(*event); !typed.isEmpty()) {
+        typeText(typed);
     } else {
         return false;
     }

@@ -92,6 +92,13 @@ QString FilterTyped(KeyFilter filter, QStringView typed) {
     return taken;
 }
 
+QString TypedText(const QKeyEvent& key) {
+    constexpr QChar kDelete = u'\x7F';
+    const QString text = key.text();
+    const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return command || text.isEmpty() || text[0] < u' ' || text[0] == kDelete ? QString() : text;
+}
+
 void SetKeyFilter(QLineEdit* box, KeyFilter filter, int maxBytes) {
     new TypingFilter(box, filter, maxBytes);
 }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace hotel {
@@ -24,6 +25,9 @@ QString PlainForm(QStringView text);
 
 // What is taken of a typed (or pasted) text.
 QString FilterTyped(KeyFilter filter, QStringView typed);
+
+// The text that a key types, from the blank upward; empty for every other key.
+QString TypedText(const QKeyEvent& key);
 
 // Puts a filter on a box; with `maxBytes` above 0 what goes beyond that many bytes (AnsiLen) is not
 // taken. Esc empties a box with any filter but Any; an empty one leaves Esc to the screen.

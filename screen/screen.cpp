@@ -14,12 +14,12 @@
 #include <QRadioButton>
 #include <QShortcut>
 #include <QTextEdit>
-#include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <exception>
 #include <utility>
 
+#include "platform/events.h"
 #include "record/literals.h"
 #include "screen/command_bar.h"
 #include "screen/messages.h"
@@ -31,15 +31,6 @@ namespace {
 constexpr int kDisableAfter = 200; // milliseconds: a handler that is quicker doesn't flicker
 constexpr int kEventsInterval =
     20; // milliseconds between two times that a walk lets events through
-
-// Times that a walk is letting events through right now: each is a nested turn of the event loop.
-int walksLettingEventsThrough = 0;
-
-// How deep the event loop is nested. Two handlers on the stack with the same level called each
-// other with no event loop in between.
-int EventLevel() {
-    return QThread::currentThread()->loopLevel() + walksLettingEventsThrough;
-}
 
 bool TakesText(const QWidget* widget) {
     if (const auto* box = qobject_cast<const QLineEdit*>(widget))
@@ -74,6 +65,8 @@ Screen::Screen(const QString& name, const QString& caption, QWidget* parent)
     progress_->setTextVisible(true);
     progress_->hide();
     status_->setTextFormat(Qt::PlainText);
+    status_->setSizePolicy(QSizePolicy::Ignored,
+                           QSizePolicy::Preferred); // long words widen no window
     auto* statusLine = new QHBoxLayout;
     statusLine->addWidget(status_, 1);
     statusLine->addWidget(progress_);
@@ -125,7 +118,7 @@ void Screen::addCommand(const ScreenCommand& command, CommandBar* bar) {
     button->setObjectName(command.name);
     button->setDefault(command.kind == CommandKind::Default);
     bar->addButton(button, command.group);
-    commandTable_.append({button, command.kind});
+    commandTable_.append({button, command.kind, command.key == Qt::Key_Escape});
 
     const auto press = [this, handler = command.handler, kind = command.kind] {
         const Running running(*this, kind == CommandKind::Stop || !isReentry());
@@ -133,7 +126,7 @@ void Screen::addCommand(const ScreenCommand& command, CommandBar* bar) {
             perform(handler);
     };
     connect(button, &QPushButton::clicked, this, press);
-    if (!command.key.isEmpty()) {
+    if (!command.key.isEmpty() && command.key != Qt::Key_Escape) {
         auto* shortcut = new QShortcut(command.key, button);
         shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
@@ -183,32 +176,33 @@ void Screen::perform(const std::function<void()>& handler) {
 Screen::Running::Running(Screen& screen) : Running(screen, !screen.isReentry()) {}
 
 Screen::Running::Running(Screen& screen, bool enters)
-    : screen_(enters ? &screen : nullptr), outerLevel_(screen.level_) {
+    : screen_(enters ? &screen : nullptr), outerEventDepth_(screen.eventDepth_) {
     if (screen_)
         screen_->enter();
 }
 
 Screen::Running::~Running() {
     if (screen_)
-        screen_->leave(outerLevel_);
+        screen_->leave(outerEventDepth_);
 }
 
 bool Screen::isReentry() const {
-    return busy() && level_ != EventLevel();
+    return busy() && eventDepth_ != EventDepth();
 }
 
 void Screen::enter() {
-    level_ = EventLevel();
+    eventDepth_ = EventDepth();
     if (++depth_ == 1)
         disableSoon_->start();
 }
 
-void Screen::leave(int outerLevel) {
-    level_ = outerLevel;
+void Screen::leave(int outerEventDepth) {
+    eventDepth_ = outerEventDepth;
     if (--depth_ > 0)
         return;
     stopRequested_ = false;
-    progress_->hide();
+    if (std::exchange(walked_, false))
+        progress_->hide();
     disableSoon_->stop();
     endRefusal();
     if (std::exchange(closeRequested_, false))
@@ -251,10 +245,9 @@ QTimer* Screen::every(int milliseconds, std::function<void()> handler) {
 
 bool Screen::stillOpen() {
     Q_ASSERT_X(busy(), "Screen::stillOpen", "a walk is part of a handler");
+    walked_ = true;
     if (!sinceEvents_.isValid() || sinceEvents_.hasExpired(kEventsInterval)) {
-        ++walksLettingEventsThrough;
-        QCoreApplication::processEvents();
-        --walksLettingEventsThrough;
+        LetEventsThrough();
         sinceEvents_.start();
     }
     return !stopRequested_;
@@ -279,8 +272,7 @@ void Screen::setStatus(const QString& words) {
 // --- fields and keys ---
 
 void Screen::onEnter(QWidget* control, std::function<void()> handler) {
-    onEnter_.insert(control, std::move(handler));
-    connect(control, &QObject::destroyed, this, [this, control] { onEnter_.remove(control); });
+    onEnter_.append({control, std::move(handler)});
 }
 
 void Screen::moveOn(bool back) {
@@ -316,22 +308,32 @@ void Screen::pressEnter(bool back) {
     QWidget* control = focusWidget();
     if (auto* button = qobject_cast<QPushButton*>(control))
         button->click();
-    else if (!back && onEnter_.contains(control))
-        run(onEnter_.value(control));
+    else if (const auto handler = back ? nullptr : enterHandler(control))
+        run(handler);
     else
         moveOn(back);
 }
 
+std::function<void()> Screen::enterHandler(const QWidget* control) const {
+    for (const auto& [owner, handler] : onEnter_) {
+        if (owner == control)
+            return handler;
+    }
+    return nullptr;
+}
+
 void Screen::pressEscape() {
-    if (!busy()) {
-        close();
-        return;
-    }
+    const bool stops = busy();
     requestStop();
+    bool done = stops;
     for (const Command& command : commandTable_) {
-        if (command.kind == CommandKind::Stop)
+        if (stops ? command.kind == CommandKind::Stop : command.byEscape) {
             command.button->click();
+            done = true;
+        }
     }
+    if (!done)
+        close();
 }
 
 // --- closing ---

@@ -32,7 +32,6 @@
 // when nothing runs. Each command may have a key of its own, shown on its button.
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QKeySequence>
 #include <QList>
 #include <QPointer>
@@ -40,6 +39,7 @@
 #include <QWidget>
 #include <functional>
 #include <type_traits>
+#include <utility>
 
 class QLabel;
 class QProgressBar;
@@ -114,7 +114,7 @@ public:
         Running(Screen& screen, bool enters);
 
         QPointer<Screen> screen_; // null when it was refused
-        int outerLevel_;          // the screen's level before this stretch
+        int outerEventDepth_;     // the screen's before this stretch
     };
 
     // --- long walks ---
@@ -130,7 +130,8 @@ public:
     bool stopRequested() const { return stopRequested_; }
     void requestStop();
 
-    // Progress in the status line: `done` of `total` (0 of 0 takes the bar away) and words.
+    // Progress in the status line: `done` of `total` and words. The bar goes with the end of the walk;
+    // where a timer carries the work from tick to tick, 0 of 0 takes it away.
     void progress(int done, int total, const QString& words = {});
     void setStatus(const QString& words);
 
@@ -198,6 +199,7 @@ private:
     struct Command {
         QPushButton* button; // its object name is the command's name
         CommandKind kind;
+        bool byEscape;       // its key is Esc
         bool enabled = true; // as the screen wants it
     };
 
@@ -207,7 +209,7 @@ private:
 
     bool isReentry() const;
     void enter();
-    void leave(int outerLevel);
+    void leave(int outerEventDepth);
     void perform(const std::function<void()>& handler);
     void showRefusal();
     void endRefusal();
@@ -215,6 +217,7 @@ private:
     void putCommandsLast(); // Enter and Tab come to the commands behind the content
     void pressEnter(bool back);
     void pressEscape();
+    std::function<void()> enterHandler(const QWidget* control) const;
 
     QVBoxLayout* layout_;
     QWidget* content_ = nullptr;
@@ -222,14 +225,15 @@ private:
     QList<Command> commandTable_;
     QLabel* status_;
     QProgressBar* progress_;
-    QHash<QObject*, std::function<void()>> onEnter_;
+    QList<std::pair<QPointer<QWidget>, std::function<void()>>> onEnter_;
 
-    int depth_ = 0; // handlers on the stack
-    int level_ = 0; // nesting of the event loop at the innermost one
+    int depth_ = 0;      // handlers on the stack
+    int eventDepth_ = 0; // EventDepth() of the innermost one
     bool stopRequested_ = false;
     bool closeRequested_ = false;
     bool closing_ = false; // closing() is on the stack
     bool accepted_ = false;
+    bool walked_ = false; // the running handler is a walk
     QElapsedTimer sinceEvents_;
 
     // The refusal as the user sees it.

@@ -20,7 +20,7 @@ constexpr int kRadius = 3;
 
 constexpr QRgb kAccent = 0xFF1B5E9E;
 constexpr QRgb kFrame = 0xFF8A96A3;
-constexpr QRgb kDisabledText = 0xFF7C8792;
+constexpr QRgb kDisabledText = 0xFF66717C;
 
 // The toolkit's plain style with a focus that can be seen from across the desk and a default button
 // that can't be mistaken.
@@ -32,7 +32,8 @@ public:
                        const QWidget* widget) const override {
         switch (element) {
         case PE_PanelLineEdit:
-            if (option->state & State_Sunken || qobject_cast<const QLineEdit*>(widget))
+            if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+                frame && frame->lineWidth > 0)
                 drawBox(option, painter, boxColour(option));
             return;
         case PE_FrameLineEdit:
@@ -53,6 +54,14 @@ public:
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+            element == CE_PushButtonLabel && button && IsFilled(button)) {
+            QStyleOptionButton white = *button;
+            white.palette.setColor(QPalette::ButtonText,
+                                   option->palette.color(QPalette::HighlightedText));
+            QProxyStyle::drawControl(element, &white, painter, widget);
+            return;
+        }
         if (element == CE_ShapedFrame && option->state & State_HasFocus &&
             qobject_cast<const QAbstractScrollArea*>(widget)) {
             drawBox(option, painter, {});
@@ -63,9 +72,15 @@ public:
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override {
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
-        if (control == CC_ComboBox && option->state & State_HasFocus)
-            drawRing(option->rect, option, painter);
+        if (control != CC_ComboBox) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        drawBox(option, painter, boxColour(option));
+        QStyleOption arrow = *option;
+        arrow.rect = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+        arrow.rect = QRect({}, QSize(12, 12)).translated(arrow.rect.center() - QPoint(6, 6));
+        drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
     }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -77,6 +92,9 @@ public:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:
             return 0;
+        case PM_FocusFrameHMargin: // at both sides of a cell's text
+        case PM_HeaderMargin:
+            return 5;
         case PM_LayoutHorizontalSpacing:
             return 10;
         case PM_LayoutVerticalSpacing:
@@ -106,7 +124,43 @@ public:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        switch (icon) {
+        case SP_MessageBoxInformation:
+            return SignIcon(u'i', kAccent);
+        case SP_MessageBoxQuestion:
+            return SignIcon(u'?', kAccent);
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
 private:
+    // The default button is filled with the accent.
+    static bool IsFilled(const QStyleOptionButton* button) {
+        return button && button->features & QStyleOptionButton::DefaultButton &&
+               button->state & State_Enabled;
+    }
+
+    // A white sign on a disc, for the message boxes.
+    static QIcon SignIcon(QChar sign, QRgb colour) {
+        QPixmap pixmap(64, 64);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(colour));
+        painter.drawEllipse(2, 2, 60, 60);
+        QFont font = QApplication::font();
+        font.setPixelSize(44);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(pixmap.rect(), Qt::AlignCenter, sign);
+        return pixmap;
+    }
+
     static QColor boxColour(const QStyleOption* option) {
         const bool readOnly = option->state & State_ReadOnly || !(option->state & State_Enabled);
         return option->palette.color(readOnly ? QPalette::Window : QPalette::Base);
@@ -134,10 +188,8 @@ private:
     }
 
     static void drawButton(const QStyleOption* option, QPainter* painter) {
-        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool enabled = option->state & State_Enabled;
-        const bool isDefault =
-            enabled && button && button->features & QStyleOptionButton::DefaultButton;
+        const bool isDefault = IsFilled(qstyleoption_cast<const QStyleOptionButton*>(option));
         QColor fill = option->palette.color(isDefault ? QPalette::Highlight : QPalette::Button);
         if (option->state & (State_Sunken | State_On))
             fill = fill.darker(112);

@@ -39,11 +39,11 @@ QString NewNameField(const Request& request, QStringView field) {
     return *name;
 }
 
-Answer Done() {
+CommandAnswer Done() {
     return {u"<SUCCESS>"_s};
 }
 
-Answer List(QStringView name, const QStringList& entries) {
+CommandAnswer List(QStringView name, const QStringList& entries) {
     QString text = u'<' % name % u'>' % kCrLf;
     for (const QString& entry : entries)
         text += entry % kCrLf;
@@ -52,23 +52,23 @@ Answer List(QStringView name, const QStringList& entries) {
 
 // --- Login -------------------------------------------------------------------------------------------
 
-QString DateText(const Desk& desk) {
-    return desk.clock().toString(u"yyyy-MM-dd"_s);
+QString DateText(const ServerState& server) {
+    return server.clock().toString(u"yyyy-MM-dd"_s);
 }
 
-Answer LogIn(Desk& desk, Session& session, const Request& request) {
+CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     const QString user = NameField(request, u"用户名");
     const QStringView digest = request.field(u"密码");
-    const QString date = DateText(desk);
+    const QString date = DateText(server);
     const LoginVerdict verdict =
-        JudgeLogin(desk.store, desk.productId, user, digest, session.address, date);
+        JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
-        session.user = user;
+        peer.user = user;
         return {u"<SUCCESS>登录成功"_s};
     }
-    const int delay = IsEmptyAttempt(desk.productId, user, digest, date)
+    const int delay = IsEmptyAttempt(server.productId, user, digest, date)
                           ? 0
-                          : desk.failures.delayOfFailure(session.address);
+                          : server.failures.delayOfFailure(peer.address);
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -79,58 +79,58 @@ Answer LogIn(Desk& desk, Session& session, const Request& request) {
     }
 }
 
-Answer LogOut(Desk&, Session& session, const Request&) {
-    session.user.clear();
+CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
+    peer.user.clear();
     return Done();
 }
 
-Answer UserList(Desk& desk, Session&, const Request&) {
+CommandAnswer UserList(ServerState& server, Peer&, const Request&) {
     QStringList users;
-    desk.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
-                    [&](const QString& name, const QString&) { users += name; });
+    server.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+                      [&](const QString& name, const QString&) { users += name; });
     return List(u"记录清单", users);
 }
 
-Answer UserFileName(Desk&, Session&, const Request&) {
+CommandAnswer UserFileName(ServerState&, Peer&, const Request&) {
     return {FieldText(u"用户文件名", kUserFile)};
 }
 
-Answer ServerDate(Desk& desk, Session&, const Request&) {
-    return {FieldText(u"当前日期", DateText(desk))};
+CommandAnswer ServerDate(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前日期", DateText(server))};
 }
 
-Answer ServerTime(Desk& desk, Session&, const Request&) {
-    return {FieldText(u"当前时间", desk.clock().toString(u"HH:mm:ss"_s))};
+CommandAnswer ServerTime(ServerState& server, Peer&, const Request&) {
+    return {FieldText(u"当前时间", server.clock().toString(u"HH:mm:ss"_s))};
 }
 
 // --- Files -------------------------------------------------------------------------------------------
 
-Answer CreateDatabase(Desk& desk, Session&, const Request& request) {
-    desk.store.createDatabase(FileField(request));
+CommandAnswer CreateDatabase(ServerState& server, Peer&, const Request& request) {
+    server.store.createDatabase(FileField(request));
     return Done();
 }
 
-Answer DeleteFile(Desk& desk, Session&, const Request& request) {
-    desk.store.removeFile(FileField(request));
+CommandAnswer DeleteFile(ServerState& server, Peer&, const Request& request) {
+    server.store.removeFile(FileField(request));
     return Done();
 }
 
-Answer RenameFile(Desk& desk, Session&, const Request& request) {
-    desk.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+CommandAnswer RenameFile(ServerState& server, Peer&, const Request& request) {
+    server.store.renameFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer CopyFile(Desk& desk, Session&, const Request& request) {
-    desk.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
+CommandAnswer CopyFile(ServerState& server, Peer&, const Request& request) {
+    server.store.copyFile(FileField(request, u"源文件名"), FileField(request, u"目标文件名"));
     return Done();
 }
 
-Answer FileList(Desk& desk, Session&, const Request& request) {
+CommandAnswer FileList(ServerState& server, Peer&, const Request& request) {
     const std::optional<StorePath> folder = ParseFolderPath(request.field(u"路径名"));
     if (!folder)
         throw Refusal(refusal::kBadName);
     const QString pattern = NameField(request, u"库文件说明");
-    QStringList files = desk.store.list(*folder).files;
+    QStringList files = server.store.list(*folder).files;
     if (!pattern.isEmpty())
         files.removeIf([&](const QString& name) { return !QDir::match(pattern, name); });
     return List(u"文件清单", files);
@@ -154,33 +154,35 @@ QStringList NumberedFolders(Store& store, QStringView file) {
     return folders;
 }
 
-Answer CheckDatabase(Desk& desk, Session&, const Request& request) {
-    const auto result = [](const QString& text) { return Answer{FieldText(u"检查结果", text)}; };
+CommandAnswer CheckDatabase(ServerState& server, Peer&, const Request& request) {
+    const auto result = [](const QString& text) {
+        return CommandAnswer{FieldText(u"检查结果", text)};
+    };
     const QString missing = u"-1"_s;
     const int code = int(LeadingNumber(request.field(u"功能码")));
     if (code == 2 || code == 3) {
-        const QStringList folders = NumberedFolders(desk.store, request.field(u"库文件名"));
+        const QStringList folders = NumberedFolders(server.store, request.field(u"库文件名"));
         if (folders.isEmpty())
             return result(missing);
         return result(code == 2 ? folders.first() : folders.last());
     }
     const StorePath path = FileField(request);
-    if (desk.store.kind(path) == Store::Kind::Missing)
+    if (server.store.kind(path) == Store::Kind::Missing)
         return result(missing);
     switch (code) {
     case 0:
-        return result(QString::number(desk.store.projects(path).size()));
+        return result(QString::number(server.store.projects(path).size()));
     case 5:
-        return result(desk.store.stamp(path).last(8));
+        return result(server.store.stamp(path).last(8));
     case 6:
-        return result(desk.store.stamp(path));
+        return result(server.store.stamp(path));
     default:
         throw Refusal(u"不认识的功能码"_s);
     }
 }
 
-Answer PrepareData(Desk& desk, Session&, const Request& request) {
-    if (desk.store.kind(FileField(request)) == Store::Kind::Missing)
+CommandAnswer PrepareData(ServerState& server, Peer&, const Request& request) {
+    if (server.store.kind(FileField(request)) == Store::Kind::Missing)
         throw Refusal(refusal::kNoFile);
     return Done();
 }
@@ -192,23 +194,23 @@ QString HexSum(const QByteArray& content) {
     return QString::number(sum, 16).toUpper();
 }
 
-Answer Upload(Desk& desk, Session&, const Request& request) {
+CommandAnswer Upload(ServerState& server, Peer&, const Request& request) {
     const StorePath path = FileField(request, u"文件名");
     const QByteArray hex = request.field(u"文件内容").toLatin1();
     const QByteArray content = QByteArray::fromHex(hex);
-    if (content.size() * 2 != hex.size() ||
+    if (content.toHex() != hex.toLower() ||
         double(content.size()) != LeadingNumber(request.field(u"文件长度")))
         throw Refusal(u"文件长度不符"_s);
     bool isNumber = false;
     const quint32 sum = request.field(u"文件校验和").trimmed().toUInt(&isNumber, 16);
     if (!isNumber || QString::number(sum, 16).toUpper() != HexSum(content))
         throw Refusal(u"文件校验和不符"_s);
-    desk.store.writeUpload(path, content);
+    server.store.writeUpload(path, content);
     return Done();
 }
 
-Answer Download(Desk& desk, Session&, const Request& request) {
-    const std::optional<QByteArray> content = desk.store.upload(FileField(request, u"文件名"));
+CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
+    const std::optional<QByteArray> content = server.store.upload(FileField(request, u"文件名"));
     if (!content)
         throw Refusal(refusal::kNoFile);
     return {FieldText(u"文件内容", QString::fromLatin1(content->toHex().toUpper())) % kCrLf %
@@ -218,27 +220,27 @@ Answer Download(Desk& desk, Session&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
-Answer ProjectList(Desk& desk, Session&, const Request& request) {
-    return List(u"项目清单", desk.store.projects(FileField(request)));
+CommandAnswer ProjectList(ServerState& server, Peer&, const Request& request) {
+    return List(u"项目清单", server.store.projects(FileField(request)));
 }
 
-Answer CreateProject(Desk& desk, Session&, const Request& request) {
+CommandAnswer CreateProject(ServerState& server, Peer&, const Request& request) {
     const StorePath path = FileField(request);
     const QString project = NewNameField(request, u"项目名");
-    if (!desk.store.hasProject(path, project))
-        desk.store.writeProject(path, project, request.field(u"初始值"));
+    if (!server.store.hasProject(path, project))
+        server.store.writeProject(path, project, request.field(u"初始值"));
     return Done();
 }
 
-Answer DeleteProject(Desk& desk, Session&, const Request& request) {
-    desk.store.removeProject(FileField(request), NameField(request, u"项目名"));
+CommandAnswer DeleteProject(ServerState& server, Peer&, const Request& request) {
+    server.store.removeProject(FileField(request), NameField(request, u"项目名"));
     return Done();
 }
 
 // --- Records -----------------------------------------------------------------------------------------
 
-// A record as a request names it. With an empty project name the record's name is that of a project,
-// which is meant as a whole.
+// A record as a request names it. With an empty project name the record's name is that of a
+// project, which is meant as a whole.
 struct RecordKey {
     StorePath path;
     QString project;
@@ -272,22 +274,22 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
 
-Answer ReadRecord(Desk& desk, Session&, const Request& request) {
+CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    const std::optional<QString> value = Read(desk.store, key);
+    const std::optional<QString> value = Read(server.store, key);
     if (!value)
         throw Refusal(refusal::kNoRecord);
     return {FieldText(key.record, *value)};
 }
 
-// The record and, up to a bound, those behind it. A following record is left out, with all behind it,
-// when its tags stand in the block already: the reader of the block would find the wrong text.
-Answer ReadBuffered(Desk& desk, Session& session, const Request& request) {
+// The record and, up to a bound, those behind it. A following record is left out, with all behind
+// it, when its tags stand in the block already: the reader of the block would find the wrong text.
+CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
     const RecordKey key(request);
     const QList<NamedText> records =
-        desk.store.readBlock(key.path, key.project, key.record, kBlockRecords);
+        server.store.readBlock(key.path, key.project, key.record, kBlockRecords);
     if (records.isEmpty())
-        return ReadRecord(desk, session, request);
+        return ReadRecord(server, peer, request);
     QString block = FieldText(records.first().name, records.first().text);
     for (const NamedText& record : records.sliced(1)) {
         const bool hidden =
@@ -299,57 +301,57 @@ Answer ReadBuffered(Desk& desk, Session& session, const Request& request) {
     return {block};
 }
 
-Answer ModifyRecord(Desk& desk, Session&, const Request& request) {
-    Write(desk.store, RecordKey(request), request);
+CommandAnswer ModifyRecord(ServerState& server, Peer&, const Request& request) {
+    Write(server.store, RecordKey(request), request);
     return Done();
 }
 
-Answer CreateRecord(Desk& desk, Session&, const Request& request) {
+CommandAnswer CreateRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    if (Exists(desk.store, key))
+    if (Exists(server.store, key))
         throw Refusal(refusal::kRecordExists);
-    Write(desk.store, key, request);
+    Write(server.store, key, request);
     return Done();
 }
 
-Answer ReplaceRecord(Desk& desk, Session&, const Request& request) {
+CommandAnswer ReplaceRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    if (!Exists(desk.store, key))
+    if (!Exists(server.store, key))
         throw Refusal(refusal::kNoRecord);
-    Write(desk.store, key, request);
+    Write(server.store, key, request);
     return Done();
 }
 
-Answer DeleteRecord(Desk& desk, Session&, const Request& request) {
+CommandAnswer DeleteRecord(ServerState& server, Peer&, const Request& request) {
     const RecordKey key(request);
-    desk.store.remove(key.path, key.project, key.record);
+    server.store.remove(key.path, key.project, key.record);
     return Done();
 }
 
-Answer RecordList(Desk& desk, Session&, const Request& request) {
+CommandAnswer RecordList(ServerState& server, Peer&, const Request& request) {
     QStringList names;
-    desk.store.walk(FileField(request), NameField(request, u"项目名"), false,
-                    [&](const QString& name, const QString&) { names += name; });
+    server.store.walk(FileField(request), NameField(request, u"项目名"), false,
+                      [&](const QString& name, const QString&) { names += name; });
     return List(u"记录清单", names);
 }
 
-Answer FindRecords(Desk& desk, Session&, const Request& request) {
+CommandAnswer FindRecords(ServerState& server, Peer&, const Request& request) {
     const Keywords keywords{SplitKeywords(request.field(u"记录必选项")),
                             SplitKeywords(request.field(u"记录任选项")),
                             SplitKeywords(request.field(u"记录排除项"))};
-    return List(u"记录清单", FindByKeywords(desk.store, FileField(request),
+    return List(u"记录清单", FindByKeywords(server.store, FileField(request),
                                             NameField(request, u"项目名"), keywords));
 }
 
-Answer FindFields(Desk& desk, Session&, const Request& request) {
+CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
     return List(u"记录清单",
-                FindByConditions(desk.store, FileField(request), NameField(request, u"项目名"),
+                FindByConditions(server.store, FileField(request), NameField(request, u"项目名"),
                                  request.field(u"记录查询条件")));
 }
 
 // --- The table ---------------------------------------------------------------------------------------
 
-constexpr Command kCommands[] = {
+constexpr ServerCommand kCommands[] = {
     {u"登录", kBeforeLogin, LogIn},
     {u"注销", 0, LogOut},
     {u"用户清单", kBeforeLogin, UserList},
@@ -381,9 +383,9 @@ constexpr Command kCommands[] = {
 
 } // namespace
 
-const Command* FindCommand(QStringView name) {
+const ServerCommand* FindServerCommand(QStringView name) {
     const auto command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                      [&](const Command& c) { return c.name == name; });
+                                      [&](const ServerCommand& c) { return c.name == name; });
     return command == std::end(kCommands) ? nullptr : command;
 }
 
@@ -391,17 +393,17 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-Answer AnswerRequest(Desk& desk, Session& session, const Request& request) {
-    const Command* command = FindCommand(request.command());
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
-    if (session.user.isEmpty() && !beforeLogin)
+    if (peer.user.isEmpty() && !beforeLogin)
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
     if (command->flags & kWrites)
-        desk.store.begin();
+        server.store.begin();
     try {
-        return command->handler(desk, session, request);
+        return command->handler(server, peer, request);
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }

@@ -15,44 +15,44 @@
 namespace hotel {
 
 // Who speaks on a connection.
-struct Session {
+struct Peer {
     QHostAddress address;
     QString user; // empty: not logged in
 };
 
 // What all commands work on.
-struct Desk {
+struct ServerState {
     Store& store;
     FailureLimit& failures;
     QString productId;                // enters the login digest
     std::function<QDateTime()> clock; // the house's time
 };
 
-struct Answer {
+struct CommandAnswer {
     QString text;  // never empty
     int delay = 0; // milliseconds by which it is to be held back
 };
 
-using CommandHandler = Answer (*)(Desk& desk, Session& session, const Request& request);
+using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const Request& request);
 
 enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
     kWrites = 2,      // changes the store: runs in a transaction
 };
 
-struct Command {
+struct ServerCommand {
     QStringView name;
     unsigned flags;
     CommandHandler handler;
 };
 
 // The command of that name, nullptr when there is none.
-const Command* FindCommand(QStringView name);
+const ServerCommand* FindServerCommand(QStringView name);
 
-// Answers a request; begins a transaction when the command writes, and leaves the commit to the caller.
-// A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when the store
-// fails.
-Answer AnswerRequest(Desk& desk, Session& session, const Request& request);
+// Answers a request; begins a transaction when the command writes, and leaves the commit to the
+// caller. A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when
+// the store fails.
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);
 
 // `<ERROR>words</ERROR>`
 QString ErrorText(const QString& words);

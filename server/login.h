@@ -25,12 +25,13 @@ enum class LoginVerdict { Admitted, UnknownUser, WrongAddress, WrongPassword };
 LoginVerdict JudgeLogin(Store& store, QStringView productId, const QString& user,
                         QStringView digest, const QHostAddress& address, QStringView date);
 
-// True when `digest` is the user's digest of the empty password. Every workstation tries that first, to
-// find out whether the user has a password, so that a refusal of it is no sign of guessing.
+// True when `digest` is the user's digest of the empty password. Every workstation tries that
+// first, to find out whether the user has a password, so that a refusal of it is no sign of
+// guessing.
 bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest, QStringView date);
 
-// Slows down whoever guesses passwords. The first failures from an address are answered at once, those
-// that follow within a minute of each other later and later.
+// Slows down whoever guesses passwords. The first failures from an address are answered at once,
+// those that follow within a minute of each other later and later.
 class FailureLimit {
 public:
     FailureLimit() { time_.start(); }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QAbstractEventDispatcher>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QTcpSocket>
 
@@ -21,8 +23,9 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 
 RecordServer::RecordServer(ServerSettings settings)
     : settings_(std::move(settings)),
-      store_(settings_.dataFolder, Store::Use::Serve), desk_{store_, failures_, settings_.productId,
-                                                             settings_.clock} {
+      store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
+                                                              settings_.productId,
+                                                              settings_.clock} {
     connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
     connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
     listener_.setListenBacklogSize(kListenBacklog);
@@ -31,14 +34,16 @@ RecordServer::RecordServer(ServerSettings settings)
                          QString::number(settings_.port) + u": " + listener_.errorString());
     connect(&stallTimer_, &QTimer::timeout, this, &RecordServer::dropStalled);
     stallTimer_.start(settings_.stallLimit / 4);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &RecordServer::dispatcher_aboutToBlock);
 }
 
 RecordServer::~RecordServer() = default;
 
 void RecordServer::listener_newConnection() {
     while (QTcpSocket* socket = listener_.nextPendingConnection()) {
-        auto* connection = new Connection(socket, settings_.unsentLimit, this);
-        connect(connection, &Connection::ready, this, &RecordServer::enqueue);
+        auto* connection = new ClientConnection(socket, settings_.unsentLimit, this);
+        connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
         enqueue(connection);
     }
 }
@@ -48,20 +53,21 @@ void RecordServer::listener_acceptError() {
     QTimer::singleShot(kAcceptPause, this, [this] { listener_.resumeAccepting(); });
 }
 
-void RecordServer::enqueue(Connection* connection) {
+void RecordServer::enqueue(ClientConnection* connection) {
     if (!std::exchange(connection->queued, true))
         queue_.push_back(connection);
-    postTurn();
 }
 
-// The turn is taken behind all sockets that are ready in this pass of the loop.
-void RecordServer::postTurn() {
-    if (!std::exchange(turnPosted_, true))
-        QMetaObject::invokeMethod(this, &RecordServer::takeTurn, Qt::QueuedConnection);
+// Runs when all sockets that are ready in this pass of the loop have been heard.
+void RecordServer::dispatcher_aboutToBlock() {
+    if (queue_.empty())
+        return;
+    takeTurn();
+    if (!queue_.empty())
+        QAbstractEventDispatcher::instance()->wakeUp(); // the next turn is due at once
 }
 
 void RecordServer::takeTurn() {
-    turnPosted_ = false;
     Turn turn;
     try {
         takeRequests(turn);
@@ -73,8 +79,6 @@ void RecordServer::takeTurn() {
     }
     sendAnswers(turn);
     letGo(turn);
-    if (!queue_.empty())
-        postTurn();
 }
 
 void RecordServer::takeRequests(Turn& turn) {
@@ -82,7 +86,7 @@ void RecordServer::takeRequests(Turn& turn) {
     spent.start();
     while (!queue_.empty() && turn.exchanges.size() < kTurnRequests &&
            !spent.hasExpired(kTurnTime)) {
-        Connection* connection = queue_.front();
+        ClientConnection* connection = queue_.front();
         queue_.pop_front();
         connection->queued = false;
         std::optional<Request> request = connection->next();
@@ -92,7 +96,7 @@ void RecordServer::takeRequests(Turn& turn) {
         }
         turn.exchanges.push_back({connection, std::move(*request), {}});
         Exchange& exchange = turn.exchanges.back();
-        exchange.answer = AnswerRequest(desk_, connection->session, exchange.request);
+        exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
         if (exchange.answer.delay == 0)
             enqueue(connection);
     }
@@ -101,7 +105,7 @@ void RecordServer::takeRequests(Turn& turn) {
 void RecordServer::answerEachAlone(Turn& turn) {
     for (Exchange& exchange : turn.exchanges) {
         try {
-            exchange.answer = AnswerRequest(desk_, exchange.connection->session, exchange.request);
+            exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
             store_.commit();
         } catch (const StoreError& error) {
             store_.rollback();
@@ -119,7 +123,7 @@ void RecordServer::sendAnswers(const Turn& turn) {
 }
 
 void RecordServer::letGo(const Turn& turn) {
-    for (Connection* connection : turn.drained) {
+    for (ClientConnection* connection : turn.drained) {
         if (connection->queued)
             continue;
         if (connection->gone()) {
@@ -131,25 +135,25 @@ void RecordServer::letGo(const Turn& turn) {
     }
 }
 
-QList<Connection*> RecordServer::connections() const {
-    return findChildren<Connection*>(QString(), Qt::FindDirectChildrenOnly);
+QList<ClientConnection*> RecordServer::connections() const {
+    return findChildren<ClientConnection*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 void RecordServer::dropStalled() {
-    for (Connection* connection : connections())
+    for (ClientConnection* connection : connections())
         connection->dropIfStalled(settings_.stallLimit);
 }
 
 void RecordServer::finish() {
     listener_.close();
-    for (Connection* connection : connections()) {
+    for (ClientConnection* connection : connections()) {
         connection->readArrived();
         enqueue(connection);
     }
     while (!queue_.empty())
         takeTurn();
     const QDeadlineTimer deadline(kLastSending);
-    for (Connection* connection : connections())
+    for (ClientConnection* connection : connections())
         connection->finishSending(int(deadline.remainingTime()));
 }
 

@@ -2,9 +2,10 @@
 
 // The record server: answers the workstations' requests from one store.
 //
-// One thread, one loop. All requests that arrive in one turn of the loop are answered together: their
-// changes share one commit, and no answer leaves before it. When the commit fails, each request of the
-// turn is tried again by itself, so that one that can't be done takes no other with it.
+// One thread, one loop. All requests that arrive in one turn of the loop are answered together:
+// their changes share one commit, and no answer leaves before it. When the commit fails, each
+// request of the turn is tried again by itself, so that one that can't be done takes no other with
+// it.
 //
 // A turn is short whatever is waiting, and takes one request of each connection after the other; a
 // client that sends without reading, or reads nothing, holds up nobody but itself.
@@ -21,8 +22,8 @@
 #include <QTimer>
 
 #include "record/login_digest.h"
+#include "server/client_connection.h"
 #include "server/command_table.h"
-#include "server/connection.h"
 #include "server/store.h"
 
 namespace hotel {
@@ -53,35 +54,34 @@ public:
 
 private:
     struct Exchange {
-        Connection* connection;
+        ClientConnection* connection;
         Request request;
-        Answer answer;
+        CommandAnswer answer;
     };
     struct Turn {
         std::vector<Exchange> exchanges;
-        std::vector<Connection*> drained; // connections without a further request
+        std::vector<ClientConnection*> drained; // connections without a further request
     };
 
     void listener_newConnection();
     void listener_acceptError();
-    void enqueue(Connection* connection);
-    void postTurn();
+    void dispatcher_aboutToBlock();
+    void enqueue(ClientConnection* connection);
     void takeTurn();
     void takeRequests(Turn& turn);
     void answerEachAlone(Turn& turn);
     void sendAnswers(const Turn& turn);
     void letGo(const Turn& turn);
-    QList<Connection*> connections() const;
+    QList<ClientConnection*> connections() const;
     void dropStalled();
 
     ServerSettings settings_;
     Store store_;
     FailureLimit failures_;
-    Desk desk_;
+    ServerState state_;
     QTcpServer listener_;
     QTimer stallTimer_;
-    std::deque<Connection*> queue_; // connections that may have a request
-    bool turnPosted_ = false;
+    std::deque<ClientConnection*> queue_; // connections that may have a request
 };
 
 } // namespace hotel

@@ -7,8 +7,8 @@
 //     ...
 //     <命令流水号>CmdID:007</命令流水号>
 //
-// with CR LF behind the last field; that field and its line end are the only end mark. Requests may come
-// in any number of pieces, or several in one piece.
+// with CR LF behind the last field; that field and its line end are the only end mark. Requests may
+// come in any number of pieces, or several in one piece.
 
 #include <optional>
 #include <utility>
@@ -24,9 +24,10 @@ namespace hotel {
 // The longest request, end mark included: 64 MiB.
 inline constexpr qsizetype kRequestLimit = 64 * 1024 * 1024;
 
-// One request. Its fields are those that stand side by side at the outermost level. A name's field ends
-// at its first closing tag; a field that carries free text (`记录值`, `初始值`, the conditions) ends at
-// its last one, so that a value may hold any tags, even those of the request's own fields.
+// One request. Its fields are those that stand side by side at the outermost level. A name's field
+// ends at its first closing tag; a field that carries free text (`记录值`, `初始值`, the
+// conditions) ends at its last one, so that a value may hold any tags, even those of the request's
+// own fields.
 class Request {
 public:
     // `number` is the three digits of the sequence field, `text` all that stands before it.
@@ -57,8 +58,8 @@ public:
     // The next complete request; nothing when more bytes are needed or the stream is refused.
     std::optional<Request> next();
 
-    // True when the bytes are no request: they don't begin with a command, or there are more than the
-    // limit without an end. Nothing can be read from here on; the connection is to be closed.
+    // True when the bytes are no request: they don't begin with a command, or there are more than
+    // the limit without an end. Nothing can be read from here on; the connection is to be closed.
     bool refused() const { return refused_; }
 
 private:

@@ -16,8 +16,8 @@ namespace hotel {
 QStringList FindByConditions(Store& store, const StorePath& path, const QString& project,
                              QStringView conditionText);
 
-// Keywords, each list separated by ",": a record is found when its value holds all of `required`, one
-// of `optional` if there are any, and none of `excluded`.
+// Keywords, each list separated by ",": a record is found when its value holds all of `required`,
+// one of `optional` if there are any, and none of `excluded`.
 struct Keywords {
     QStringList required;
     QStringList optional;

@@ -13,8 +13,8 @@ namespace hotel {
 
 class ServerThread : private QThread {
 public:
-    // Comes back when the server listens. Throws StoreError as RecordServer does. The settings' clock is
-    // called on the server's thread.
+    // Comes back when the server listens. Throws StoreError as RecordServer does. The settings'
+    // clock is called on the server's thread.
     explicit ServerThread(ServerSettings settings);
 
     // Answers what has been received and ends.

@@ -4,17 +4,17 @@
 //
 //     database file (a path)  ->  project  ->  record (a name and a text)
 //
-// Order is insertion order throughout; changing a record keeps its place. Names are unique where they
-// stand; letter case counts in them, but not in paths. A path is either a database file or an uploaded
-// file.
+// Order is insertion order throughout; changing a record keeps its place. Names are unique where
+// they stand; letter case counts in them, but not in paths. A path is either a database file or an
+// uploaded file.
 //
 // Every operation is either done, or throws and has changed nothing:
 //   Refusal     what was asked for can't be done here (no such record, ...); the store is fine.
 //   StoreError  the store itself fails (disk full, read-only, damaged). The transaction must be rolled
 //               back.
 //
-// Writing needs a transaction (begin ... commit), which may take any number of operations. What commit
-// has come back from is on disk.
+// Writing needs a transaction (begin ... commit), which may take any number of operations. What
+// commit has come back from is on disk.
 //
 // Used by one thread. One program serves a store at a time; others may look into it meanwhile.
 
@@ -26,6 +26,7 @@
 #include <utility>
 
 #include <QByteArray>
+#include <QCache>
 #include <QFile>
 #include <QHash>
 #include <QSqlDatabase>
@@ -39,22 +40,23 @@
 
 namespace hotel {
 
-class Refusal : public std::runtime_error {
+class Failure : public std::runtime_error {
 public:
-    explicit Refusal(const QString& words) : runtime_error(words.toStdString()), words_(words) {}
-    const QString& words() const { return words_; }
+    explicit Failure(const QString& words) : runtime_error(words.toStdString()), words_(words) {}
+    const QString& words() const { return words_; } // for people
 
 private:
     QString words_;
 };
 
-class StoreError : public std::runtime_error {
+class Refusal : public Failure {
 public:
-    explicit StoreError(const QString& words) : runtime_error(words.toStdString()), words_(words) {}
-    const QString& words() const { return words_; }
+    using Failure::Failure;
+};
 
-private:
-    QString words_;
+class StoreError : public Failure {
+public:
+    using Failure::Failure;
 };
 
 namespace refusal {
@@ -79,8 +81,8 @@ public:
         Look, // read only, the store as it stood at the moment of opening
     };
 
-    // Opens the store in `folder`. Throws StoreError when it can't be opened, or when another program
-    // serves it already.
+    // Opens the store in `folder`. Throws StoreError when it can't be opened, or when another
+    // program serves it already.
     Store(const QString& folder, Use use);
     ~Store();
     Store(const Store&) = delete;
@@ -101,7 +103,8 @@ public:
     // Makes a database file that is missing.
     void createDatabase(const StorePath& path);
 
-    // Database files and uploaded files alike. Renaming and copying need a target that doesn't exist.
+    // Database files and uploaded files alike. Renaming and copying need a target that doesn't
+    // exist.
     void removeFile(const StorePath& path);
     void renameFile(const StorePath& from, const StorePath& to);
     void copyFile(const StorePath& from, const StorePath& to);
@@ -116,7 +119,8 @@ public:
     // All paths of a kind, in order.
     QList<StorePath> paths(Kind kind) const;
 
-    // Sixteen hexadecimal digits that are others after every change of the file, and after a restart.
+    // Sixteen hexadecimal digits that are others after every change of the file, and after a
+    // restart.
     QString stamp(const StorePath& path) const;
 
     // An uploaded file's bytes; nothing when there is none of that path. Uploading replaces.
@@ -133,9 +137,9 @@ public:
     // The whole project: one field per record, one a line, in order.
     std::optional<QString> readProject(const StorePath& path, const QString& project);
 
-    // Makes the project's content exactly the fields of `text`, in their order; file and project are
-    // made when they are missing. Of two fields of one name the first gives the place, the last the
-    // value.
+    // Makes the project's content exactly the fields of `text`, in their order; file and project
+    // are made when they are missing. Of two fields of one name the first gives the place, the last
+    // the value.
     void writeProject(const StorePath& path, const QString& project, QStringView text);
 
     // --- Records -------------------------------------------------------------------------------------
@@ -151,18 +155,18 @@ public:
                const QString& value);
     void remove(const StorePath& path, const QString& project, const QString& record);
 
-    // Shows the records of a project in their order; with an empty project name those of all projects.
-    // Without `values` the values are shown as empty texts, which is cheaper.
+    // Shows the records of a project in their order; with an empty project name those of all
+    // projects. Without `values` the values are shown as empty texts, which is cheaper.
     using Visitor = std::function<void(const QString& name, const QString& value)>;
     void walk(const StorePath& path, const QString& project, bool values, const Visitor& visit);
 
-    // The record and those that follow it in its project, `count` at most; empty when there is no such
-    // record.
+    // The record and those that follow it in its project, `count` at most; empty when there is no
+    // such record.
     QList<NamedText> readBlock(const StorePath& path, const QString& project, const QString& record,
                                int count);
 
-    // Name of the record that holds an extreme among the names of a project, at a cost that does not
-    // grow with the project; of equal ones the first. Nothing when the project has no record.
+    // Name of the record that holds an extreme among the names of a project, at a cost that does
+    // not grow with the project; of equal ones the first. Nothing when the project has no record.
     enum class Extreme { LastText, FirstText, GreatestNumber, LeastNumber };
     std::optional<QString> extremeName(const StorePath& path, const QString& project,
                                        Extreme extreme);
@@ -178,6 +182,7 @@ private:
 
     struct Project {
         qint64 id;
+        qint64 version;        // another one after every reading and rewriting of the project
         qint64 nextRecord = 0; // id of the next new record; 0 when not known yet
     };
     using Projects = QHash<QString, Project>;
@@ -212,7 +217,8 @@ private:
         QSqlQuery* query_;
     };
 
-    // Runs `sql` with the values for its question marks. A statement is known by the address of its text.
+    // Runs `sql` with the values for its question marks. A statement is known by the address of its
+    // text.
     template<typename... Values>
     Rows run(const char* sql, const Values&... values) {
         QSqlQuery& query = prepared(sql);
@@ -258,6 +264,11 @@ private:
     std::map<QString, File> files_;
     qint64 nextFile_ = 1;
     qint64 nextProject_ = 1;
+
+    // Values read lately, by their project's version and their record's name.
+    using ValueKey = std::pair<qint64, QString>;
+    QCache<ValueKey, QString> values_;
+    qint64 versions_ = 0;
 
     quint64 stampBase_;
     quint64 changes_ = 0;

@@ -1,8 +1,8 @@
 #pragma once
 
-// Names inside the store. A path is relative to the store's root; `\` separates its steps and `/` is
-// taken too. Letter case is ignored: `User.QVR` and `user.qvr` are one file, shown as it was first
-// written.
+// Names inside the store. A path is relative to the store's root; `\` separates its steps and `/`
+// is taken too. Letter case is ignored: `User.QVR` and `user.qvr` are one file, shown as it was
+// first written.
 
 #include <optional>
 
@@ -24,17 +24,17 @@ struct StorePath {
     }
 };
 
-// The path of a database file or an uploaded file. White space around it and doubled separators don't
-// count. Gives nothing for a path that is empty or absolute, ends in a separator, has a drive letter, a
-// `..` step, a control character or a tag bracket.
+// The path of a database file or an uploaded file. White space around it and doubled separators
+// don't count. Gives nothing for a path that is empty or absolute, ends in a separator, has a drive
+// letter, a `..` step, a control character or a tag bracket.
 std::optional<StorePath> ParseFilePath(QStringView text);
 
-// The path of a folder, by the same rules; one trailing separator is allowed, and the empty text is the
-// root (an empty key).
+// The path of a folder, by the same rules; one trailing separator is allowed, and the empty text is
+// the root (an empty key).
 std::optional<StorePath> ParseFolderPath(QStringView text);
 
-// `text` as the name of a project or a record, white space around it taken off; nothing when that is
-// empty or holds a control character or a tag bracket, which no list and no field could carry.
+// `text` as the name of a project or a record, white space around it taken off; nothing when that
+// is empty or holds a control character or a tag bracket, which no list and no field could carry.
 std::optional<QString> ParseName(QStringView text);
 
 } // namespace hotel

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace hotel {
 
@@ -21,10 +22,14 @@ bool RegisterTest(const char* name, std::function<QObject*()> make) {
 }
 
 int RunTests(int argc, char** argv) {
+    // A crash ends the program at once; a debugger's stack is for who looks into it by hand.
+    QByteArray noCrashHandler = "-nocrashhandler";
+    std::vector<char*> arguments(argv, argv + argc);
+    arguments.push_back(noCrashHandler.data());
     int failures = 0;
     for (const auto& [name, make] : Tests()) {
         const std::unique_ptr<QObject> test(make());
-        failures += QTest::qExec(test.get(), argc, argv);
+        failures += QTest::qExec(test.get(), int(arguments.size()), arguments.data());
     }
     return failures == 0 ? 0 : 1;
 }

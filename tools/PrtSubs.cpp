@@ -4,7 +4,9 @@
 
 #include "record/literals.h"
 #include "screen/messages.h"
-#include "tools/print_script.h"
+#include "screen/open_screen.h"
+#include "screen/screen.h"
+#include "tools/print_pass.h"
 
 namespace hotel {
 
@@ -12,6 +14,8 @@ namespace {
 
 const QString kScriptFile = u"_$$_TEMP.TMP"_s;
 const QString kScriptFiles = u"_$$_*.TMP"_s;
+
+constexpr QStringView kPreview = u"PrtPrev";
 
 struct PrintJob {
     double width = 0;
@@ -22,6 +26,7 @@ struct PrintJob {
     double bottom = 0;
     PrintFont font = kDefaultPrintFont;
     ScriptWriter script;
+    int number = 0;
     bool toldOfBadPlace = false;
 };
 
@@ -134,6 +139,7 @@ void PrintFoot(const QString& foot) {
 void OpenPrintJob(double widthCm, double heightCm) {
     ClosePrintJob();
     PrintJob job;
+    job.number = Job().number;
     job.width = widthCm > 0 ? widthCm : Job().width;
     job.height = heightCm > 0 ? heightCm : Job().height;
     job.script.start(QDir::current().filePath(kScriptFile));
@@ -156,8 +162,27 @@ void SetDefaultPrintFont(const QString& name, double size) {
     Job().font.size = size;
 }
 
+void PreviewPrintJob() {
+    OpenScreen(kPreview);
+}
+
 void ClosePrintJob() {
+    ++Job().number; // a preview that closes later doesn't take the script of the next job along
     DeleteScripts();
+    if (Screen* preview = FindScreen(kPreview))
+        preview->close();
+}
+
+FinishedPrintJob ReadPrintJob() {
+    PrintJob& job = Job();
+    job.script.flush();
+    return {PrintScript::FromFile(job.script.fileName()), QSizeF(job.width, job.height),
+            job.number};
+}
+
+void PreviewClosed(const FinishedPrintJob& job) {
+    if (job.number == Job().number)
+        DeleteScripts();
 }
 
 void AddScriptLine(const QString& text) {

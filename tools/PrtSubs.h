@@ -50,6 +50,11 @@ void PreviewPrintJob();
 // Deletes the script and closes the preview.
 void ClosePrintJob();
 
+// For the preview: the open job with all that was written so far, and the end of it.
+struct FinishedPrintJob;
+FinishedPrintJob ReadPrintJob();
+void PreviewClosed(const FinishedPrintJob& job);
+
 // Writes one line of the script; for what the operations below don't offer, a picture for instance.
 void AddScriptLine(const QString& text);
 

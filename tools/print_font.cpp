@@ -4,6 +4,7 @@
 #include <QHash>
 
 #include "record/literals.h"
+#include "screen/theme.h"
 
 namespace hotel {
 
@@ -59,20 +60,11 @@ double WidthOf(QStringView character, const PrintFont& font, Measures& measures)
     return *width;
 }
 
-QString FamilyOf(const QString& name) {
-    if (name == u"黑体")
-        return u"Noto Sans CJK SC"_s;
-    if (name == u"宋体")
-        return u"Noto Serif CJK SC"_s;
-    return name;
-}
-
 } // namespace
 
 QFont FontInTwips(const PrintFont& font) {
-    QFont result(FamilyOf(font.name));
+    QFont result = FontFor(font.name, font.size, font.bold);
     result.setPixelSize(qMax(1, qRound(font.size * kTwipsPerPoint)));
-    result.setBold(font.bold);
     result.setKerning(false);
     result.setHintingPreference(QFont::PreferNoHinting);
     return result;

@@ -13,7 +13,7 @@ namespace hotel {
 inline constexpr double kTwipsPerCm = 567;
 inline constexpr double kTwipsPerPoint = 20;
 
-// A font as print formats name it: "黑体", "宋体" or any family of the machine, the size in points.
+// A font as print formats name it (see FontFor), the size in points.
 struct PrintFont {
     QString name;
     double size = 0;

@@ -112,12 +112,16 @@ struct PrintRow {
     double height = 0;
 };
 
+// `space` is the height that the row can have; what is longer is cut off at its end.
 PrintRow LayRow(const TextTable& table, const GridPrintLayout& layout, int row,
-                const PrintFont& font) {
+                const PrintFont& font, double space) {
+    const double spare = space - kRowPaddingCm - TextHeightCm(font);
+    const qsizetype limit = 1 + std::max(0, int(spare / (TextHeightCm(font) * kLinePitch)));
     PrintRow result;
     qsizetype mostLines = 1;
     for (int column = 0; column < table.cols(); ++column) {
-        result.cells.append(CellLines(layout, column, table.text(row, column), font));
+        const QStringList lines = CellLines(layout, column, table.text(row, column), font);
+        result.cells.append(lines.first(std::min(limit, lines.size())));
         mostLines = std::max(mostLines, result.cells.last().size());
     }
     result.height = PileHeight(mostLines, font) + kRowPaddingCm;
@@ -166,14 +170,16 @@ GridPrintLayout MeasureGridPrint(const TextTable& table, const GridPrintStyle& s
 }
 
 int PrintGridPage(const TextTable& table, const GridPrintLayout& layout, int row, double top) {
-    const PrintRow head = LayRow(table, layout, 0, layout.headFont);
+    const double bottom = PrintableHeightCm();
+    const PrintRow head = LayRow(table, layout, 0, layout.headFont, (bottom - top) / 2);
     const QList<LinePainter> centred(table.cols(), PrintTextCentre);
     PrintCells(head, layout, centred, top, layout.headFont, layout.headLineWidth);
-    double y = top + head.height;
+    const double bodyTop = top + head.height;
+    double y = bodyTop;
     const int first = std::max(1, row);
     for (row = first; row < table.rows(); ++row) {
-        const PrintRow next = LayRow(table, layout, row, layout.bodyFont);
-        if (row > first && y + next.height > PrintableHeightCm())
+        const PrintRow next = LayRow(table, layout, row, layout.bodyFont, bottom - bodyTop);
+        if (row > first && y + next.height > bottom)
             break;
         PrintCells(next, layout, layout.painters, y, layout.bodyFont, layout.bodyLineWidth);
         y += next.height;

@@ -83,6 +83,7 @@ private Q_SLOTS:
         row(1.5, u"#0.0##"_s, u"1.5"_s);
         row(2, u"#0.##"_s, u"2"_s);
         row(0, u"#"_s, u""_s);
+        row(12.345, u"¥#0.00元"_s, u"12.35"_s);
         row(std::numeric_limits<double>::infinity(), u"#0.00"_s, u"0.00"_s);
         row(std::numeric_limits<double>::quiet_NaN(), u"#0"_s, u"0"_s);
     }

@@ -1,8 +1,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "tests/tools/print_items.h"
+#include "screen/messages.h"
 #include "tests/hotel_test.h"
+#include "tests/tools/print_items.h"
 #include "tools/PrtSubs.h"
 
 namespace hotel {
@@ -39,6 +40,7 @@ class PrintGridTest : public QObject {
 private:
     // Prints the whole list and gives back what stands on each page.
     QList<PrintPage> print(const TextTable& table, const GridPrintStyle& style) {
+        MessageRecorder messages;
         const GridPrintLayout layout = MeasureGridPrint(table, style);
         int pages = 0;
         for (int row = 1; row < table.rows() && pages < 100; ++pages) {
@@ -47,6 +49,7 @@ private:
             EndPage();
         }
         AddScriptLine(script::kBufferFresh.toString());
+        complaints_ += messages.words();
         PrintScript script = ScriptOfJob();
         QList<PrintPage> result;
         for (int page = 1; page <= script.pageCount(); ++page)
@@ -54,6 +57,7 @@ private:
         return result;
     }
 
+    QStringList complaints_;
     QTemporaryDir folder_;
     QString folderBefore_ = QDir::currentPath();
 
@@ -62,10 +66,14 @@ private Q_SLOTS:
     void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
 
     void init() {
+        complaints_.clear();
         OpenPrintJob(21, 28);
         SetPrintMargins(1.5, 1, 1.5, 1);
     }
-    void cleanup() { ClosePrintJob(); }
+    void cleanup() {
+        ClosePrintJob();
+        QCOMPARE(complaints_, QStringList());
+    }
 
     void printsEveryRowOnceUnderAHead_data() {
         QTest::addColumn<int>("rows");

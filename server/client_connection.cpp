@@ -1,6 +1,4 @@
-#include "server/connection.h"
-
-#include <algorithm>
+#include "server/client_connection.h"
 
 #include <QTimer>
 
@@ -13,29 +11,35 @@ namespace {
 // What is read from the system ahead of its being taken.
 constexpr qint64 kReadAhead = 256 * 1024;
 
-// The client takes a control character other than a line end for the first half of a character.
+// The client takes a control character other than a line end for the first half of a character. A
+// zero byte is none when it begins the one character whose first half is zero.
 void BlankControls(QByteArray& bytes) {
-    std::replace_if(
-        bytes.begin(), bytes.end(),
-        [](char c) { return quint8(c) < ' ' && c != '\r' && c != '\n'; }, ' ');
+    constexpr char kAfterZero = char(0x80);
+    char* const end = bytes.data() + bytes.size();
+    for (char* at = bytes.data(); at != end; ++at) {
+        if (quint8(*at) >= ' ' || *at == '\r' || *at == '\n')
+            continue;
+        if (*at != 0 || at + 1 == end || at[1] != kAfterZero)
+            *at = ' ';
+    }
 }
 
 } // namespace
 
-Connection::Connection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent)
+ClientConnection::ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent)
     : QObject(parent), socket_(socket), unsentLimit_(unsentLimit) {
-    session.address = socket->peerAddress();
+    peer.address = socket->peerAddress();
     socket_->setParent(this);
     socket_->setReadBufferSize(kReadAhead);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     socket_->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
     progress_.start();
     connect(socket_, &QTcpSocket::readyRead, this, [this] { Q_EMIT ready(this); });
-    connect(socket_, &QTcpSocket::bytesWritten, this, &Connection::socket_bytesWritten);
-    connect(socket_, &QTcpSocket::disconnected, this, &Connection::socket_disconnected);
+    connect(socket_, &QTcpSocket::bytesWritten, this, &ClientConnection::socket_bytesWritten);
+    connect(socket_, &QTcpSocket::disconnected, this, &ClientConnection::socket_disconnected);
 }
 
-std::optional<Request> Connection::next() {
+std::optional<Request> ClientConnection::next() {
     if (held_ || choked())
         return std::nullopt;
     while (true) {
@@ -47,7 +51,7 @@ std::optional<Request> Connection::next() {
     }
 }
 
-void Connection::answer(const QByteArray& number, const Answer& answer) {
+void ClientConnection::answer(const QByteArray& number, const CommandAnswer& answer) {
     if (answer.delay == 0) {
         send(number, answer.text);
         return;
@@ -60,7 +64,7 @@ void Connection::answer(const QByteArray& number, const Answer& answer) {
     });
 }
 
-void Connection::send(const QByteArray& number, const QString& text) {
+void ClientConnection::send(const QByteArray& number, const QString& text) {
     if (gone_)
         return;
     if (socket_->bytesToWrite() == 0)
@@ -74,7 +78,7 @@ void Connection::send(const QByteArray& number, const QString& text) {
     socket_->write(frame);
 }
 
-void Connection::readArrived() {
+void ClientConnection::readArrived() {
     if (gone_)
         return;
     qint64 known = -1;
@@ -84,24 +88,24 @@ void Connection::readArrived() {
     }
 }
 
-void Connection::finishSending(int milliseconds) {
+void ClientConnection::finishSending(int milliseconds) {
     while (!gone_ && socket_->bytesToWrite() > 0)
         if (!socket_->waitForBytesWritten(milliseconds))
             return;
 }
 
-void Connection::dropIfStalled(qint64 milliseconds) {
+void ClientConnection::dropIfStalled(qint64 milliseconds) {
     if (socket_->bytesToWrite() > 0 && progress_.hasExpired(milliseconds))
         socket_->abort();
 }
 
-void Connection::socket_bytesWritten() {
+void ClientConnection::socket_bytesWritten() {
     progress_.restart();
     if (!choked())
         Q_EMIT ready(this);
 }
 
-void Connection::socket_disconnected() {
+void ClientConnection::socket_disconnected() {
     gone_ = true;
     Q_EMIT ready(this);
 }

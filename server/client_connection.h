@@ -1,7 +1,7 @@
 #pragma once
 
-// One workstation's connection: bytes in, requests out; answers in, bytes out. It never blocks and holds
-// a bounded amount of what its client has not taken yet.
+// One workstation's connection: bytes in, requests out; answers in, bytes out. It never blocks and
+// holds a bounded amount of what its client has not taken yet.
 
 #include <optional>
 
@@ -14,22 +14,23 @@
 
 namespace hotel {
 
-class Connection : public QObject {
+class ClientConnection : public QObject {
     Q_OBJECT
 
 public:
-    // Takes over `socket`. While more than `unsentLimit` bytes wait to be sent, no request is taken.
-    Connection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
+    // Takes over `socket`. While more than `unsentLimit` bytes wait to be sent, no request is
+    // taken.
+    ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
 
-    Session session;
+    Peer peer;
 
-    // The next request that is to be answered now; nothing when there is none, or when the client has to
-    // take answers first.
+    // The next request that is to be answered now; nothing when there is none, or when the client
+    // has to take answers first.
     std::optional<Request> next();
 
-    // Queues the answer of request `number`; after `answer.delay` milliseconds if it says so, and until
-    // then no request is taken. Control characters that the wire can't carry become blanks.
-    void answer(const QByteArray& number, const Answer& answer);
+    // Queues the answer of request `number`; after `answer.delay` milliseconds if it says so, and
+    // until then no request is taken. Control characters that the wire can't carry become blanks.
+    void answer(const QByteArray& number, const CommandAnswer& answer);
 
     // Sends what was queued, as far as the client takes it.
     void flush() { socket_->flush(); }
@@ -49,15 +50,15 @@ public:
     // Waits up to `milliseconds` until the queued answers have been handed over.
     void finishSending(int milliseconds);
 
-    // Ends the connection at once when answers have been waiting for `milliseconds` without the client
-    // taking any.
+    // Ends the connection at once when answers have been waiting for `milliseconds` without the
+    // client taking any.
     void dropIfStalled(qint64 milliseconds);
 
     bool queued = false; // stands in the server's queue
 
 Q_SIGNALS:
     // There may be a request to take, or the connection has come to its end.
-    void ready(hotel::Connection* connection);
+    void ready(hotel::ClientConnection* connection);
 
 private:
     void socket_bytesWritten();

@@ -1,0 +1,387 @@
+#include "house/check_in.h"
+#include "house/folio.h"
+#include "house/guest_text.h"
+#include "house/offered_rooms.h"
+#include "house/paths.h"
+#include "house/records.h"
+#include "house/room_record.h"
+#include "house/stay_register.h"
+#include "link/serv_api.h"
+#include "record/record_text.h"
+#include "session/operation_log.h"
+#include "tests/hotel_test.h"
+#include "tests/house/cut_line.h"
+#include "tests/house/small_house.h"
+
+#include <QTest>
+
+using namespace hotel;
+
+namespace {
+
+const QString kFolio = u"260305100000"_s;
+const QString kOther = u"260305100001"_s;
+
+QString Words(const std::optional<Notice>& notice) {
+    return notice ? notice->title + u": "_s + notice->words : QString();
+}
+
+QStringList RegisteredNames(const QString& file = u"kszl\\rzjl\\260305.qvr"_s) {
+    QStringList names;
+    for (const QString& stay : StoredRecords(file, stay_register::kProject.toString()))
+        names.append(GetTag(stay, guest_text::kName));
+    return names;
+}
+
+// "散客 2": status and count of a room.
+QString State(const QString& room) {
+    return StoredRoom(room, room_record::kStatus) + u' ' + StoredRoom(room, room_record::kGuests);
+}
+
+QString RoomOfFolio(const QString& folio, const QString& room) {
+    return GetTag(FindOpenFolio(folio).value_or(QString()), room);
+}
+
+// Sells the rooms to the guests, as a desk does that has the rooms in this state on its list.
+CheckInOutcome Sell(const QList<ChosenRoom>& rooms, const QStringList& guests,
+                    int guestsPerRoom = 1) {
+    return ConfirmCheckIn(TypedSet(rooms, guests, guestsPerRoom), rooms);
+}
+
+QString WriteFile(const QTemporaryDir& folder, const QString& name) {
+    QFile file(folder.filePath(name));
+    if (file.open(QIODevice::WriteOnly))
+        file.write("jpeg");
+    return file.fileName();
+}
+
+// The party of the tests that cut the line: a couple in 101, a guest with a photograph in 102.
+struct Party {
+    QTemporaryDir folder;
+    QString photograph = WriteFile(folder, u"P1234.jpg"_s);
+    QList<ChosenRoom> rooms = {Chosen({u"101"_s}), Chosen({u"102"_s})};
+    QStringList guests = {
+        ValidGuest(u"王一"_s, kFolio, u"包房"_s, u"<付费客人>1</付费客人>"_s),
+        ValidGuest(u"李二"_s, kFolio, u"包房"_s),
+        ValidGuest(u"张三"_s, kOther, u"包房"_s, u"<证件照片>"_s + photograph + u"</证件照片>"_s)};
+
+    CheckInOutcome sell() const { return Sell(rooms, guests, 2); }
+};
+
+} // namespace
+
+class CheckInTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void walkIn() {
+        TestHotel hotel;
+        FillRooms({{u"101"_s}});
+        const CheckInOutcome outcome =
+            Sell({Chosen({u"101"_s})},
+                 {ValidGuest(u"王一"_s, kFolio, u"包房"_s, u"<付费客人>1</付费客人>"_s)});
+        QVERIFY(outcome.confirmed && !outcome.notice);
+        QCOMPARE(outcome.firstFolio, kFolio);
+        QCOMPARE(State(u"101"_s), u"包房 1"_s);
+        QCOMPARE(StoredRoom(u"101"_s, room_record::kFloor), u"1"_s);
+        QCOMPARE(StoredNames(u"101"_s),
+                 QStringList{u"客人01 王一"_s}); // the untyped bed is dropped
+        QCOMPARE(RegisteredNames(), QStringList{u"王一"_s});
+        QCOMPARE(GetTag(RoomOfFolio(kFolio, u"基本信息"_s), u"客人姓名"), u"王一"_s);
+        const QString log =
+            DbReadRecord(OperationLogFile(u"2026-03-05", TestHotel::Moment().date()),
+                         operation_log::kProject, u"100000");
+        QCOMPARE(GetTag(log, operation_log::kOperation), u"入住登记"_s);
+        QCOMPARE(GetTag(log, operation_log::kRemark), u"1间客房:101"_s);
+    }
+
+    void couple() {
+        TestHotel hotel;
+        FillRooms({{u"101"_s, u"空房"_s, 2}}); // a stale count
+        Sell({Chosen({u"101"_s})},
+             {ValidGuest(u"王一"_s, kFolio, u"长包"_s, u"<付费客人>1</付费客人>"_s),
+              ValidGuest(u"李二"_s, kFolio, u"长包"_s)},
+             2);
+        QCOMPARE(State(u"101"_s), u"长包 2"_s);
+        QCOMPARE(LoadJzhQd(), QStringList{kFolio});
+        const QString beds = RoomOfFolio(kFolio, u"101"_s);
+        QCOMPARE(GetTag(GetTag(beds, u"床位02"), u"客人姓名"), u"李二"_s);
+        QCOMPARE(RegisteredNames(), QStringList({u"王一"_s, u"李二"_s}));
+    }
+
+    void groupOfTwelveOnOneFolio() {
+        TestHotel hotel;
+        QList<RoomSpec> planned;
+        QList<ChosenRoom> rooms;
+        QStringList guests;
+        for (int i = 1; i <= 6; ++i) {
+            planned.append({QString::number(200 + i)});
+            rooms.append(Chosen(planned.last()));
+        }
+        for (int i = 1; i <= 12; ++i)
+            guests.append(ValidGuest(u"团员%1"_s.arg(i), kFolio, u"团队"_s,
+                                     i == 1 ? u"<付费客人>1</付费客人>"_s : QString()));
+        FillRooms(planned);
+        const CheckInOutcome outcome = Sell(rooms, guests, 2);
+        QVERIFY(outcome.confirmed);
+        QCOMPARE(outcome.roomsWithGuests.size(), 6);
+        QCOMPARE(RegisteredNames().size(), 12);
+        QCOMPARE(LoadJzhQd(), QStringList{kFolio});
+        for (const ChosenRoom& room : rooms) {
+            QCOMPARE(State(room.number), u"团队 2"_s);
+            QVERIFY(!GetTag(RoomOfFolio(kFolio, room.number), u"床位02").isEmpty());
+        }
+    }
+
+    // The second guest joins the first: own bed, own folio, one more in the count.
+    void sharedRoomBedByBed() {
+        TestHotel hotel;
+        FillRooms({{u"105"_s, u"空房"_s, -1, 3}});
+        Sell({Chosen({u"105"_s, {}, -1, 3})}, {ValidGuest(u"王一"_s, kFolio, u"散客"_s)});
+        QCOMPARE(State(u"105"_s), u"散客 1"_s);
+
+        TextTable offered({u"房间号"_s, u"房态"_s, u"客房类型"_s, u"床位数"_s, u"住客数"_s});
+        LoadKxkfQd(offered, StatusFilter({u"空房"_s, u"散客"_s}));
+        QCOMPARE(offered.row(1),
+                 QStringList({u"105"_s, u"散客"_s, u"标准双床房"_s, u"3"_s, u"1"_s}));
+        const QList<ChosenRoom> again = ChosenRooms(offered);
+        const CheckInOutcome outcome = Sell(again, {ValidGuest(u"李二"_s, kOther, u"散客"_s)});
+        QVERIFY(outcome.confirmed);
+        QCOMPARE(State(u"105"_s), u"散客 2"_s);
+        QCOMPARE(StoredNames(u"105"_s), QStringList({u"客人01 王一"_s, u"客人02 李二"_s}));
+        QCOMPARE(RegisteredNames(), QStringList({u"王一"_s, u"李二"_s}));
+        QCOMPARE(LoadJzhQd(), QStringList({kFolio, kOther}));
+        LoadKxkfQd(offered, StatusFilter({u"散客"_s}), again);
+        QCOMPARE(offered.dataRows(), 0); // on the other list already
+    }
+
+    // A room change leaves its guests behind in the file of the old room.
+    void guestsWhoMovedOutAreOverwritten() {
+        TestHotel hotel;
+        FillRooms({{u"101"_s, u"空房"_s}});
+        SaveRmRec(u"101", u"<客人01><客人姓名>旧一</客人姓名></客人01>"
+                          "<客人02><客人姓名>旧二</客人姓名></客人02>");
+        Sell({Chosen({u"101"_s})}, {ValidGuest(u"王一"_s, kFolio, u"包房"_s)});
+        QCOMPARE(StoredNames(u"101"_s), QStringList{u"客人01 王一"_s});
+    }
+
+    void theGuestsDateNamesTheRegister() {
+        TestHotel hotel;
+        FillRooms({{u"101"_s}});
+        Sell({Chosen({u"101"_s})},
+             {ValidGuest(u"王一"_s, kFolio, u"包房"_s, u"<入住日期>2026-03-04</入住日期>"_s)});
+        QCOMPARE(RegisteredNames(), QStringList());
+        QCOMPARE(RegisteredNames(u"kszl\\rzjl\\260304.qvr"_s), QStringList{u"王一"_s});
+    }
+
+    void refusals_data() {
+        QTest::addColumn<QString>("status"); // of the room on the list
+        QTest::addColumn<QStringList>("guests");
+        QTest::addColumn<QString>("told");
+        const QString good = ValidGuest(u"王一"_s, kFolio, u"包房"_s);
+        const QString shared = ValidGuest(u"王一"_s, kFolio, u"散客"_s);
+        const QString bad = ValidGuest(u"王一"_s, u"1"_s, u"包房"_s);
+        const QString missing = u"请确认: 客房：101 客人信息还没有输入! 不能完成登记!"_s;
+        const QString mixed =
+            u"请确定房间使用状态: 客房：101 不能同时处于散客合住与包房类状态！不能继续"_s;
+        QTest::newRow("nothing typed") << u"空房"_s << QStringList() << missing;
+        QTest::newRow("only the second bed") << u"空房"_s << QStringList({bad, good}) << missing;
+        QTest::newRow("shared, nobody") << u"散客"_s << QStringList({bad}) << missing;
+        QTest::newRow("shared, the second bed")
+            << u"散客"_s << QStringList({bad, shared}) << QString();
+        QTest::newRow("mixed") << u"空房"_s << QStringList({good, shared}) << mixed;
+        QTest::newRow("the other way round") << u"散客"_s << QStringList({shared, good}) << mixed;
+        QTest::newRow("half a couple") << u"空房"_s << QStringList({good, bad}) << QString();
+    }
+    void refusals() {
+        QFETCH(QString, status);
+        QFETCH(QStringList, guests);
+        QFETCH(QString, told);
+        TestHotel hotel;
+        const RoomSpec good{u"102"_s};
+        const RoomSpec room{u"101"_s, status};
+        FillRooms({good, room});
+        QString set = TypedSet({Chosen(good)}, {ValidGuest(u"好客"_s, kOther, u"包房"_s)});
+        set += TypedSet({Chosen(room)}, guests, 2);
+        const CheckInOutcome outcome = ConfirmCheckIn(set, {Chosen(good), Chosen(room)});
+        QCOMPARE(Words(outcome.notice), told);
+        QCOMPARE(outcome.confirmed, told.isEmpty());
+        QCOMPARE(StoredRoom(u"102"_s, room_record::kGuests), told.isEmpty() ? u"1"_s : QString());
+        QCOMPARE(RegisteredNames().isEmpty(), !told.isEmpty());
+    }
+    void nothingToConfirm() {
+        TestHotel hotel;
+        QVERIFY(!ConfirmCheckIn(u"<101></101>"_s, {}).notice);
+        QCOMPARE(Words(ConfirmCheckIn({}, {Chosen({u"101"_s})}).notice),
+                 u"请先登记客人详细信息: 还没有登记客人信息，或没有有效的登记信息，无法操作！"_s);
+    }
+
+    void photographsMove() {
+        TestHotel hotel;
+        QTemporaryDir folder;
+        const QString guest = u"<证件照片>"_s + WriteFile(folder, u"P1234.jpg"_s) +
+                              u"</证件照片><人像照片>王一.jpg</人像照片>"_s;
+        const QString moved = WithUploadedPhotographs(guest);
+        QCOMPARE(GetTag(moved, guest_text::kDocumentPhotograph), u"P1234.jpg"_s);
+        QCOMPARE(GetTag(moved, guest_text::kPortrait), u"王一.jpg"_s); // moved before
+        QVERIFY(!QFile::exists(folder.filePath(u"P1234.jpg"_s)));
+        QCOMPARE(DbDownloadFile(GuestPhotographFile(u"P1234.jpg"), folder.filePath(u"back"_s)), 0);
+
+        const QString lost = u"<证件照片>"_s + WriteFile(folder, u"P5678.jpg"_s) + u"</证件照片>"_s;
+        hotel.stopServer();
+        QCOMPARE(GetTag(WithUploadedPhotographs(lost), guest_text::kDocumentPhotograph), QString());
+        QVERIFY(!QFile::exists(folder.filePath(u"P5678.jpg"_s)));
+    }
+
+    // Nothing reserves a room: the last confirm overwrites.
+    void twoDesksSellTheSameRoom() {
+        TestHotel hotel;
+        FillRooms({{u"101"_s}});
+        Desk second(hotel.port());
+        second.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        const QList<ChosenRoom> rooms = {Chosen({u"101"_s})};
+        const QString setOfSecond = TypedSet(rooms, {ValidGuest(u"李二"_s, kOther, u"包房"_s)});
+        hotel.desk().use();
+        QVERIFY(Sell(rooms,
+                     {ValidGuest(u"王一"_s, kFolio, u"包房"_s),
+                      ValidGuest(u"王妻"_s, kFolio, u"包房"_s)},
+                     2)
+                    .confirmed);
+        second.use();
+        QVERIFY(ConfirmCheckIn(setOfSecond, rooms).confirmed);
+        QCOMPARE(StoredNames(u"101"_s), QStringList{u"客人01 李二"_s});
+        QCOMPARE(State(u"101"_s), u"包房 3"_s); // both counts added up
+        QCOMPARE(RegisteredNames(), QStringList({u"王一"_s, u"王妻"_s, u"李二"_s}));
+        QCOMPARE(LoadJzhQd(), QStringList({kFolio, kOther}));
+    }
+
+    void twoDesksSellBedsOfOneRoom_data() {
+        QTest::addColumn<QString>("status"); // of the room on both desks' lists
+        QTest::addColumn<int>("firstBed");   // that the second desk fills
+        QTest::newRow("shared already") << u"散客"_s << 2;
+        QTest::newRow("vacant when both looked") << u"空房"_s << 3;
+    }
+    void twoDesksSellBedsOfOneRoom() {
+        QFETCH(QString, status);
+        QFETCH(int, firstBed);
+        TestHotel hotel;
+        const RoomSpec room{u"105"_s, status, 0, 4};
+        FillRooms({room});
+        const QList<ChosenRoom> rooms = {Chosen(room)};
+        Desk second(hotel.port());
+        second.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        QString setOfSecond = OpenWorkingSet({}, rooms);
+        if (status == u"空房") // a room sold as a whole needs its first bed
+            setOfSecond =
+                WithGuest(setOfSecond, u"105", u"客人01", ValidGuest(u"王一"_s, kFolio, u"散客"_s));
+        setOfSecond = WithGuest(setOfSecond, u"105", GuestTag(firstBed),
+                                ValidGuest(u"李二"_s, kOther, u"散客"_s));
+        hotel.desk().use();
+        Sell(rooms,
+             {ValidGuest(u"王一"_s, kFolio, u"散客"_s), ValidGuest(u"张三"_s, kFolio, u"散客"_s)},
+             status == u"空房" ? 2 : 1);
+        second.use();
+        QVERIFY(ConfirmCheckIn(setOfSecond, rooms).confirmed);
+        const QStringList names = StoredNames(u"105"_s);
+        QVERIFY(names.contains(u"客人01 王一"_s));
+        QVERIFY(names.contains(GuestTag(firstBed) + u" 李二"_s));
+        QCOMPARE(names.contains(u"客人02 张三"_s), status == u"空房");
+    }
+
+    // Whatever is on the server when the line goes dead stays, the desk is told, and the next start
+    // can go on from there.
+    void theServerGoesAway_data() {
+        QTest::addColumn<int>("cut");
+        QTest::addColumn<int>("occupied");   // rooms whose record is written
+        QTest::addColumn<int>("registered"); // guests in the register
+        QTest::addColumn<int>("withGuests"); // rooms whose file is written
+        QTest::addColumn<int>("folios");
+        QTest::addColumn<QString>("told");
+        const QString room = u"严重错误: 客房基本数据保存失败，退出系统，重新登录再试！"_s;
+        const QString guests = u"严重错误: 客房客人入住数据保存失败，退出系统，重新登录再试！"_s;
+        int cut = 0;
+        const auto row = [&cut](const char* before, int occupied, int registered, int withGuests,
+                                int folios, const QString& told) {
+            QTest::newRow(before) << ++cut << occupied << registered << withGuests << folios
+                                  << told;
+        };
+        row("room record 101", 0, 0, 0, 0, room + u"101"_s);
+        row("room record 102", 1, 0, 0, 0, room + u"102"_s);
+        row("register file, first guest", 2, 0, 0, 0, guests + u"101"_s);
+        row("register project, first guest", 2, 0, 0, 0, guests + u"101"_s);
+        row("first guest", 2, 0, 0, 0, guests + u"101"_s);
+        row("register file, second guest", 2, 1, 0, 0, guests + u"101"_s);
+        row("register project, second guest", 2, 1, 0, 0, guests + u"101"_s);
+        row("second guest", 2, 1, 0, 0, guests + u"101"_s);
+        row("room file 101", 2, 2, 0, 0, guests + u"101"_s);
+        row("register file, third guest", 2, 2, 1, 0, guests + u"102"_s);
+        row("register project, third guest", 2, 2, 1, 0, guests + u"102"_s);
+        row("third guest", 2, 2, 1, 0, guests + u"102"_s);
+        row("photograph", 2, 3, 1, 0, guests + u"102"_s);
+        row("room file 102", 2, 3, 1, 0, guests + u"102"_s);
+        row("folio of 101", 2, 3, 2, 0, guests + u"102"_s);
+        row("folio of 102", 2, 3, 2, 1, guests + u"102"_s);
+        row("log file", 2, 3, 2, 2, {});
+        row("log project", 2, 3, 2, 2, {});
+        row("log entry", 2, 3, 2, 2, {});
+        row("nothing more", 2, 3, 2, 2, {});
+    }
+    void theServerGoesAway() {
+        QFETCH(int, cut);
+        QFETCH(int, occupied);
+        TestHotel hotel;
+        FillRooms({{u"101"_s}, {u"102"_s}});
+        CutLine line(hotel.port());
+        {
+            const Party party;
+            Desk desk(line.port());
+            desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+            line.reset();
+            line.cutBeforeWrite(cut);
+            const CheckInOutcome outcome = party.sell();
+            QTEST(Words(outcome.notice), "told");
+            QCOMPARE(int(outcome.occupiedRooms.size()), occupied);
+            QTEST(int(outcome.roomsWithGuests.size()), "withGuests");
+        }
+        hotel.desk().use();
+        QTEST(int(RegisteredNames().size()), "registered");
+        QTEST(int(LoadJzhQd().size()), "folios");
+        QCOMPARE(State(u"101"_s), occupied >= 1 ? u"包房 2"_s : u" "_s);
+        QCOMPARE(State(u"102"_s), occupied == 2 ? u"包房 1"_s : u" "_s);
+
+        const Party again;
+        QVERIFY(again.sell().confirmed);
+        QCOMPARE(StoredNames(u"101"_s), QStringList({u"客人01 王一"_s, u"客人02 李二"_s}));
+        QCOMPARE(StoredNames(u"102"_s), QStringList{u"客人01 张三"_s});
+        QCOMPARE(LoadJzhQd().size(), 2);
+    }
+
+    // Every room costs the same number of commands, however many are sold at once.
+    void commandsPerRoomAreConstant() {
+        TestHotel hotel;
+        CutLine line(hotel.port());
+        Desk desk(line.port());
+        desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        const auto commands = [&line](int count) {
+            QList<RoomSpec> planned;
+            QList<ChosenRoom> rooms;
+            QStringList guests;
+            for (int i = 0; i < count; ++i) {
+                planned.append({QString::number(100 + i)});
+                rooms.append(Chosen(planned.last()));
+                guests.append(ValidGuest(u"客人"_s, kFolio, u"团队"_s));
+            }
+            FillRooms(planned);
+            line.reset();
+            Sell(rooms, guests);
+            return line.requests();
+        };
+        const int one = commands(1);
+        const int two = commands(2);
+        QCOMPARE(two - one, 10); // room 2, register 5, room file 1, folio 2
+        QCOMPARE(commands(12) - one, 11 * (two - one));
+    }
+};
+
+HOTEL_TEST(CheckInTest)
+#include "test_check_in.moc"

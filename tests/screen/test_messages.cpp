@@ -1,0 +1,162 @@
+// The recorder, and the real boxes behind it.
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+
+#include "record/literals.h"
+#include "screen/messages.h"
+#include "screen/wait_frm.h"
+#include "tests/hotel_test.h"
+#include "tests/type_text.h"
+
+using namespace hotel;
+
+namespace {
+
+// Does `act` with the next box as soon as it is up.
+template<class Dialog>
+void WithNextBox(std::function<void(Dialog*)> act) {
+    auto* poll = new QTimer(qApp);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, act] {
+        if (auto* box = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+            poll->deleteLater();
+            poll->stop();
+            act(box);
+        }
+    });
+    poll->start(5);
+}
+
+WaitFrm* TimedBox() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* box = qobject_cast<WaitFrm*>(widget); box && box->isVisible())
+            return box;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class MessagesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void recorderAnswersInOrderAndCancelsTheRest() {
+        MessageRecorder outer;
+        outer.answerNext(u"ok"_s);
+        outer.answerNext(u"no"_s);
+        outer.answerNext(u"100.00"_s);
+        outer.answerNext(std::nullopt);
+        MsgBox(u"结账号错误"_s, u"缺少必须输入的项目"_s); // takes no answer
+        QVERIFY(AskOkCancel(u"a"_s));
+        QVERIFY(!AskYesNo(u"b"_s));
+        QCOMPARE(InputBox(u"c"_s), std::optional(u"100.00"_s));
+        QCOMPARE(InputBox(u"d"_s), std::optional<QString>());
+        QCOMPARE(AskSaveFile(u"e"_s, u"060302清单.txt"_s, {}), QString());
+        {
+            MessageRecorder inner;
+            inner.answerNext(u"yes"_s);
+            QVERIFY(AskYesNo(u"f"_s));
+            TimedMessage(u"g"_s, u"注意"_s, 100000, true);
+            QCOMPARE(inner.words(), QStringList({u"f"_s, u"g"_s}));
+        }
+        QCOMPARE(outer.words().join(u','), u"结账号错误,a,b,c,d,060302清单.txt"_s);
+        QCOMPARE(outer.entries().first().title, u"缺少必须输入的项目"_s);
+        QCOMPARE(outer.entries().first().kind, MessageRecorder::Kind::Message);
+    }
+
+    void realQuestions_data() {
+        QTest::addColumn<bool>("yesNo");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("agreed");
+        QTest::newRow("Enter on OK/Cancel") << false << int(Qt::Key_Return) << true;
+        QTest::newRow("Esc on OK/Cancel") << false << int(Qt::Key_Escape) << false;
+        QTest::newRow("Y") << true << int(Qt::Key_Y) << true;
+        QTest::newRow("N") << true << int(Qt::Key_N) << false;
+        QTest::newRow("Esc on Yes/No") << true << int(Qt::Key_Escape) << false;
+    }
+    void realQuestions() {
+        QFETCH(bool, yesNo);
+        QFETCH(int, key);
+        QString title;
+        WithNextBox<QMessageBox>([&](QMessageBox* box) {
+            title = box->windowTitle();
+            QTest::keyClick(box, Qt::Key(key));
+        });
+        const bool agreed = yesNo ? AskYesNo(u"只结清部分房间床位?"_s, u"请确认"_s)
+                                  : AskOkCancel(u"确认要删除客房吗？"_s, u"请确认"_s);
+        QTEST(agreed, "agreed");
+        QCOMPARE(title, u"请确认"_s);
+    }
+
+    void realInput() {
+        WithNextBox<QInputDialog>([](QInputDialog* box) {
+            auto* line = box->findChild<QLineEdit*>();
+            TypeText(line, u"350"_s); // replaces the proposal, which is selected
+            QTest::keyClick(line, Qt::Key_Return);
+        });
+        QCOMPARE(InputBox(u"下限"_s, u"请输入"_s, u"100"_s), std::optional(u"350"_s));
+        WithNextBox<QInputDialog>([](QInputDialog* box) { box->reject(); });
+        QCOMPARE(InputBox(u"下限"_s), std::optional<QString>());
+    }
+
+    void fileDialogTakesFilterAndProposal() {
+        QStringList filters;
+        QString suffix;
+        WithNextBox<QFileDialog>([&](QFileDialog* dialog) {
+            filters = dialog->nameFilters();
+            suffix = dialog->defaultSuffix();
+            dialog->reject();
+        });
+        QCOMPARE(AskSaveFile(u"保存"_s, u"060302清单.txt"_s, u"(文本文档)|*.txt|(所有文件)|*.*"_s),
+                 QString());
+        QCOMPARE(filters, QStringList({u"(文本文档) (*.txt)"_s, u"(所有文件) (*.*)"_s}));
+        QCOMPARE(suffix, u"txt"_s);
+    }
+
+    void aBoxSurvivesTheWindowBelow() {
+        QPointer<QWidget> below = new QWidget;
+        below->show();
+        below->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(below));
+        WithNextBox<QMessageBox>([&](QMessageBox*) { delete below; });
+        QVERIFY(!AskOkCancel(u"a"_s));
+    }
+
+    void timedMessageGoesByItselfAndLeavesTheFocus() {
+        QLineEdit typing;
+        typing.show();
+        typing.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&typing));
+        TimedMessage(u"最多100个条件！"_s, u"注意"_s, 30);
+        QVERIFY(TimedBox());
+        TypeText(QApplication::focusWidget(), u"8101"_s);
+        QCOMPARE(typing.text(), u"8101"_s);
+        QTRY_VERIFY(!TimedBox());
+    }
+
+    void timedMessageIsTakenOverAndWaitedFor() {
+        TimedMessage(u"a"_s, u"注意"_s, 100000);
+        WaitFrm* first = TimedBox();
+        QVERIFY(first);
+        bool ticked = false;
+        QTimer::singleShot(0, this, [&] { ticked = TimedBox() != nullptr; });
+        TimedMessage(u"b"_s, u"注意"_s, 30, true);
+        QVERIFY(ticked); // events went on during the wait
+        QTRY_VERIFY(!TimedBox());
+        TimedMessage(u"c"_s, u"注意"_s, 100000);
+        QTest::mouseClick(TimedBox(), Qt::LeftButton);
+        QVERIFY(!TimedBox());
+    }
+};
+
+HOTEL_TEST(MessagesTest)
+
+#include "test_messages.moc"

@@ -1,0 +1,120 @@
+// Many connections at once, some of them bad neighbours.
+
+#include <vector>
+
+#include <QTest>
+
+#include "tests/hotel_test.h"
+#include "tests/server/wire_client.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr qsizetype kLargeValue = 1'000'000;
+
+Fields Record(const QString& name, const QString& value = {}) {
+    return {{u"库文件名"_s, u"a.qvr"_s},
+            {u"项目名"_s, u"p"_s},
+            {u"记录"_s, name},
+            {u"记录值"_s, value}};
+}
+
+// Asks for far more than any buffer on the way holds, and takes none of it.
+void AskWithoutReading(WireClient& client, int times) {
+    client.socket().setReadBufferSize(1000);
+    for (int i = 0; i < times; ++i)
+        client.send(u"读取记录"_s, Record(u"large"_s));
+}
+
+} // namespace
+
+class CrowdTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // Two hundred connections: some never read, some never finish a request, some say nothing; all
+    // others are served.
+    void twoHundred() {
+        TestServer server([](ServerSettings& settings) { settings.unsentLimit = 100'000; });
+        const quint16 port = server.port();
+        writeLargeRecord(port);
+        std::vector<std::unique_ptr<WireClient>> bad;
+        std::vector<std::unique_ptr<WireClient>> good;
+        for (int i = 0; i < 200; ++i) {
+            auto& group = i % 4 == 0 ? bad : good;
+            WireClient& client = *group.emplace_back(std::make_unique<WireClient>(port));
+            if (i % 12 == 4)
+                continue;
+            client.logIn(u"前台"_s, u""_s);
+            if (i % 12 == 0)
+                AskWithoutReading(client, 20);
+            else if (i % 12 == 8)
+                client.sendBytes(RequestBytes(u"修改记录"_s, Record(u"half"_s), 1).chopped(1));
+        }
+        for (int round = 0; round < 3; ++round) {
+            for (size_t i = 0; i < good.size(); ++i)
+                good[i]->send(u"修改记录"_s, Record(QString::number(i), QString::number(round)));
+            for (const auto& client : good)
+                QCOMPARE(client->receive(), u"<SUCCESS>"_s);
+        }
+        for (size_t i = 0; i < good.size(); ++i)
+            QCOMPARE(good[i]->ask(u"读取记录"_s, Record(QString::number(i))),
+                     u"<%1>2</%1>"_s.arg(i));
+    }
+
+    // A client that does not take its answers is not listened to until it does, and then nothing is
+    // missing.
+    void whoDoesNotReadWaits() {
+        TestServer server([](ServerSettings& settings) { settings.unsentLimit = 100'000; });
+        writeLargeRecord(server.port());
+        WireClient slow(server.port());
+        slow.logIn(u"前台"_s, u""_s);
+        constexpr int kTimes = 40;
+        AskWithoutReading(slow, kTimes);
+        slow.send(u"修改记录"_s, Record(u"behind"_s, u"v"_s));
+        WireClient other(server.port());
+        other.logIn(u"前台"_s, u""_s);
+        for (int i = 0; i < 20; ++i)
+            QCOMPARE(other.ask(u"读取记录"_s, Record(u"behind"_s)), u"<ERROR>没有该记录</ERROR>"_s);
+        slow.socket().setReadBufferSize(0);
+        for (int i = 0; i < kTimes; ++i)
+            QVERIFY(slow.receive().size() > kLargeValue);
+        QCOMPARE(slow.receive(), u"<SUCCESS>"_s);
+        QCOMPARE(other.ask(u"读取记录"_s, Record(u"behind"_s)), u"<behind>v</behind>"_s);
+    }
+
+    // A client that takes nothing for long is dropped; one that is only slow to send is not.
+    void whoNeverReadsIsDropped() {
+        TestServer server([](ServerSettings& settings) {
+            settings.unsentLimit = 100'000;
+            settings.stallLimit = 200;
+        });
+        writeLargeRecord(server.port());
+        WireClient patient(server.port());
+        const QByteArray request = RequestBytes(u"读取日期"_s, {}, 0);
+        patient.sendBytes(request.first(10));
+        WireClient deaf(server.port());
+        deaf.logIn(u"前台"_s, u""_s);
+        constexpr int kTimes = 40;
+        AskWithoutReading(deaf, kTimes);
+        QTest::qWait(1000);
+        deaf.socket().setReadBufferSize(0);
+        QVERIFY(deaf.readToEnd().size() < kTimes * kLargeValue);
+        patient.sendBytes(request.sliced(10));
+        QCOMPARE(patient.receive(), u"<当前日期>2026-03-05</当前日期>"_s);
+    }
+
+private:
+    static void writeLargeRecord(quint16 port) {
+        WireClient client(port);
+        client.logIn(u"前台"_s, u""_s);
+        client.ask(u"修改记录"_s, Record(u"large"_s, QString(kLargeValue, u'x')));
+    }
+};
+
+HOTEL_TEST(CrowdTest)
+
+} // namespace hotel
+
+#include "test_crowd.moc"

@@ -1,0 +1,160 @@
+// A store that can't grow any more: the system refuses to make files longer, as a full disk does.
+
+#include <csignal>
+#include <sys/resource.h>
+
+#include <QDirIterator>
+#include <QTest>
+
+#include "tests/hotel_test.h"
+#include "tests/server/wire_client.h"
+
+namespace hotel {
+
+namespace {
+
+// While it lives no file of this process grows beyond `bytes`.
+class FileLimit {
+public:
+    explicit FileLimit(qint64 bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limited{rlim_t(bytes), before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_;
+};
+
+// Bytes of the longest file of the store.
+qint64 LongestFile(const QString& folder) {
+    qint64 longest = 0;
+    QDirIterator files(folder, QDir::Files);
+    while (files.hasNext())
+        longest = std::max(longest, QFileInfo(files.next()).size());
+    return longest;
+}
+
+QByteArray Write(const QString& record, const QString& value, int number) {
+    return RequestBytes(u"修改记录"_s,
+                        {{u"库文件名"_s, u"a.qvr"_s},
+                         {u"项目名"_s, u"p"_s},
+                         {u"记录"_s, record},
+                         {u"记录值"_s, value}},
+                        number);
+}
+
+QStringList Records(WireClient& client) {
+    QStringList lines =
+        client.ask(u"记录清单"_s, {{u"库文件名"_s, u"a.qvr"_s}, {u"项目名"_s, u"p"_s}})
+            .split(u"\r\n"_s);
+    return lines.mid(1, lines.size() - 2);
+}
+
+} // namespace
+
+class FailingStoreTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // Of the writes that share a turn one is too large for the disk: it alone fails.
+    void oneOfATurn() {
+        TestServer server;
+        WireClient client(server.port());
+        WireClient reader(server.port());
+        client.logIn(u"前台"_s, u""_s);
+        reader.logIn(u"前台"_s, u""_s);
+        {
+            const FileLimit limit(LongestFile(server.folder()) + 1'000'000);
+            client.sendBytes(Write(u"1"_s, u"small"_s, 1) +
+                             Write(u"2"_s, QString(4'000'000, u'x'), 2) +
+                             Write(u"3"_s, u"small"_s, 3));
+            QCOMPARE(client.receive(), u"<SUCCESS>"_s);
+            QVERIFY(client.receive().startsWith(u"<ERROR>"));
+            QCOMPARE(client.receive(), u"<SUCCESS>"_s);
+        }
+        QCOMPARE(Records(reader), (QStringList{u"1"_s, u"3"_s}));
+        server.stop();
+        Store store(server.folder(), Store::Use::Look);
+        QCOMPARE(store.check(), QStringList());
+        QCOMPARE(store.readProject(*ParseFilePath(u"a.qvr"), u"p"_s),
+                 u"<1>small</1>\r\n<3>small</3>"_s);
+    }
+
+    // Until the disk is full writes succeed, then they fail, reads go on, and when there is room again
+    // so do the writes. What was answered with success is there, what failed is not.
+    void untilThereIsRoom() {
+        TestServer server;
+        WireClient client(server.port());
+        WireClient reader(server.port());
+        client.logIn(u"前台"_s, u""_s);
+        reader.logIn(u"前台"_s, u""_s);
+        const QString value(3000, u'v');
+        QStringList stored;
+        int failures = 0;
+        int number = 1;
+        const auto write = [&] {
+            const QString record = QString::number(number);
+            client.sendBytes(Write(record, value, number % 256));
+            ++number;
+            const bool isStored = client.receive() == u"<SUCCESS>";
+            if (isStored)
+                stored += record;
+            return isStored;
+        };
+        {
+            const FileLimit limit(LongestFile(server.folder()) + 200'000);
+            while (failures < 20) {
+                failures += !write();
+                QVERIFY(number < 10'000);
+            }
+            QVERIFY(!stored.isEmpty());
+            QCOMPARE(Records(reader), stored);
+        }
+        QVERIFY(write());
+        QCOMPARE(Records(reader), stored);
+        server.stop();
+        Store store(server.folder(), Store::Use::Look);
+        QCOMPARE(store.check(), QStringList());
+        QStringList names;
+        store.walk(*ParseFilePath(u"a.qvr"), u"p"_s, true,
+                   [&](const QString& name, const QString& text) {
+                       names += name;
+                       QCOMPARE(text, value);
+                   });
+        QCOMPARE(names, stored);
+    }
+
+    void storesThatCantBeServed() {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"file"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("no folder");
+        file.close();
+        ServerSettings settings;
+        settings.clock = QDateTime::currentDateTime;
+        settings.port = 0;
+        settings.dataFolder = folder.filePath(u"file/below"_s);
+        QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
+
+        QVERIFY(QDir(folder.path()).mkdir(u"damaged"_s));
+        QVERIFY(file.copy(folder.filePath(u"damaged/store.db"_s)));
+        settings.dataFolder = folder.filePath(u"damaged"_s);
+        QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
+
+        settings.dataFolder = folder.filePath(u"good"_s);
+        const ServerThread first(settings);
+        QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
+        settings.dataFolder = folder.filePath(u"other"_s);
+        settings.port = first.port();
+        QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
+    }
+};
+
+HOTEL_TEST(FailingStoreTest)
+
+} // namespace hotel
+
+#include "test_failing_store.moc"

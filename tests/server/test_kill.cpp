@@ -1,0 +1,130 @@
+// The plug is pulled while workstations write: what was answered with success is there, and nothing is
+// half done.
+
+#include <csignal>
+#include <thread>
+#include <vector>
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/hotel_test.h"
+#include "tests/server/wire_client.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr int kRounds = 25;
+constexpr int kWriters = 4;
+constexpr int kParts = 50; // records of a project that is written whole
+
+const StorePath kFile = *ParseFilePath(u"kill.qvr");
+
+// What one writer was told to be done, the last number of each kind of write, and the last it tried.
+struct Told {
+    int appended = 0;
+    int modified = 0;
+    int whole = 0;
+    int tried = 0;
+};
+
+QString Mark(int number) {
+    return u"第%1次"_s.arg(number);
+}
+
+// The numbers go on from round to round, so that an old value is told from a new one.
+void WriteUntilTheEnd(quint16 port, int writer, Told& told) {
+    WireClient client(port);
+    client.logIn(u"前台"_s, u""_s, QDate::currentDate());
+    const auto write = [&](const QString& project, const QString& record, const QString& value) {
+        return client.ask(u"修改记录"_s, {{u"库文件名"_s, kFile.name},
+                                          {u"项目名"_s, project},
+                                          {u"记录"_s, record},
+                                          {u"记录值"_s, value}}) == u"<SUCCESS>";
+    };
+    while (true) {
+        const int next = told.tried = told.appended + 1;
+        if (!write(u"journal%1"_s.arg(writer), QString::number(next), Mark(next)))
+            return;
+        told.appended = next;
+        if (!write(u"state"_s, QString::number(writer), Mark(next)))
+            return;
+        told.modified = next;
+        QString text;
+        for (int part = 0; part < kParts; ++part)
+            text += u"<%1>%2</%1>"_s.arg(part).arg(Mark(next));
+        if (!write(u""_s, u"whole%1"_s.arg(writer), text))
+            return;
+        told.whole = next;
+    }
+}
+
+} // namespace
+
+class KillTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void killedWhileWriting() {
+        QTemporaryDir folder;
+        WriteTestUsers(folder.path());
+        const quint32 seed = QRandomGenerator::global()->generate();
+        QRandomGenerator random(seed);
+        std::vector<Told> told(kWriters);
+        for (int round = 0; round < kRounds; ++round) {
+            serveAndKill(folder.path(), told, 20 + random.bounded(250));
+            Store store(folder.path(), Store::Use::Look);
+            QCOMPARE(store.check(), QStringList());
+            for (int writer = 0; writer < kWriters; ++writer)
+                QVERIFY2(isAllThere(store, writer, told[writer]),
+                         qPrintable(u"seed %1, round %2"_s.arg(seed).arg(round)));
+        }
+        QVERIFY(told[0].whole > 0);
+    }
+
+private:
+    static void serveAndKill(const QString& folder, std::vector<Told>& told, int milliseconds) {
+        QProcess process;
+        process.start(QStringLiteral(QVRD), {u"--data"_s, folder, u"--port"_s, u"0"_s});
+        QVERIFY(process.waitForReadyRead(60'000));
+        const quint16 port = quint16(process.readLine().trimmed().split(':').last().toUInt());
+        std::vector<std::thread> writers;
+        for (int writer = 0; writer < kWriters; ++writer)
+            writers.emplace_back(WriteUntilTheEnd, port, writer, std::ref(told[writer]));
+        QThread::msleep(milliseconds);
+        process.kill();
+        for (std::thread& writer : writers)
+            writer.join();
+        QVERIFY(process.waitForFinished(60'000));
+    }
+
+    // A write that was under way may be there or not, but not in part.
+    static bool isAllThere(Store& store, int writer, const Told& told) {
+        const QString journal = u"journal%1"_s.arg(writer);
+        for (int number = 1; number <= told.appended; ++number)
+            if (store.read(kFile, journal, QString::number(number)) != Mark(number))
+                return false;
+        const auto isSince = [&](const QString& value, int last) {
+            const int number = value.mid(1).chopped(1).toInt();
+            return number >= last && number <= told.tried;
+        };
+        const QString state =
+            store.read(kFile, u"state"_s, QString::number(writer)).value_or(Mark(0));
+        QStringList parts;
+        store.walk(kFile, u"whole%1"_s.arg(writer), true,
+                   [&](const QString&, const QString& value) { parts += value; });
+        if (parts.isEmpty())
+            parts = QStringList(kParts, Mark(0));
+        return isSince(state, told.modified) && parts.size() == kParts &&
+               parts.count(parts.first()) == kParts && isSince(parts.first(), told.whole);
+    }
+};
+
+HOTEL_TEST(KillTest)
+
+} // namespace hotel
+
+#include "test_kill.moc"

@@ -1,0 +1,182 @@
+#include "server/login.h"
+
+#include <QTest>
+
+#include "record/login_digest.h"
+#include "server/command_table.h"
+#include "tests/hotel_test.h"
+#include "tests/server/wire_client.h"
+
+namespace hotel {
+
+class ServerLoginTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void digests_data() {
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QString>("digest");
+        QTest::newRow("no password")
+            << u"管理员"_s << u""_s << u"49904D631D70184C3AA3A0E884B9BE56"_s;
+        QTest::newRow("ASCII") << u"admin"_s << u"secret"_s
+                               << u"3F8C019FD0C779C9477677BCAB899C6F"_s;
+        QTest::newRow("Chinese") << u"前台"_s << u"密码12"_s
+                                 << u"9B1D6D8EE820E13182D153E7A04C7BED"_s;
+        QTest::newRow("largest product") << u"a"_s << QString(64, u'\xff') + u'\x7f' << u"-"_s;
+        QTest::newRow("overflow at byte 129") << u"a"_s << QString(64, u'a') + u'\xff' << u""_s;
+        QTest::newRow("overflow in a high byte")
+            << u"a"_s << QString(63, u'a') + u'\xffff' + u'\xffff' << u""_s;
+    }
+    void digests() {
+        QFETCH(QString, user);
+        QFETCH(QString, password);
+        QFETCH(QString, digest);
+        const std::optional<QString> made = LoginDigest(u"Hotel", user, password, u"2006-03-02");
+        if (digest == u"-")
+            QVERIFY(made.has_value());
+        else
+            QCOMPARE(made.value_or(QString()), digest);
+    }
+
+    void halfOfTheText_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("digest");
+        QTest::newRow("empty") << u""_s << u"D41D8CD98F00B204E9800998ECF8427E"_s;
+        QTest::newRow("even") << u"abcd"_s << u"AA3A791E273BCE9CF4A2A7CAA9028B36"_s;
+        QTest::newRow("odd") << u"abc"_s << u"70350F6027BCE3713F6B76473084309B"_s;
+    }
+    void halfOfTheText() {
+        QFETCH(QString, text);
+        QTEST(MD5Hex(text), "digest");
+    }
+
+    void logins_data() {
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("password") << u"经理"_s << u"secret"_s << u"<SUCCESS>登录成功"_s;
+        QTest::newRow("no password") << u"前台"_s << u""_s << u"<SUCCESS>登录成功"_s;
+        QTest::newRow("a password that isn't asked for")
+            << u"前台"_s << u"x"_s << u"<ERROR>密码错误</ERROR>"_s;
+        QTest::newRow("empty password") << u"经理"_s << u""_s << u"<ERROR>密码错误</ERROR>"_s;
+        QTest::newRow("letter case") << u"经理"_s << u"Secret"_s << u"<ERROR>密码错误</ERROR>"_s;
+        QTest::newRow("unknown user") << u"无名"_s << u""_s << u"<ERROR>没有该用户</ERROR>"_s;
+        QTest::newRow("another address")
+            << u"远方"_s << u""_s << u"<ERROR>不允许从该地址登录</ERROR>"_s;
+    }
+    void logins() {
+        QFETCH(QString, user);
+        QFETCH(QString, password);
+        WireClient client(server_.port());
+        QTEST(client.logIn(user, password), "answer");
+        const bool isIn = client.ask(u"项目清单"_s, {{u"库文件名"_s, u"User.QVR"_s}}) !=
+                          u"<ERROR>没有登录</ERROR>";
+        QCOMPARE(isIn, QTest::currentDataTag() == QByteArray("password") ||
+                           QTest::currentDataTag() == QByteArray("no password"));
+    }
+
+    void digestOfAnotherDayOrProduct() {
+        WireClient client(server_.port());
+        const auto attempt = [&](QStringView product, QStringView date) {
+            const QString user = u"值班"_s;
+            return client.ask(u"登录"_s,
+                              {{u"用户名"_s, user},
+                               {u"密码"_s, *LoginDigest(product, user, kLongPassword, date)}});
+        };
+        QCOMPARE(attempt(u"Hotel", u"2026-03-06"), u"<ERROR>密码错误</ERROR>"_s);
+        QCOMPARE(attempt(u"Normal", u"2026-03-05"), u"<ERROR>密码错误</ERROR>"_s);
+        QCOMPARE(attempt(u"Hotel", u"2026-03-05"), u"<SUCCESS>登录成功"_s);
+    }
+
+    void theAddressAdmits() {
+        QTemporaryDir folder;
+        WriteTestUsers(folder.path());
+        Store store(folder.path(), Store::Use::Look);
+        const QString digest = *LoginDigest(kProductId, u"远方", u"", u"2026-03-05");
+        const auto verdict = [&](const QString& address) {
+            return JudgeLogin(store, kProductId, u"远方"_s, digest, QHostAddress(address),
+                              u"2026-03-05");
+        };
+        QVERIFY(verdict(u"10.1.2.3"_s) == LoginVerdict::Admitted);
+        QVERIFY(verdict(u"::ffff:10.1.2.3"_s) == LoginVerdict::Admitted);
+        QVERIFY(verdict(u"10.1.2.30"_s) == LoginVerdict::WrongAddress);
+        QVERIFY(verdict(u"::1"_s) == LoginVerdict::WrongAddress);
+    }
+
+    void logoutAndFailedLogin() {
+        WireClient client(server_.port());
+        const auto isIn = [&] { return client.ask(u"记录清单"_s) != u"<ERROR>没有登录</ERROR>"; };
+        QVERIFY(!isIn());
+        client.logIn(u"经理"_s, u"secret"_s);
+        QVERIFY(isIn());
+        client.logIn(u"经理"_s, u"wrong"_s);
+        QVERIFY(isIn());
+        QCOMPARE(client.ask(u"注销"_s), u"<SUCCESS>"_s);
+        QVERIFY(!isIn());
+        QVERIFY(WireClient(server_.port()).ask(u"注销"_s) == u"<ERROR>没有登录</ERROR>");
+    }
+
+    // The first failures are free; each of those that follow waits longer, to a bound; other
+    // addresses aren't touched.
+    void delays() {
+        FailureLimit limit;
+        const QHostAddress guesser(u"10.0.0.1"_s);
+        QList<int> delays;
+        for (int i = 0; i < 40; ++i)
+            delays += limit.delayOfFailure(guesser);
+        QVERIFY(std::all_of(delays.begin(), delays.begin() + 10, [](int d) { return d == 0; }));
+        QVERIFY(delays[10] > 0);
+        QVERIFY(std::is_sorted(delays.begin(), delays.end()));
+        QCOMPARE(delays.last(), 10'000);
+        QCOMPARE(limit.delayOfFailure(QHostAddress(u"10.0.0.2"_s)), 0);
+    }
+
+    // A workstation tries the empty password ahead of every login: that is no guessing.
+    void emptyAttemptsAreNotCounted() {
+        QTemporaryDir folder;
+        WriteTestUsers(folder.path());
+        Store store(folder.path(), Store::Use::Look);
+        FailureLimit failures;
+        ServerState state{store, failures, kProductId.toString(),
+                          [] { return QDateTime(QDate(2026, 3, 5), QTime(10, 0)); }};
+        Peer peer{QHostAddress::LocalHost, QString()};
+        const auto delay = [&](QStringView password) {
+            const QString digest = *LoginDigest(kProductId, u"经理", password, u"2026-03-05");
+            return AnswerRequest(state, peer,
+                                 Request("000", u"<命令>登录</命令><用户名>经理</用户名><密码>"_s +
+                                                    digest + u"</密码>"_s))
+                .delay;
+        };
+        for (int i = 0; i < 30; ++i)
+            QCOMPARE(delay(u""), 0);
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(delay(u"guess"), 0);
+        QVERIFY(delay(u"guess") > 0);
+        QCOMPARE(delay(u""), 0);
+        QCOMPARE(delay(u"secret"), 0);
+    }
+
+    void orderIsKeptAroundADelayedAnswer() {
+        TestServer server;
+        WireClient client(server.port());
+        constexpr int kAttempts = 12;
+        for (int i = 0; i < kAttempts; ++i) {
+            client.send(u"登录"_s, {{u"用户名"_s, u"经理"_s}, {u"密码"_s, u"0"_s}});
+            client.send(u"读取日期"_s);
+        }
+        for (int i = 0; i < kAttempts; ++i) {
+            QCOMPARE(client.receive(), u"<ERROR>密码错误</ERROR>"_s);
+            QCOMPARE(client.receive(), u"<当前日期>2026-03-05</当前日期>"_s);
+        }
+    }
+
+private:
+    TestServer server_;
+};
+
+HOTEL_TEST(ServerLoginTest)
+
+} // namespace hotel
+
+#include "test_login.moc"

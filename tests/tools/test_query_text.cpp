@@ -1,0 +1,160 @@
+#include <QTest>
+
+#include "tests/hotel_test.h"
+#include "tools/query_text.h"
+
+namespace hotel {
+
+class QueryTextTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void normalisesTargets_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("target");
+        const auto row = [](const QString& typed, const QString& target) {
+            QTest::newRow(qPrintable(typed + u" -> "_s + target)) << typed << target;
+        };
+        const auto kept = [&](const QString& typed) { row(typed, typed); };
+        row(u"2026.3.5"_s, u"2026-03-05"_s);
+        row(u"2026/3/5"_s, u"2026-03-05"_s);
+        row(u"2026-3-5"_s, u"2026-03-05"_s);
+        row(u"26.3.5"_s, u"2026-03-05"_s);
+        row(u"6.3.5"_s, u"2006-03-05"_s);
+        row(u"29-1-1"_s, u"2029-01-01"_s);
+        row(u"30-1-1"_s, u"1930-01-01"_s);
+        row(u"2024.2.29"_s, u"2024-02-29"_s);
+        row(u"9:5"_s, u"09:05:00"_s);
+        row(u"9:5:7"_s, u"09:05:07"_s);
+        row(u"23:59:59"_s, u"23:59:59"_s);
+        kept(u"2026-03-05"_s);
+        kept(u"2026.3."_s);    // ends in the second separator
+        kept(u".3.5"_s);       // begins with the first
+        kept(u"2026.3.5.1"_s); // a third
+        kept(u"2026.3/5"_s);   // two kinds
+        kept(u"2026.2.29"_s);  // no such day
+        kept(u"2026.13.1"_s);
+        kept(u"192.168.1"_s); // an address that is cut off
+        kept(u"126.3.5"_s);   // no year has three digits
+        kept(u"a.b.c"_s);
+        kept(u"2026-3-5 9:05"_s);
+        kept(u"12.50"_s);
+        kept(u"9:"_s);
+        kept(u":5"_s);
+        kept(u"9:5:"_s);
+        kept(u"24:00"_s);
+        kept(u"1:2:3:4"_s);
+        kept(u""_s);
+        kept(u"．．．"_s);
+    }
+    void normalisesTargets() {
+        QFETCH(QString, typed);
+        QTEST(NormalisedTarget(typed), "target");
+    }
+
+    void completeConditions_data() {
+        QTest::addColumn<QString>("object");
+        QTest::addColumn<QString>("op");
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<bool>("complete");
+        QTest::newRow("all") << u"房态"_s << u"等于"_s << u"散客"_s << true;
+        QTest::newRow("no field") << u""_s << u"等于"_s << u"散客"_s << false;
+        QTest::newRow("no operator") << u"房态"_s << u""_s << u"散客"_s << false;
+        QTest::newRow("no value") << u"房态"_s << u"等于"_s << u""_s << false;
+        QTest::newRow("none wanted") << u"房态"_s << u"为空"_s << u""_s << true;
+        QTest::newRow("greatest text") << u"房态"_s << u"最大"_s << u""_s << true;
+        QTest::newRow("greatest number wants one") << u"房态"_s << u"数值最大"_s << u""_s << false;
+    }
+    void completeConditions() {
+        QFETCH(QString, object);
+        QFETCH(QString, op);
+        QFETCH(QString, target);
+        QTEST(IsComplete({{}, object, op, target}), "complete");
+    }
+
+    void writesConditions() {
+        const QList<Condition> conditions = {
+            {u"并且"_s, u"编号"_s, u"数值大于"_s, u"5"_s},
+            {{}, u"房态"_s, u"为空"_s, u"typed all the same"_s},
+            {u"或者"_s, u"姓名"_s, u"包含"_s, u"王"_s},
+        };
+        QCOMPARE(ConditionText(conditions, u"编号"),
+                 u"<记录查询条件>\r\n"
+                 "<00>\r\n <关系>并且</关系>\r\n <对象>记录名</对象>\r\n <条件>数值大于</条件>\r\n"
+                 " <目标>5</目标>\r\n</00>\r\n"
+                 "<01>\r\n <对象>房态</对象>\r\n <条件>为空</条件>\r\n</01>\r\n"
+                 "<02>\r\n <关系>或者</关系>\r\n <对象>姓名</对象>\r\n <条件>包含</条件>\r\n"
+                 " <目标>王</目标>\r\n</02>\r\n"
+                 "</记录查询条件>\r\n"_s);
+        QVERIFY(ConditionText(conditions, {}).contains(u"<对象>编号</对象>"));
+    }
+
+    // What is written is what the evaluating side reads, up to the last number.
+    void hundredConditionsAreReadBack() {
+        QList<Condition> conditions;
+        for (int n = 0; n < 101; ++n)
+            conditions.append({u"或者"_s, u"房号"_s, u"等于"_s, QString::number(n)});
+        const QList<Condition> read = ParseConditions(ConditionText(conditions, {}));
+        QCOMPARE(read.size(), kConditionLimit);
+        QCOMPARE(read.last().target, u"99"_s);
+        QCOMPARE(read.last().relation, u"或者"_s);
+    }
+
+    void writesKeywords() {
+        QCOMPARE(KeywordText({u"散客,长包"_s, {}, u"免费"_s}),
+                 u"<记录查询条件>\r\n<必选条件>散客,长包</必选条件>\r\n"
+                 "<排除条件>免费</排除条件>\r\n</记录查询条件>\r\n"_s);
+        const KeywordLists read = KeywordsOf(KeywordText({u"a"_s, u"b,c"_s, {}}));
+        QCOMPARE(read.required, u"a"_s);
+        QCOMPARE(read.optional, u"b,c"_s);
+        QVERIFY(read.excluded.isEmpty());
+        QVERIFY(KeywordsOf(ConditionText({{{}, u"a"_s, u"为空"_s, {}}}, {})).isEmpty());
+        QVERIFY(WithSubField(KeywordText({}), u"工作经历")
+                    .endsWith(u"</记录查询条件>\r\n<记录查询字段>工作经历</记录查询字段>\r\n"));
+    }
+
+    void normalisesKeywords_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("keywords");
+        QTest::addColumn<int>("count");
+        QTest::newRow("none") << u""_s << u""_s << 0;
+        QTest::newRow("one") << u" 散客 "_s << u"散客"_s << 1;
+        QTest::newRow("full-width comma") << u"散客，王 伟"_s << u"散客,王 伟"_s << 2;
+        QTest::newRow("nothing between commas") << u",a,, ,b,"_s << u"a,b"_s << 2;
+        QTest::newRow("tag marks") << u"</必选条件>a"_s << u"/必选条件a"_s << 1;
+    }
+    void normalisesKeywords() {
+        QFETCH(QString, typed);
+        QFETCH(int, count);
+        const QString keywords = NormalisedKeywords(typed);
+        QTEST(keywords, "keywords");
+        QCOMPARE(KeywordCount(keywords), count);
+    }
+
+    void matchesKeywords_data() {
+        QTest::addColumn<QString>("required");
+        QTest::addColumn<QString>("optional");
+        QTest::addColumn<QString>("excluded");
+        QTest::addColumn<bool>("matches");
+        QTest::newRow("none asked for") << u""_s << u""_s << u""_s << true;
+        QTest::newRow("all held") << u"王伟,散客"_s << u""_s << u""_s << true;
+        QTest::newRow("one missing") << u"王伟,长包"_s << u""_s << u""_s << false;
+        QTest::newRow("one of them held") << u""_s << u"长包,散客"_s << u""_s << true;
+        QTest::newRow("none of them held") << u"王伟"_s << u"长包,团队"_s << u""_s << false;
+        QTest::newRow("excluded") << u"王伟"_s << u"散客"_s << u"团队,8101"_s << false;
+        QTest::newRow("the tags count") << u"房态"_s << u""_s << u""_s << true;
+    }
+    void matchesKeywords() {
+        QFETCH(QString, required);
+        QFETCH(QString, optional);
+        QFETCH(QString, excluded);
+        const QString record = u"<房间号>8101</房间号>\r\n<姓名>王伟</姓名>\r\n<房态>散客</房态>"_s;
+        QTEST(MatchesKeywords(record, {required, optional, excluded}), "matches");
+    }
+};
+
+HOTEL_TEST(QueryTextTest)
+
+} // namespace hotel
+
+#include "test_query_text.moc"

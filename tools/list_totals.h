@@ -1,0 +1,28 @@
+#pragma once
+
+// Sums under a list. They are money: fixed point with four decimals, shown as "#0.00".
+
+#include <QString>
+#include <QStringView>
+
+#include "record/text_table.h"
+
+namespace hotel {
+
+inline constexpr QStringView kTotalLabel = u"合计";
+
+// The digits and points of a cell in their order: what a cell counts as a number. So 12元5角 is 125,
+// 1,200.50 is 1200.5, and -5 is 5, deliberately: sums and statistics of the lists are made by it.
+QString NumericReading(QStringView cell);
+
+// True when the last row is one of sums.
+bool HasTotalRow(const TextTable& list, QStringView label = kTotalLabel);
+
+// Sums every column whose header is one of `columnNames` (names with "," between them) in the last
+// row, which has `label` in column 0; a list without such a row gets one. Column 0 keeps the label.
+void AddColumnTotals(TextTable& list, QStringView columnNames, QStringView label = kTotalLabel);
+
+// The same for every column from the second on.
+void AddColumnTotalsAll(TextTable& list);
+
+} // namespace hotel
