@@ -4,6 +4,7 @@
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "tests/hotel_test.h"
+#include "tests/screen/type_text.h"
 #include "tools/fast_keyin.h"
 
 namespace hotel {
@@ -22,30 +23,30 @@ private Q_SLOTS:
     void cleanup() { form_.reset(); }
 
     void typedTextSelects() {
-        QTest::keyClicks(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
+        TypeText(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
         QCOMPARE(list_->currentRow(), 3);
-        QTest::keyClicks(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
+        TypeText(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
         QCOMPARE(list_->currentRow(), 2);
     }
 
     // Typing in the list goes on where the field left off; what fits nothing leaves the selection.
     void typingInTheListGoesOn() {
-        QTest::keyClicks(list_, u"hx"_s);
+        TypeText(list_, u"hx"_s);
         QCOMPARE(form_->findChild<QLineEdit*>(u"key_in"_s)->text(), u"HX"_s);
         QCOMPARE(list_->currentRow(), 3);
-        QTest::keyClicks(list_, u"9"_s);
+        TypeText(list_, u"9"_s);
         QCOMPARE(list_->currentRow(), 3);
     }
 
     void enterTakesTheEntry() {
-        QTest::keyClicks(list_, u"R"_s);
+        TypeText(list_, u"R"_s);
         QTest::keyClick(list_, Qt::Key_Return);
         QVERIFY(form_->accepted());
         QCOMPARE(form_->chosen(), u"02,人民医院,RMYY"_s);
     }
 
     void escapeTakesNone() {
-        QTest::keyClicks(list_, u"R"_s);
+        TypeText(list_, u"R"_s);
         QTest::keyClick(list_, Qt::Key_Escape);
         QVERIFY(!form_->accepted());
         QCOMPARE(form_->chosen(), QString());
