@@ -143,6 +143,7 @@ void FlmcFrm::CmdSave_Click() {
     else
         MsgBox(u"记录修改失败"_s, u"数据库错误"_s);
     FlxxQd->setModified(false);
+    Timer1_Timer();
     SaveLogRec(u"修改分类名称定义"_s, shown_);
 }
 
