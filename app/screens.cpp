@@ -7,6 +7,7 @@
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
+#include "tools/PrtForm.h"
 #include "tools/PrtPrev.h"
 
 namespace hotel {
@@ -21,8 +22,8 @@ constexpr QStringView kScreensToCome[] = {
     u"Userfrm",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",
     u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",
     u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"FlmcFrm",
-    u"QVRView",  u"Xtwh",    u"PrtForm", u"Gys",      u"Gyxx",    u"QfyjFrm", u"QfdxFrm",
-    u"PlDyxf",   u"SetPass",
+    u"QVRView",  u"Xtwh",    u"Gys",     u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
+    u"SetPass",
 };
 
 bool IsToCome(QStringView screen) {
@@ -35,7 +36,9 @@ void RegisterScreens() {
     RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
-    RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+    RegisterScreen(u"PrtForm", [] { return new PrtForm; });
+    RegisterScreen(
+        u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
