@@ -53,7 +53,8 @@ void RegisterScreens() {
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
     RegisterScreen(u"PrtForm", [] { return new PrtForm; });
-    RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+    RegisterScreen(
+        u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
