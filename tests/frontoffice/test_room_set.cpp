@@ -254,7 +254,7 @@ private Q_SLOTS:
         press(u"CmdFile"); // cancelled
         QCOMPARE(told(), u"保存文件提示: 本查询结果的存放文件名："_s);
         QCOMPARE(logged(), u": "_s);
-        messages_->answerNext(folder_.path());
+        messages_->answerNext(folder_.path()); // a folder
         press(u"CmdFile");
         QCOMPARE(told(), u"错误: 文件无法生成!"_s);
 

@@ -13,6 +13,7 @@
 #include "session/parameters.h"
 #include "tests/hotel_test.h"
 #include "tests/test_hotel.h"
+#include "tests/type_text.h"
 #include "tools/FlmcFrm.h"
 #include "tools/categories.h"
 
@@ -65,7 +66,7 @@ private Q_SLOTS:
         press(u"CmdAdd"_s);
         press(u"CmdAdd"_s); // the last row is still empty
         QCOMPARE(list_->table().dataRows(), rows + 1);
-        QTest::keyClicks(list_, u" 采访 "_s);
+        TypeText(list_, u" 采访 "_s);
         QTest::keyClick(list_, Qt::Key_Return);
         QTest::keyClicks(list_, u"c1f"_s);
         press(u"CmdSave"_s);

@@ -88,7 +88,7 @@ private:
         PreviewPrintJob();
         Screen* screen = FindScreen(u"PrtPrev");
         if (screen)
-            QTest::qWaitForWindowActive(screen);
+            (void)QTest::qWaitForWindowActive(screen);
         return screen;
     }
     static QString pageShown(Screen* screen) { return Find<QLabel>(screen, u"PagLbl"_s)->text(); }
