@@ -91,7 +91,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
       pages_(new QStackedWidget), GrdView_(new GridView(u"GrdView"_s)), SelList_(new QListWidget),
       AligList_(new QListWidget), StatusGrd_(new GridView(u"StatusGrd"_s)),
       heading_(new FieldForm(kHeading, 2)), settings_(new FieldForm(kSettings, 2)),
-      busy_(new QLabel) {
+      pageTexts_(new FieldForm(kPageTexts, 1)), busy_(new QLabel) {
     GrdView_->setSelect(GridView::Select::Cells);
     GrdView_->setSortable(true);
     GrdView_->setNumberColumn(0);

@@ -198,7 +198,7 @@ private Q_SLOTS:
 
         QString many = u"<经历>"_s;
         for (int n = 1; n <= kSubWalkMatchLimit + 5; ++n)
-            many += u"<%1>x</%1>"_s.arg(n);
+            many += u"<s%1>x</s%1>"_s.arg(n);
         many += u"</经历>"_s;
         Fill(kFile, 6, many);
         list_->Grd().clearRows();
@@ -206,7 +206,7 @@ private Q_SLOTS:
             WithSubField(ConditionText({{{}, u"记录名"_s, u"非空"_s, {}}}, {}), u"经历");
         QCOMPARE(QuerySubRecordsToGrid(kFile, kProject, all, 0, *list_), WalkEnd::TooMany);
         QCOMPARE(list_->Grd().dataRows(), kWalkLimit + 1); // 1000 of each record
-        QCOMPARE(list_->Grd().text(kWalkLimit + 1, 0), u"1"_s);
+        QCOMPARE(list_->Grd().text(kWalkLimit + 1, 0), u"s1"_s);
         QCOMPARE(recorder.words().size(), 1);
     }
 
