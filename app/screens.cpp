@@ -7,6 +7,7 @@
 #include "frontoffice/KfxxFrm.h"
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
+#include "frontoffice/guest_query.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
@@ -22,12 +23,12 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"RzjdFrm",  u"Zkcx",    u"KrhfFrm",  u"PicCap",  u"Ftxxfrm", u"frmWX",   u"frmShw",
-    u"frmTimer", u"Jzhfrm",  u"FyxxFrm",  u"YstjFrm", u"JztfFrm", u"Yecy",    u"YybbFrm",
-    u"Userfrm",  u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet", u"khxxmain",
-    u"frmYsk",   u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",    u"frmBm",
-    u"FrmYgxx",  u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView", u"Xtwh",
-    u"Gys",      u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",  u"SetPass",
+    u"RzjdFrm", u"KrhfFrm",  u"PicCap",  u"Ftxxfrm", u"frmWX",   u"frmShw",   u"frmTimer",
+    u"Jzhfrm",  u"FyxxFrm",  u"YstjFrm", u"JztfFrm", u"Yecy",    u"YybbFrm",  u"Userfrm",
+    u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet", u"khxxmain", u"frmYsk",
+    u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx",
+    u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView", u"Xtwh",     u"Gys",
+    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",  u"SetPass",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -37,6 +38,7 @@ struct Inquiry {
 };
 constexpr Inquiry kInquiries[] = {
     {u"Czjl", OpenOperationLogQuery},
+    {u"Zkcx", OpenGuestQuery},
 };
 
 bool IsToCome(QStringView screen) {
@@ -51,7 +53,8 @@ void RegisterScreens() {
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
     RegisterScreen(u"PrtForm", [] { return new PrtForm; });
-    RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+    RegisterScreen(
+        u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))

@@ -87,9 +87,7 @@ private:
         WriteJob(pages);
         PreviewPrintJob();
         Screen* screen = FindScreen(u"PrtPrev");
-        if (screen)
-            (void)QTest::qWaitForWindowActive(screen);
-        return screen;
+        return screen && QTest::qWaitForWindowActive(screen) ? screen : nullptr;
     }
     static QString pageShown(Screen* screen) { return Find<QLabel>(screen, u"PagLbl"_s)->text(); }
 
@@ -112,7 +110,7 @@ private:
 private Q_SLOTS:
     void initTestCase() {
         QDir::setCurrent(folder_.path());
-        RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+        RegisterScreen(u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
         RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     }
     void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
