@@ -26,9 +26,16 @@ const QStringList kFields = {u"编号"_s, u"姓名"_s, u"生日"_s};
 struct Form {
     explicit Form(ConditionForm& shown) : screen(shown) {
         screen.show();
-        screen.activateWindow();
+        activate();
         screen.load({});
         QTRY_COMPARE(QApplication::activeWindow(), &screen);
+    }
+
+    // Keys of commands reach an active window only.
+    void activate() const {
+        screen.activateWindow();
+        if (!QTest::qWaitForWindowActive(&screen))
+            qWarning("the form is not active");
     }
 
     QComboBox* list(const QString& name) const { return screen.findChild<QComboBox*>(name); }
@@ -84,7 +91,7 @@ private Q_SLOTS:
                 QTest::keyClick(popup, Qt::Key_Down);
             QTest::keyClick(popup, Qt::Key_Return);
             QTRY_VERIFY(!popup->isVisible());
-            query_->activateWindow(); // without a desktop a popup that closes keeps the activation
+            form.activate(); // without a desktop a popup that closes keeps the activation
             QTRY_COMPARE(QApplication::activeWindow(), query_.get());
             enter();
         };
@@ -188,6 +195,7 @@ private Q_SLOTS:
         Q_EMIT list->rowDoubleClicked(1, 0);
         QCOMPARE(form.listed(), 1);
         QCOMPARE(list->table().text(1, 3), u"乙"_s);
+        form.activate();
         list->setFocus();
         list->setCurrent(1);
         QTest::keyClick(list, Qt::Key_Delete);
