@@ -4,6 +4,7 @@
 #include "house/records.h"
 #include "house/room_record.h"
 #include "house/room_status.h"
+#include "record/field_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 #include "session/operation_log.h"
@@ -110,27 +111,30 @@ std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places) {
     if (vacant.isEmpty())
         return Notice{u"系统设定错误"_s, u"房态中没有表示空闲房态的默认值"_s};
 
+    const int statusColumn = list.column(room_record::kStatus);
+    const int guestsColumn = list.column(room_record::kGuests);
+    const int numberColumn = list.column(room_record::kNumber);
+    const int namesColumn = list.column(kGuestNames);
     for (int row = 1; row < list.rows(); ++row) {
-        if (list.text(row, room_record::kStatus).isEmpty())
-            list.setText(row, room_record::kStatus, vacant);
-        if (!list.text(row, room_record::kGuests).isEmpty()) {
-            const QString guests = GetKfrzxx(list.text(row, room_record::kNumber));
-            list.setText(row, kGuestNames, GuestNames(guests));
+        if (list.text(row, statusColumn).isEmpty())
+            list.setText(row, statusColumn, vacant);
+        if (!list.text(row, guestsColumn).isEmpty()) {
+            const QString guests = GetKfrzxx(list.text(row, numberColumn));
+            list.setText(row, namesColumn, GuestNames(guests));
         }
-        if (IsVacant(list.text(row, room_record::kStatus)))
-            list.setText(row, room_record::kGuests, {});
+        if (IsVacant(list.text(row, statusColumn)))
+            list.setText(row, guestsColumn, {});
     }
     return {};
 }
 
 QString GuestNames(QStringView guests) {
-    QStringList names;
-    for (int bed = 1; bed <= kBedLimit; ++bed) {
-        const QString guest = GetTag(guests, GuestTag(bed));
-        if (!guest.isEmpty())
-            names.append(GetTag(guest, guest_text::kName));
+    QMap<QString, QString> names; // by bed, in whichever order the beds were sold
+    for (FieldWalk bed(guests); bed.next();) {
+        if (!bed.value().isEmpty())
+            names.insert(bed.name().toString(), GetTag(bed.value(), guest_text::kName));
     }
-    return names.join(u',');
+    return QStringList(names.values()).mid(0, kBedLimit).join(u',');
 }
 
 QList<MapLine> MakeFtTb(const TextTable& list, const StatusPlaces& places,

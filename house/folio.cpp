@@ -83,7 +83,7 @@ bool IsFolioNumber(QStringView text) {
 }
 
 QString BedTag(int bed) {
-    return u"床位"_s + FormatNumber(bed, u"00");
+    return NumberedTag(u"床位", bed);
 }
 
 std::optional<QString> FindOpenFolio(QStringView folio) {

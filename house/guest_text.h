@@ -32,6 +32,9 @@
 //     客房类型     room type
 //     房价种类     rate kind (house/rate_table.h)
 //     确认房价     agreed price a night, "#0.00"; required
+//
+// Later the night audit adds 结算日期 (the date through which the room has been charged), and check-out
+// adds 结账房费, 结账日期 and 结账时间.
 
 #include <QString>
 #include <QStringView>

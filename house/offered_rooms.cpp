@@ -38,11 +38,7 @@ void LoadKxkfQd(TextTable& grid, QStringView statusFilter, const QList<ChosenRoo
     for (const RoomEntry& room : LoadRooms()) {
         if (takenNumbers.contains(room.number) || !IsOffered(room.record, statusFilter))
             continue;
-        const QString record = AtSale(room.record);
-        QStringList cells;
-        for (const QString& title : grid.headers())
-            cells.append(RoomCell(record, title));
-        grid.addRow(cells);
+        grid.addRow(RoomCells(AtSale(room.record), grid.headers()));
     }
     grid.sort(0, TextTable::Order::Natural);
 }

@@ -12,14 +12,22 @@ namespace hotel {
 namespace {
 
 void FillRoomRow(TextTable& grid, int row, QStringView record) {
-    for (int column = 1; column < grid.cols(); ++column)
-        grid.setText(row, column, RoomCell(record, grid.headers().at(column)));
+    QStringList cells = RoomCells(record, grid.headers());
+    cells[0] = grid.text(row, 0);
+    grid.setRow(row, cells);
 }
 
 } // namespace
 
+QString NumberedTag(QStringView word, int number) {
+    QString tag = word.toString();
+    if (number < 10)
+        tag += u'0';
+    return tag += QString::number(number);
+}
+
 QString GuestTag(int bed) {
-    return u"客人"_s + FormatNumber(bed, u"00");
+    return NumberedTag(u"客人", bed);
 }
 
 QList<RoomEntry> LoadRooms() {
@@ -63,9 +71,19 @@ int GuestsAtSale(QStringView record) {
     return int(LeadingNumber(GetTag(record, room_record::kGuests)));
 }
 
-QString RoomCell(QStringView record, QStringView title) {
-    const QString value = GetTag(record, title);
-    return title.endsWith(u'数') ? FormatText(value, u"#0") : value;
+// One walk over the record: lists of a thousand rooms are read again and again.
+QStringList RoomCells(QStringView record, const QStringList& titles) {
+    QStringList cells(titles.size());
+    for (FieldWalk field(record); field.next();) {
+        const qsizetype column = titles.indexOf(field.name());
+        if (column >= 0 && cells[column].isEmpty())
+            cells[column] = field.value().toString();
+    }
+    for (qsizetype column = 0; column < cells.size(); ++column) {
+        if (titles[column].endsWith(u'数'))
+            cells[column] = FormatText(cells[column], u"#0");
+    }
+    return cells;
 }
 
 void LoadkfQd(TextTable& grid) {

@@ -19,6 +19,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include "record/text_table.h"
@@ -43,7 +44,8 @@ inline constexpr QStringView kStayProject = u"客人入住信息";
 inline constexpr int kRoomLimit = 1000; // rooms of a house; further ones are not read
 inline constexpr int kBedLimit = 10;    // beds of a room
 
-// Tag of a bed's guest: "客人01".
+// A tag of a word and a number of two digits, and such a tag of a bed's guest: "客人01".
+QString NumberedTag(QStringView word, int number);
 QString GuestTag(int bed);
 
 struct RoomEntry {
@@ -70,8 +72,9 @@ int BedsOfRoom(QStringView record);
 // Guests in the room as a sale sees them: a vacant room has none, whatever count stands there.
 int GuestsAtSale(QStringView record);
 
-// Text of a list's cell: the field named by the column's title; a title that ends in 数 shows a number.
-QString RoomCell(QStringView record, QStringView title);
+// The cells of a room in a list with these titles: each the field named by its title, empty where the
+// room has none; a title that ends in 数 shows a number.
+QStringList RoomCells(QStringView record, const QStringList& titles);
 
 // Fills a list of rooms by its own titles: column 0 counts the rows, in the order of the room numbers.
 void LoadkfQd(TextTable& grid);

@@ -240,7 +240,8 @@ void GridView::sortBy(int column, bool descending) {
     const int current = currentRow();
     const int currentColumn = this->currentColumn();
 
-    const QList<int> cameFrom = table().sort(column, TextTable::Order::Natural, descending);
+    const QList<int> cameFrom =
+        table().sort(column, TextTable::Order::Natural, descending, totalRows_);
     renumber();
 
     model_->showAll();
@@ -257,6 +258,7 @@ void GridView::sortBy(int column, bool descending) {
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSortIndicator(column,
                                          descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    Q_EMIT sorted(cameFrom);
 }
 
 void GridView::clearSortMark() {

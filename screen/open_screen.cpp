@@ -29,9 +29,8 @@ void PlaceOnDisplay(Screen* screen) {
     screen->move(display.center() - screen->rect().center());
 }
 
-Screen* Create(const QString& name, const Registration& registration) {
-    Screen* screen = registration.factory();
-    Q_ASSERT_X(screen->objectName() == name, "OpenScreen", "a screen under another one's name");
+// From here on the screen is one of those that are open.
+void TakeIn(Screen* screen) {
     screen->setAttribute(Qt::WA_DeleteOnClose);
     openScreens.append(screen);
     QObject::connect(screen, &Screen::closed, [screen] { openScreens.removeOne(screen); });
@@ -40,6 +39,12 @@ Screen* Create(const QString& name, const Registration& registration) {
     if (!screen->testAttribute(Qt::WA_Resized))
         screen->adjustSize();
     PlaceOnDisplay(screen);
+}
+
+Screen* Create(const QString& name, const Registration& registration) {
+    Screen* screen = registration.factory();
+    Q_ASSERT_X(screen->objectName() == name, "OpenScreen", "a screen under another one's name");
+    TakeIn(screen);
     return screen;
 }
 
@@ -67,6 +72,11 @@ bool OpenScreen(QStringView name, const QVariant& argument) {
     BringForward(screen);
     const bool loaded = screen->run([&] { screen->load(argument); });
     return loaded && screen && screen->isVisible();
+}
+
+void ShowScreen(Screen* screen) {
+    TakeIn(screen);
+    BringForward(screen);
 }
 
 Screen* FindScreen(QStringView name) {

@@ -74,6 +74,14 @@ void Tour::type(QWidget& window, const QString& field, const QString& text) {
     QApplication::processEvents();
 }
 
+void Tour::choose(QWidget& window, const QString& box, const QString& entry) {
+    auto* widget = Find<QComboBox>(window, box);
+    const int index = widget->findText(entry);
+    expect(index >= 0, box + u" 没有 "_s + entry);
+    widget->setCurrentIndex(index);
+    Q_EMIT widget->activated(index);
+}
+
 void Tour::picture(QWidget& window, const QString& name) {
     QApplication::processEvents();
     const QString number = QString::number(++pictures_).rightJustified(2, u'0');

@@ -38,6 +38,8 @@ public:
     void press(QWidget& window, const QString& button);
     // Types into the field of that object name, key by key.
     void type(QWidget& window, const QString& field, const QString& text);
+    // Chooses an entry of the drop-down of that object name.
+    void choose(QWidget& window, const QString& box, const QString& entry);
     // A picture of the window, numbered in the order taken: 07-<name>.png.
     void picture(QWidget& window, const QString& name);
 
@@ -61,5 +63,7 @@ private:
 
 // The chapters, in the order of the day.
 void TourOfLogin(Tour& tour);
+void TourOfRooms(Tour& tour);
+void TourOfCategories(Tour& tour);
 
 } // namespace hotel

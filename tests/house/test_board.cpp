@@ -97,6 +97,12 @@ private Q_SLOTS:
         QCOMPARE(counts.byFloor.text(4, 1), u"11"_s);
     }
 
+    void namesAreInTheOrderOfTheBeds() {
+        QCOMPARE(GuestNames(u"<客人10><客人姓名>王十</客人姓名></客人10><客人03></客人03>"
+                            "<客人02><客人姓名>李二</客人姓名></客人02>"),
+                 u"李二,王十"_s);
+    }
+
     void refreshFromTheServer() {
         TestHotel hotel;
         FillRooms({{u"1010"_s, u"包房"_s, 2},

@@ -12,7 +12,7 @@
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

@@ -10,7 +10,7 @@
 #include "record/numbers.h"
 #include "screen/grid_view.h"
 #include "tests/hotel_test.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

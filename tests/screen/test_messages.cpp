@@ -14,7 +14,7 @@
 #include "screen/messages.h"
 #include "screen/wait_frm.h"
 #include "tests/hotel_test.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

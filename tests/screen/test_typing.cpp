@@ -7,7 +7,7 @@
 #include "screen/date_text.h"
 #include "screen/key_filter.h"
 #include "tests/hotel_test.h"
-#include "type_text.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 
