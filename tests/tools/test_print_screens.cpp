@@ -387,6 +387,7 @@ private Q_SLOTS:
         QVERIFY(script.hasPage(1));
         QVERIFY(TextsOf(script.previewPage(1)).size() > 20);
         if (const QString folder = qEnvironmentVariable("PRINT_SAMPLES"); !folder.isEmpty()) {
+            QTest::qWait(100);
             SavePicture(form, folder + u"/PrtForm.png"_s);
             SavePicture(FindScreen(u"PrtPrev"), folder + u"/PrtPrev.png"_s);
         }
