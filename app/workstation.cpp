@@ -6,6 +6,8 @@
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "screen/theme.h"
+#include "tools/form_tools.h"
+#include "tools/form_tools.h"
 
 namespace hotel {
 
@@ -16,6 +18,8 @@ Workstation::Workstation(QApplication& application, const QString& configuration
     SetLink(&link_);
     link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
     link_.Load();
+    SetUpForms();
+    SetUpForms();
     RegisterScreens();
     linkWindow_ = new LinkWindow(link_, configuration_.debugMode);
     login_ = new loginfrm(configuration_);

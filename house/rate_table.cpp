@@ -19,6 +19,11 @@ void DropRowsWithoutType(TextTable& table) {
     }
 }
 
+TextTable& Rates() {
+    static TextTable rates;
+    return rates;
+}
+
 } // namespace
 
 TextTable RateTable(QStringView categoryText) {
@@ -33,8 +38,15 @@ TextTable RateTable(QStringView categoryText) {
     return table;
 }
 
-TextTable LoadRateTable() {
-    return RateTable(ReadProject(CategoryFile(), category::kRoomTypes));
+const TextTable& LoadRateTable() {
+    TextTable& rates = Rates();
+    rates = RateTable(ReadProject(CategoryFile(), category::kRoomTypes));
+    return rates;
+}
+
+const TextTable& RatesInUse() {
+    const TextTable& rates = Rates();
+    return rates.dataRows() > 0 ? rates : LoadRateTable();
 }
 
 RateChoice RatesOfType(const TextTable& rateTable, QStringView roomType) {

@@ -22,8 +22,12 @@ namespace hotel {
 
 TextTable RateTable(QStringView categoryText);
 
-// The rate table as the category has it now; without the category it has no rows.
-TextTable LoadRateTable();
+// The rate table as the category has it now; without the category it has no rows. It is from here on
+// the one in use.
+const TextTable& LoadRateTable();
+
+// The rate table that was read last; read now when none has been.
+const TextTable& RatesInUse();
 
 // The rates of a room type: two lists that run in parallel.
 struct RateChoice {

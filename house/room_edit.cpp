@@ -31,6 +31,8 @@ constexpr Required kRequired[] = {
     {kType, u"房间类型错误，必须选择！"},
 };
 
+constexpr QStringView kNoSuchRoom = u"房间信息不存在，必须首先增加";
+
 RoomEditOutcome Refuse(QStringView words) {
     return {false, Notice{u"错误"_s, words.toString()}};
 }
@@ -83,7 +85,7 @@ RoomEditOutcome ChangeRoom(QStringView boxes, const QString& picturePath) {
         return Refuse(kRequired[0].words);
     const QString record = GetKfjbxx(room);
     if (record.isEmpty())
-        return Refuse(u"房间信息不存在，必须首先增加");
+        return Refuse(kNoSuchRoom);
     const RoomEditOutcome outcome = Save(room, WithPicture(WithBoxes(record, boxes), picturePath));
     if (outcome.done)
         SaveLogRec(kOperation.toString(), u"修改房间参数"_s);
@@ -91,12 +93,14 @@ RoomEditOutcome ChangeRoom(QStringView boxes, const QString& picturePath) {
 }
 
 RoomEditOutcome DeleteRoom(QStringView room) {
-    if (GetKfjbxx(room).isEmpty())
-        return Refuse(u"房间信息不存在，必须首先增加");
     if (DeleteRecord(RoomDatabaseFile(), kProject, room) != 0)
         return {false, Notice{u"提示"_s, u"信息删除失败！"_s}};
     SaveLogRec(kOperation.toString(), u"删除房间"_s);
     return {true, Notice{u"提示"_s, u"客房信息删除成功！"_s}};
+}
+
+std::optional<Notice> RefuseDelete(QStringView room) {
+    return GetKfjbxx(room).isEmpty() ? Refuse(kNoSuchRoom).notice : std::nullopt;
 }
 
 Notice DeleteQuestion(QStringView room) {

@@ -26,8 +26,9 @@ RoomEditOutcome AddRoom(QStringView boxes, const QString& picturePath);
 RoomEditOutcome ChangeRoom(QStringView boxes, const QString& picturePath);
 
 // Deletes a room's record, whoever is in it; the room's file and its picture stay on the server. The
-// screen asks first, with DeleteQuestion.
+// screen first sees whether there is such a room, and asks with DeleteQuestion.
 RoomEditOutcome DeleteRoom(QStringView room);
+std::optional<Notice> RefuseDelete(QStringView room);
 Notice DeleteQuestion(QStringView room);
 
 } // namespace hotel

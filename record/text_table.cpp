@@ -3,6 +3,7 @@
 #include "record/numbers.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace hotel {
 
@@ -115,12 +116,15 @@ int TextTable::find(int column, QStringView text, int from) const {
     return -1;
 }
 
-void TextTable::sort(int column, Order order, bool descending) {
+QList<int> TextTable::sort(int column, Order order, bool descending, int totalRows) {
+    QList<int> cameFrom(rows());
+    std::iota(cameFrom.begin(), cameFrom.end(), 0);
     if (!hasColumn(column))
-        return;
+        return cameFrom;
+    const qsizetype end = std::max<qsizetype>(1, rows_.size() - std::max(0, totalRows));
     std::vector<SortKey> keys;
-    keys.reserve(size_t(dataRows()));
-    for (qsizetype row = 1; row < rows_.size(); ++row)
+    keys.reserve(size_t(end));
+    for (qsizetype row = 1; row < end; ++row)
         keys.push_back(MakeKey(rows_.at(row).at(column), row, order));
     std::stable_sort(keys.begin(), keys.end(), [descending](const SortKey& a, const SortKey& b) {
         return descending ? IsLess(b, a) : IsLess(a, b);
@@ -128,9 +132,13 @@ void TextTable::sort(int column, Order order, bool descending) {
     QList<QStringList> sorted;
     sorted.reserve(rows_.size());
     sorted.append(rows_.first());
-    for (const SortKey& key : keys)
+    for (const SortKey& key : keys) {
+        cameFrom[sorted.size()] = int(key.row);
         sorted.append(std::move(rows_[key.row]));
+    }
+    sorted += rows_.sliced(end);
     rows_ = std::move(sorted);
+    return cameFrom;
 }
 
 void TextTable::numberRows(int column, QStringView format) {

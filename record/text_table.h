@@ -56,8 +56,10 @@ public:
 
     // Sorts the data rows by a column, stably. Natural order compares two cells as numbers when
     // both are numbers throughout, numbers ahead of other texts, else as text by character code.
+    // The last `totalRows` rows, which hold sums, stay last. Gives for each row the row where it stood
+    // before.
     enum class Order { Text, Number, Natural };
-    void sort(int column, Order order, bool descending = false);
+    QList<int> sort(int column, Order order, bool descending = false, int totalRows = 0);
 
     // Writes 1, 2, 3, ... into the column, in `format` (see FormatNumber).
     void numberRows(int column, QStringView format = u"#0");

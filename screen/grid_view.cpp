@@ -240,22 +240,17 @@ void GridView::sortBy(int column, bool descending) {
     const int current = currentRow();
     const int currentColumn = this->currentColumn();
 
-    // A column of old row numbers goes through the sort to tell where each row has gone.
-    const int oldRows = table().addColumn({});
-    for (int row = 1; row < table().rows(); ++row)
-        table().setText(row, oldRows, QString::number(row));
-    table().sort(column, TextTable::Order::Natural, descending);
-    QList<int> newRowOf(table().rows(), 0);
-    for (int row = 1; row < table().rows(); ++row)
-        newRowOf[table().text(row, oldRows).toInt()] = row;
-    table().removeColumn(oldRows);
+    const QList<int> cameFrom =
+        table().sort(column, TextTable::Order::Natural, descending, totalRows_);
     renumber();
 
     model_->showAll();
-    setCurrent(newRowOf.value(current), currentColumn);
+    setCurrent(current > 0 ? int(cameFrom.indexOf(current)) : 0, currentColumn);
     QList<int> moved;
-    for (const int row : selected)
-        moved.append(newRowOf.value(row));
+    for (int row = 1; row < cameFrom.size(); ++row) {
+        if (std::binary_search(selected.begin(), selected.end(), cameFrom[row]))
+            moved.append(row);
+    }
     setSelectedRows(moved);
 
     sortedColumn_ = column;
@@ -263,6 +258,7 @@ void GridView::sortBy(int column, bool descending) {
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSortIndicator(column,
                                          descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    Q_EMIT sorted(cameFrom);
 }
 
 void GridView::clearSortMark() {

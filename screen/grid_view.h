@@ -121,6 +121,8 @@ public:
     void sortBy(int column, bool descending = false);
     // The column that holds the running number of the row; renewed by sorting and moving.
     void setNumberColumn(int column, const QString& format = u"#0"_s);
+    // The last rows of the table hold sums: they stay last when it is sorted. At the start: none.
+    void setTotalRows(int count) { totalRows_ = count; }
     // Rows can be dragged to another place, or moved with Ctrl+Up and Ctrl+Down, one at a time.
     void setRowsMovable(bool on);
 
@@ -151,6 +153,8 @@ Q_SIGNALS:
     void rowActivated(int row, int column);
     void rowDoubleClicked(int row, int column); // where Enter must not do the same
     void headerClicked(int column);
+    // The table has been sorted by a column; each row stood before where `cameFrom` says.
+    void sorted(const QList<int>& cameFrom);
     void currentMoved(int row, int column); // row 0 when there is none any more
     void selectionMoved();
     void cellEdited(int row, int column);   // with every key
@@ -181,6 +185,7 @@ private:
 
     GridModel* model_;
     QTimer* showAdded_;
+    int totalRows_ = 0;
     int numberColumn_ = -1;
     QString numberFormat_;
     bool sortable_ = false;

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QList>
 #include <QScreen>
+#include <QStyle>
 
 #include "screen/screen.h"
 
@@ -22,14 +23,14 @@ QList<QPointer<Screen>> openScreens;
 
 // Keeps the window inside the display, in the middle.
 void PlaceOnDisplay(Screen* screen) {
-    const QRect display = screen->screen()->availableGeometry();
+    const int title = screen->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect display = screen->screen()->availableGeometry().adjusted(0, title, 0, 0);
     screen->resize(screen->size().boundedTo(display.size()));
     screen->move(display.center() - screen->rect().center());
 }
 
-Screen* Create(const QString& name, const Registration& registration) {
-    Screen* screen = registration.factory();
-    Q_ASSERT_X(screen->objectName() == name, "OpenScreen", "a screen under another one's name");
+// From here on the screen is one of those that are open.
+void TakeIn(Screen* screen) {
     screen->setAttribute(Qt::WA_DeleteOnClose);
     openScreens.append(screen);
     QObject::connect(screen, &Screen::closed, [screen] { openScreens.removeOne(screen); });
@@ -38,6 +39,12 @@ Screen* Create(const QString& name, const Registration& registration) {
     if (!screen->testAttribute(Qt::WA_Resized))
         screen->adjustSize();
     PlaceOnDisplay(screen);
+}
+
+Screen* Create(const QString& name, const Registration& registration) {
+    Screen* screen = registration.factory();
+    Q_ASSERT_X(screen->objectName() == name, "OpenScreen", "a screen under another one's name");
+    TakeIn(screen);
     return screen;
 }
 
@@ -65,6 +72,11 @@ bool OpenScreen(QStringView name, const QVariant& argument) {
     BringForward(screen);
     const bool loaded = screen->run([&] { screen->load(argument); });
     return loaded && screen && screen->isVisible();
+}
+
+void ShowScreen(Screen* screen) {
+    TakeIn(screen);
+    BringForward(screen);
 }
 
 Screen* FindScreen(QStringView name) {

@@ -30,6 +30,10 @@ void RegisterScreen(QStringView name, std::function<Screen*()> factory,
 // closed it.
 bool OpenScreen(QStringView name, const QVariant& argument = {});
 
+// Shows a screen that its caller has made, a list of results for instance, as OpenScreen shows those
+// that it makes: it is destroyed when it is closed. Its load() is not called.
+void ShowScreen(Screen* screen);
+
 // The open screen of that name, or null.
 Screen* FindScreen(QStringView name);
 

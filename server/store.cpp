@@ -35,6 +35,10 @@ static const char* const kTables[] = {
 
 namespace {
 
+// Characters of values that are kept in memory, and what one takes beyond its characters.
+constexpr qsizetype kValueMemory = 32 * 1024 * 1024;
+constexpr qsizetype kValueOverhead = 64;
+
 StoreError Failed(const QSqlQuery& query) {
     const QSqlError error = query.lastError();
     return StoreError(error.databaseText().isEmpty() ? error.driverText() : error.databaseText());
@@ -84,7 +88,7 @@ Store::Rows Store::executed(QSqlQuery& query) {
 
 Store::Store(const QString& folder, Use use)
     : folder_(folder), use_(use), connection_{QUuid::createUuid().toString()},
-      stampBase_(QRandomGenerator::system()->generate64()) {
+      values_(kValueMemory), stampBase_(QRandomGenerator::system()->generate64()) {
     if (use_ == Use::Serve)
         takeLock();
     openDatabase();
@@ -345,7 +349,7 @@ Store::Projects& Store::projectsOf(File& file) {
         Projects projects;
         Rows rows = run("SELECT id, name FROM project WHERE file = ?", file.id);
         while (rows.next())
-            projects.insert(rows.text(1), Project{rows.integer(0)});
+            projects.insert(rows.text(1), Project{rows.integer(0), ++versions_});
         file.projects = std::move(projects);
     }
     return *file.projects;
@@ -378,7 +382,7 @@ Store::Project& Store::madeProject(const StorePath& path, const QString& project
         return *found;
     run("INSERT INTO project (id, file, name) VALUES (?, ?, ?)", nextProject_, file.id, project);
     const qint64 id = nextProject_++;
-    return *projects.insert(project, Project{id, FirstRecordId(id)});
+    return *projects.insert(project, Project{id, ++versions_, FirstRecordId(id)});
 }
 
 QStringList Store::projects(const StorePath& path) {
@@ -447,6 +451,7 @@ void Store::writeProject(const StorePath& path, const QString& project, QStringV
     }
 
     Project& target = madeProject(path, project);
+    target.version = ++versions_;
     run("DELETE FROM record WHERE project = ?", target.id);
     target.nextRecord = FirstRecordId(target.id);
     for (const NamedText& record : std::as_const(records))
@@ -460,8 +465,15 @@ std::optional<QString> Store::read(const StorePath& path, const QString& project
     const Project* found = findProject(path, project);
     if (!found)
         return std::nullopt;
+    const ValueKey key(found->version, record);
+    if (const QString* value = values_.object(key))
+        return *value;
     Rows rows = run("SELECT value FROM record WHERE project = ? AND name = ?", found->id, record);
-    return rows.next() ? std::optional(rows.text(0)) : std::nullopt;
+    if (!rows.next())
+        return std::nullopt;
+    const QString value = rows.text(0);
+    values_.insert(key, new QString(value), value.size() + record.size() + kValueOverhead);
+    return value;
 }
 
 std::optional<QString> Store::readAnywhere(const StorePath& path, const QString& record) {
@@ -474,6 +486,7 @@ std::optional<QString> Store::readAnywhere(const StorePath& path, const QString&
 void Store::write(const StorePath& path, const QString& project, const QString& record,
                   const QString& value) {
     Project& target = madeProject(path, project);
+    values_.remove({target.version, record});
     const Rows update = run("UPDATE record SET value = ? WHERE project = ? AND name = ?",
                             Stored(value), target.id, record);
     if (!update.changedAny())
@@ -500,6 +513,7 @@ void Store::remove(const StorePath& path, const QString& project, const QString&
     const Rows rows = run("DELETE FROM record WHERE project = ? AND name = ?", found->id, record);
     if (!rows.changedAny())
         throw Refusal(refusal::kNoRecord);
+    values_.remove({found->version, record});
     touch(path.key, *findDatabase(path));
 }
 

@@ -26,6 +26,7 @@
 #include <utility>
 
 #include <QByteArray>
+#include <QCache>
 #include <QFile>
 #include <QHash>
 #include <QSqlDatabase>
@@ -181,6 +182,7 @@ private:
 
     struct Project {
         qint64 id;
+        qint64 version;        // another one after every reading and rewriting of the project
         qint64 nextRecord = 0; // id of the next new record; 0 when not known yet
     };
     using Projects = QHash<QString, Project>;
@@ -262,6 +264,11 @@ private:
     std::map<QString, File> files_;
     qint64 nextFile_ = 1;
     qint64 nextProject_ = 1;
+
+    // Values read lately, by their project's version and their record's name.
+    using ValueKey = std::pair<qint64, QString>;
+    QCache<ValueKey, QString> values_;
+    qint64 versions_ = 0;
 
     quint64 stampBase_;
     quint64 changes_ = 0;

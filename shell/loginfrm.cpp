@@ -171,6 +171,7 @@ void loginfrm::refuse(const QString& words) {
 
 void loginfrm::openMainWindow() {
     main_ = new mainfrm(*this);
+    connect(main_, &Screen::closed, main_, &QObject::deleteLater);
     main_->show();
     main_->activateWindow();
     hide();

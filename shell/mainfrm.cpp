@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 
 #include "link/Wck_comm.h"
@@ -39,12 +40,10 @@ constexpr QLatin1StringView kStyle(R"(
                           border-radius: 4px; background: transparent; color: #1b2733; }
     #groups QPushButton:hover { background: #d3dce8; }
     #groups QPushButton:checked { background: #1f5fa8; color: white; }
-    #groups QPushButton:focus { border: 2px solid #d9822b; }
     #groups QPushButton:disabled { color: #9aa6b3; }
     QPushButton[entry="true"] { font-size: 14pt; background: white; border: 1px solid #b9c4d1;
                                 border-radius: 6px; }
     QPushButton[entry="true"]:hover { background: #eef4fb; border-color: #1f5fa8; }
-    QPushButton[entry="true"]:focus { border: 2px solid #d9822b; }
     QPushButton[entry="true"]:disabled { background: #f3f5f7; color: #a3adb8; border-color: #dde3ea; }
 )");
 
@@ -124,7 +123,9 @@ QWidget* mainfrm::makeGroups() {
         button->setObjectName(group.control.toString());
         button->setCheckable(true);
         button->setAutoExclusive(true);
-        button->setShortcut(Qt::Key_F1 + number - 1);
+        // Not the button's own shortcut: that one clicks a moment later, behind the digit typed next.
+        auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), button);
+        connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
         button->setEnabled(HasRight(group.right));
         on(button, &QPushButton::clicked, [this, &group] { openGroup(group); });
         groupButtons_.append(button);

@@ -49,7 +49,6 @@ fast_keyin::fast_keyin(const QString& caption, const QStringList& entries)
 
     on(Key_code, &QLineEdit::textChanged, [this] { selectTyped(); });
     on(key_in, &QLineEdit::textChanged, [this] { selectTyped(); });
-    on(List1, &GridView::rowDoubleClicked, [this] { QrCmd_Click(); });
     on(List1, &GridView::rowActivated, [this] { QrCmd_Click(); });
 }
 

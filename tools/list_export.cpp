@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
 #include <numeric>
@@ -40,8 +41,12 @@ QString Today() {
     return Clock::Today().toString(u"yyMMdd");
 }
 
+// Names come with the backslashes of the parameters ("Txt\房态260305.txt") and with folders that need
+// not be there yet.
 bool WriteFile(const QString& name, const QString& text) {
-    QSaveFile file(name);
+    const QString path = QString(name).replace(u'\\', u'/');
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
         return true;
     MsgBox(u"文件无法生成!"_s, u"错误"_s);

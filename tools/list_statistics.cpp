@@ -26,18 +26,6 @@ void SetValue(TextTable& table, QStringView label, const QString& value, const Q
     table.setText(row, 2, cell);
 }
 
-double NumberOf(const QString& cell) {
-    return LeadingNumber(NumericReading(cell));
-}
-
-template<class Use>
-void ForEachCell(const TextTable& list, const CellBlock& block, Use use) {
-    for (int row = block.firstRow; row <= block.lastRow; ++row) {
-        for (int column = block.firstColumn; column <= block.lastColumn; ++column)
-            use(list.text(row, column));
-    }
-}
-
 } // namespace
 
 CellBlock ColumnBlock(const TextTable& list, int column) {
@@ -46,29 +34,30 @@ CellBlock ColumnBlock(const TextTable& list, int column) {
 
 ListStatistics StatisticsOf(const TextTable& list, const CellBlock& block) {
     ListStatistics result;
-    int count = 0;
-    ForEachCell(list, block, [&](const QString& cell) {
-        const double number = NumberOf(cell);
-        if (count == 0 || number > result.greatest) {
-            result.greatest = number;
-            result.greatestText = cell;
+    QList<double> numbers;
+    for (int row = block.firstRow; row <= block.lastRow; ++row) {
+        for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+            const QString cell = list.text(row, column);
+            const double number = LeadingNumber(NumericReading(cell));
+            if (numbers.isEmpty() || number > result.greatest) {
+                result.greatest = number;
+                result.greatestText = cell;
+            }
+            if (numbers.isEmpty() || number < result.least) {
+                result.least = number;
+                result.leastText = cell;
+            }
+            result.sum += number;
+            numbers.append(number);
         }
-        if (count == 0 || number < result.least) {
-            result.least = number;
-            result.leastText = cell;
-        }
-        result.sum += number;
-        ++count;
-    });
-    if (count == 0)
+    }
+    if (numbers.isEmpty())
         return result;
-    result.mean = result.sum / count;
+    result.mean = result.sum / double(numbers.size());
     double squares = 0;
-    ForEachCell(list, block, [&](const QString& cell) {
-        const double difference = NumberOf(cell) - result.mean;
-        squares += difference * difference;
-    });
-    result.deviation = std::sqrt(squares / count);
+    for (const double number : numbers)
+        squares += (number - result.mean) * (number - result.mean);
+    result.deviation = std::sqrt(squares / double(numbers.size()));
     return result;
 }
 
@@ -76,7 +65,7 @@ TextTable StatisticsTable(const TextTable& list, const CellBlock& block) {
     if (list.dataRows() == 0)
         return Labels();
     const ListStatistics statistics = StatisticsOf(list, block);
-    TextTable table = CountsTable(list);
+    TextTable table = CountsTable(list.cols() - 1, list.dataRows());
     SetValue(table, u"最大值", FormatNumber(statistics.greatest, kAsItIs), statistics.greatestText);
     SetValue(table, u"最小值", FormatNumber(statistics.least, kAsItIs), statistics.leastText);
     SetValue(table, u"总合计", FormatNumber(statistics.sum, kAsItIs));
@@ -86,10 +75,10 @@ TextTable StatisticsTable(const TextTable& list, const CellBlock& block) {
     return table;
 }
 
-TextTable CountsTable(const TextTable& list) {
+TextTable CountsTable(int columns, int rows) {
     TextTable table = Labels();
-    SetValue(table, u"总列数", FormatNumber(list.cols() - 1, u"#0"));
-    SetValue(table, u"总行数", FormatNumber(list.dataRows(), u"#0"));
+    SetValue(table, u"总列数", FormatNumber(columns, u"#0"));
+    SetValue(table, u"总行数", FormatNumber(rows, u"#0"));
     return table;
 }
 

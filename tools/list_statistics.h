@@ -14,6 +14,8 @@ struct CellBlock {
     int lastRow = 0;
     int firstColumn = 0;
     int lastColumn = 0;
+
+    bool operator==(const CellBlock&) const = default;
 };
 
 // All data rows of one column.
@@ -38,6 +40,6 @@ ListStatistics StatisticsOf(const TextTable& list, const CellBlock& block);
 TextTable StatisticsTable(const TextTable& list, const CellBlock& block);
 
 // The same while a list is still growing: only the numbers of columns and rows.
-TextTable CountsTable(const TextTable& list);
+TextTable CountsTable(int columns, int rows);
 
 } // namespace hotel

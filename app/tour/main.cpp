@@ -17,6 +17,9 @@ int main(int argc, char** argv) {
     try {
         Tour tour(application, QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
         TourOfLogin(tour);
+        TourOfRooms(tour);
+        TourOfCategories(tour);
+        TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);
     } catch (const TourFailure& failure) {
         std::fprintf(stderr, "tour: %s\n", failure.what());

@@ -38,10 +38,17 @@ public:
     void press(QWidget& window, const QString& button);
     // Types into the field of that object name, key by key.
     void type(QWidget& window, const QString& field, const QString& text);
+    // Chooses an entry of the drop-down of that object name.
+    void choose(QWidget& window, const QString& box, const QString& entry);
     // A picture of the window, numbered in the order taken: 07-<name>.png.
     void picture(QWidget& window, const QString& name);
 
     // Lets events run until the condition holds; fails with the words after ten seconds.
+    // The open screen of that name; fails when it isn't there.
+    Screen& opened(const QString& name);
+    // Has `answer` run as soon as a question of that name is on display; the step that follows asks it.
+    void answering(const QString& name, const std::function<void(Screen&)>& answer);
+
     void waitFor(const std::function<bool()>& condition, const QString& words);
     void expect(bool condition, const QString& words);
 
@@ -61,5 +68,8 @@ private:
 
 // The chapters, in the order of the day.
 void TourOfLogin(Tour& tour);
+void TourOfRooms(Tour& tour);
+void TourOfCategories(Tour& tour);
+void TourOfInquiries(Tour& tour);
 
 } // namespace hotel

@@ -136,6 +136,16 @@ private Q_SLOTS:
         QCOMPARE(Column(table, 0), sorted);
         QCOMPARE(table.headers(), QStringList{u"a"_s});
     }
+
+    void sumsStayLast() {
+        TextTable table({u"a"_s});
+        for (const QString& cell : u"3,1,2,合计"_s.split(u','))
+            table.addRow({cell});
+        table.sort(0, TextTable::Order::Number, true, 1);
+        QCOMPARE(Column(table, 0), u"3,2,1,合计"_s);
+        table.sort(0, TextTable::Order::Number, false, 9);
+        QCOMPARE(Column(table, 0), u"3,2,1,合计"_s);
+    }
 };
 
 HOTEL_TEST(TextTableTest)

@@ -23,8 +23,8 @@ using namespace hotel;
 
 namespace {
 
-constexpr QLatin1StringView kRefusal{
-    "用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"};
+const QString kRefusal =
+    u"用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"_s;
 
 } // namespace
 
@@ -120,11 +120,10 @@ void LoginTest::outcomes_data() {
     QTest::addColumn<QString>("password");
     QTest::addColumn<QString>("message"); // empty: logged in without one
     QTest::addColumn<bool>("loggedIn");
-    const QString refusal = kRefusal;
     QTest::newRow("right password") << u"qiantai"_s << u"111111"_s << QString() << true;
-    QTest::newRow("wrong password") << u"qiantai"_s << u"111112"_s << refusal << false;
-    QTest::newRow("no password typed") << u"qiantai"_s << QString() << refusal << false;
-    QTest::newRow("unknown user") << u"nobody"_s << u"111111"_s << refusal << false;
+    QTest::newRow("wrong password") << u"qiantai"_s << u"111112"_s << kRefusal << false;
+    QTest::newRow("no password typed") << u"qiantai"_s << QString() << kRefusal << false;
+    QTest::newRow("unknown user") << u"nobody"_s << u"111111"_s << kRefusal << false;
     QTest::newRow("user without a password, nothing typed")
         << u"chaxun"_s << QString() << u"用户没有密码,必要时请设定操作密码！"_s << true;
     QTest::newRow("user without a password, something typed")
@@ -151,7 +150,7 @@ void LoginTest::outcomes() {
 
 void LoginTest::refusedPasswordIsSelectedForTyping() {
     logIn(u"qiantai"_s, u"wrong"_s);
-    QTRY_COMPARE(messages_->last(), QString(kRefusal));
+    QTRY_COMPARE(messages_->last(), kRefusal);
     QVERIFY(control<QPushButton>(login_, u"Logincmd"_s)->isEnabled());
     QVERIFY(!control<QPushButton>(login_, u"SetPassCmd"_s)->isEnabled());
     QCOMPARE(password()->selectedText().size(), 5);
@@ -167,16 +166,15 @@ void LoginTest::mainWindowShowsTheUsersRights_data() {
     QTest::addColumn<QString>("group"); // the one to open
     QTest::addColumn<QStringList>("entries");
     QTest::newRow("none") << QString() << QStringList() << QString() << QStringList();
-    QTest::newRow("without separators")
-        << u"人事管理员工考勤"_s << QStringList{u"Rsgl_cmd"_s} << u"Rsgl_cmd"_s
-        << QStringList{u"Kq_cmd"_s};
+    QTest::newRow("without separators") << u"人事管理员工考勤"_s << QStringList{u"Rsgl_cmd"_s}
+                                        << u"Rsgl_cmd"_s << QStringList{u"Kq_cmd"_s};
     QTest::newRow("one right, two entries")
         << u"客房中心\r\n住客查询\r\n前台接待\r\n"_s << QStringList{u"Qtjd_cmd"_s, u"Kfzx_cmd"_s}
         << u"Kfzx_cmd"_s << QStringList{u"ZxZkcx_cmd"_s};
     QTest::newRow("entry that no right tests") << u"经理办公"_s << QStringList{u"Jlbg_cmd"_s}
                                                << u"Jlbg_cmd"_s << QStringList{u"Gzjh_cmd"_s};
-    QTest::newRow("entry without its group") << u"用户管理"_s << QStringList() << QString()
-                                             << QStringList();
+    QTest::newRow("entry without its group")
+        << u"用户管理"_s << QStringList() << QString() << QStringList();
 }
 
 void LoginTest::mainWindowShowsTheUsersRights() {
@@ -211,6 +209,7 @@ void LoginTest::entryIsLoggedBeforeItOpens() {
     logIn(u"renshi"_s, u"123456"_s);
     QTRY_VERIFY(login_->mainWindow());
     Clock::Advance(5000);
+    QVERIFY(QTest::qWaitForWindowActive(login_->mainWindow()));
     QTest::keyClick(login_->mainWindow(), Qt::Key_F7);
     QTest::keyClick(login_->mainWindow(), Qt::Key_4);
     QTRY_COMPARE(logged(u"100005"_s, operation_log::kOperation), u"检查修正考勤中的错误纪录"_s);
@@ -244,8 +243,7 @@ void LoginTest::leavingIsLoggedAndPicturesAreRemoved() {
     control<QPushButton>(login_->mainWindow(), u"exit_cmd"_s)->click();
     QTRY_VERIFY(!login_->mainWindow());
     QCOMPARE(logged(u"100007"_s, operation_log::kOperation), u"退出系统"_s);
-    QCOMPARE(logged(u"100007"_s, operation_log::kRemark),
-             u"用户：QIANTAI，姓名：林晓燕退出系统"_s);
+    QCOMPARE(logged(u"100007"_s, operation_log::kRemark), u"用户：QIANTAI，姓名：林晓燕退出系统"_s);
     for (const QString& name : pictures)
         QVERIFY2(!QFile::exists(folder + name), qPrintable(name));
     QVERIFY(QFile::remove(folder + u"keep.txt"_s));

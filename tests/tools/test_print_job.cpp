@@ -3,8 +3,8 @@
 
 #include "platform/clock.h"
 #include "screen/messages.h"
-#include "tests/tools/print_items.h"
 #include "tests/hotel_test.h"
+#include "tests/tools/print_items.h"
 #include "tools/PrtSubs.h"
 
 namespace hotel {

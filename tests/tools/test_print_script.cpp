@@ -2,8 +2,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "tests/tools/print_items.h"
 #include "tests/hotel_test.h"
+#include "tests/tools/print_items.h"
 #include "tools/print_macros.h"
 
 namespace hotel {
