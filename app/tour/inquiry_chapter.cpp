@@ -1,10 +1,12 @@
-#include <QTimer>
+#include <QApplication>
+#include <QFileInfo>
+#include <QTreeWidget>
 
 #include "app/tour/tour.h"
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "screen/open_screen.h"
-#include "session/operation_log.h"
+#include "session/parameters.h"
 #include "shell/mainfrm.h"
 
 namespace hotel {
@@ -26,6 +28,15 @@ void ComposeQuery(Tour& tour, Screen& query) {
     tour.press(query, u"Search_cmd"_s);
 }
 
+// Prints what the preview shows into a PDF file beside the pictures.
+void PrintToPdf(Tour& tour, Screen& preview, const QString& name) {
+    tour.answering(u"PrtSet"_s, [&tour](Screen& settings) { tour.press(settings, u"Command1"_s); });
+    const QString path = tour.paper(name);
+    tour.messages().answerNext(path);
+    tour.press(preview, u"PrintCmd"_s);
+    tour.expect(QFileInfo(path).size() > 0, name + u" 没有打印"_s);
+}
+
 // Works on the list as a manager does: statistics of a column, then paper.
 void WorkOnTheList(Tour& tour, Screen& list) {
     auto* rows = list.findChild<GridView*>(u"GrdView"_s);
@@ -37,8 +48,36 @@ void WorkOnTheList(Tour& tour, Screen& list) {
     tour.waitFor([] { return FindScreen(u"PrtPrev") != nullptr; }, u"没有打印预览"_s);
     Screen& preview = tour.opened(u"PrtPrev"_s);
     tour.picture(preview, u"打印预览"_s);
+    PrintToPdf(tour, preview, u"操作记录清单"_s);
     preview.close();
     list.close();
+}
+
+// Opens a format file in the editor, previews its form and prints it empty.
+void SeeToFormat(Tour& tour, const QString& file, bool first) {
+    tour.press(tour.mainWindow(), u"Dygs_cmd"_s);
+    Screen& editor = tour.opened(u"PrtForm"_s);
+    tour.choose(editor, u"FmtFile"_s, file);
+    auto* tree = editor.findChild<QTreeWidget*>(u"QVRTrVw"_s);
+    tour.waitFor([tree] { return tree->topLevelItemCount() > 1; }, file + u" 没有读出"_s);
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        if (tree->topLevelItem(i)->text(0) == u"纸张")
+            continue;
+        const QString form = tree->topLevelItem(i)->text(0);
+        tree->setCurrentItem(tree->topLevelItem(i));
+        if (first)
+            tour.picture(editor, u"打印格式"_s);
+        tour.press(editor, u"Preview_cmd"_s);
+        Screen& preview = tour.opened(u"PrtPrev"_s);
+        if (first)
+            tour.picture(preview, u"预览-"_s + form);
+        PrintToPdf(tour, preview, form);
+        preview.close();
+        QApplication::processEvents();
+        break;
+    }
+    editor.close();
+    QApplication::processEvents();
 }
 
 } // namespace
@@ -54,8 +93,11 @@ void TourOfInquiries(Tour& tour) {
     WorkOnTheList(tour, tour.opened(u"CmnGrd"_s));
 
     tour.press(window, u"Xtgl_cmd"_s);
-    tour.press(window, u"Dygs_cmd"_s);
-    tour.picture(tour.opened(u"PrtForm"_s), u"打印格式"_s);
+    bool first = true;
+    for (const QStringView format : {u"ZsdjFmt", u"Bkyjpz", u"Krhftzd", u"YsjlFmt"}) {
+        SeeToFormat(tour, Param(u"DygsLj") + Param(format), first);
+        first = false;
+    }
     tour.leave();
 }
 

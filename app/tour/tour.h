@@ -44,6 +44,11 @@ public:
     void picture(QWidget& window, const QString& name);
 
     // Lets events run until the condition holds; fails with the words after ten seconds.
+    // Where a paper that the step prints goes: <name>.pdf beside the pictures.
+    QString paper(const QString& name) const {
+        return folder_ + QStringLiteral("/") + name + QStringLiteral(".pdf");
+    }
+
     // The open screen of that name; fails when it isn't there.
     Screen& opened(const QString& name);
     // Has `answer` run as soon as a question of that name is on display; the step that follows asks it.
