@@ -19,7 +19,7 @@ struct Registration {
 };
 
 QHash<QString, Registration> registry;
-QList<QPointer<Screen>> openScreens;
+QList<Screen*> openScreens; // those that stand
 
 // Keeps the window inside the display, in the middle.
 void PlaceOnDisplay(Screen* screen) {
@@ -34,7 +34,7 @@ void TakeIn(Screen* screen) {
     screen->setAttribute(Qt::WA_DeleteOnClose);
     openScreens.append(screen);
     QObject::connect(screen, &Screen::closed, [screen] { openScreens.removeOne(screen); });
-    QObject::connect(screen, &QObject::destroyed, [] { openScreens.removeAll(nullptr); });
+    QObject::connect(screen, &QObject::destroyed, [screen] { openScreens.removeOne(screen); });
     screen->ensurePolished();
     if (!screen->testAttribute(Qt::WA_Resized))
         screen->adjustSize();
@@ -80,15 +80,15 @@ void ShowScreen(Screen* screen) {
 }
 
 Screen* FindScreen(QStringView name) {
-    for (const QPointer<Screen>& screen : openScreens) {
-        if (screen && screen->objectName() == name)
+    for (Screen* screen : openScreens) {
+        if (screen->objectName() == name)
             return screen;
     }
     return nullptr;
 }
 
 bool CloseAllScreens() {
-    const QList<QPointer<Screen>> screens = openScreens;
+    const QList<QPointer<Screen>> screens(openScreens.begin(), openScreens.end());
     for (const QPointer<Screen>& screen : screens) {
         if (screen)
             screen->close();
