@@ -38,9 +38,16 @@ private Q_SLOTS:
         QCOMPARE(list_->currentRow(), 3);
     }
 
+    void enterTakesTheEntry_data() {
+        QTest::addColumn<QString>("control");
+        QTest::newRow("in the field") << u"key_in"_s;
+        QTest::newRow("in the list") << u"List1"_s;
+    }
     void enterTakesTheEntry() {
-        TypeText(list_, u"R"_s);
-        QTest::keyClick(list_, Qt::Key_Return);
+        QFETCH(QString, control);
+        auto* typed = form_->findChild<QWidget*>(control);
+        TypeText(typed, u"R"_s);
+        QTest::keyClick(typed, Qt::Key_Return);
         QVERIFY(form_->accepted());
         QCOMPARE(form_->chosen(), u"02,人民医院,RMYY"_s);
     }
