@@ -50,7 +50,7 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
     choice->addRow(u"分类名称"_s, FlmcQd);
     auto* layout = new QVBoxLayout;
     layout->addLayout(choice);
-    layout->addWidget(FlxxQd);
+    layout->addWidget(FlxxQd, 1);
     setContent(layout);
     addCommands({
         {u"CmdAdd"_s, u"增加"_s, [this] { CmdAdd_Click(); }, Qt::Key_F2},
@@ -65,10 +65,9 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
         if (column < kFirstColumn)
             FlxxQd->setCurrent(row, kFirstColumn);
     });
-    // The timer alone would refuse a save that is pressed right behind the last letter.
     on(FlxxQd, &GridView::cellEdited, [this] { Timer1_Timer(); });
     every(kTimerMilliseconds, [this] { Timer1_Timer(); });
-    resize(960, 640);
+    resize(900, 640);
 }
 
 void FlmcFrm::load(const QVariant&) {

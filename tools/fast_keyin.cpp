@@ -43,13 +43,14 @@ fast_keyin::fast_keyin(const QString& caption, const QStringList& entries)
     typed->addRow(u"拼音"_s, key_in);
     auto* layout = new QVBoxLayout;
     layout->addLayout(typed);
-    layout->addWidget(List1);
+    layout->addWidget(List1, 1);
     setContent(layout);
     addCommands({{u"QrCmd"_s, u"确定"_s, [this] { QrCmd_Click(); }, {}, CommandKind::Default}});
 
     on(Key_code, &QLineEdit::textChanged, [this] { selectTyped(); });
     on(key_in, &QLineEdit::textChanged, [this] { selectTyped(); });
     on(List1, &GridView::rowActivated, [this] { QrCmd_Click(); });
+    resize(560, 480);
 }
 
 void fast_keyin::selectTyped() {
@@ -60,8 +61,10 @@ void fast_keyin::selectTyped() {
 
 void fast_keyin::QrCmd_Click() {
     const int row = List1->currentRow();
-    if (row == 0)
+    if (row == 0) {
+        moveOn();
         return;
+    }
     chosen_ = entries_[row - 1];
     accept();
 }

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void cleanup() { form_.reset(); }
 
     void typedTextSelects() {
-        QTest::keyClicks(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
+        TypeText(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
         QCOMPARE(list_->currentRow(), 3);
         TypeText(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
         QCOMPARE(list_->currentRow(), 2);
@@ -31,22 +31,29 @@ private Q_SLOTS:
 
     // Typing in the list goes on where the field left off; what fits nothing leaves the selection.
     void typingInTheListGoesOn() {
-        QTest::keyClicks(list_, u"hx"_s);
+        TypeText(list_, u"hx"_s);
         QCOMPARE(form_->findChild<QLineEdit*>(u"key_in"_s)->text(), u"HX"_s);
         QCOMPARE(list_->currentRow(), 3);
-        QTest::keyClicks(list_, u"9"_s);
+        TypeText(list_, u"9"_s);
         QCOMPARE(list_->currentRow(), 3);
     }
 
+    void enterTakesTheEntry_data() {
+        QTest::addColumn<QString>("control");
+        QTest::newRow("in the field") << u"key_in"_s;
+        QTest::newRow("in the list") << u"List1"_s;
+    }
     void enterTakesTheEntry() {
-        QTest::keyClicks(list_, u"R"_s);
-        QTest::keyClick(list_, Qt::Key_Return);
+        QFETCH(QString, control);
+        auto* typed = form_->findChild<QWidget*>(control);
+        TypeText(typed, u"R"_s);
+        QTest::keyClick(typed, Qt::Key_Return);
         QVERIFY(form_->accepted());
         QCOMPARE(form_->chosen(), u"02,人民医院,RMYY"_s);
     }
 
     void escapeTakesNone() {
-        QTest::keyClicks(list_, u"R"_s);
+        TypeText(list_, u"R"_s);
         QTest::keyClick(list_, Qt::Key_Escape);
         QVERIFY(!form_->accepted());
         QCOMPARE(form_->chosen(), QString());
