@@ -65,7 +65,10 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
         if (column < kFirstColumn)
             FlxxQd->setCurrent(row, kFirstColumn);
     });
+    // The timer alone would refuse a save that is pressed right behind the last letter.
+    on(FlxxQd, &GridView::cellEdited, [this] { Timer1_Timer(); });
     every(kTimerMilliseconds, [this] { Timer1_Timer(); });
+    resize(960, 640);
 }
 
 void FlmcFrm::load(const QVariant&) {
@@ -108,6 +111,7 @@ void FlmcFrm::CmdAdd_Click() {
         table.numberRows(0, kCategoryNumberFormat);
         FlxxQd->rowsAdded();
         FlxxQd->setModified(true);
+        Timer1_Timer();
     }
     FlxxQd->setCurrent(table.dataRows(), table.column(tag::kEntry));
     FlxxQd->setFocus();
@@ -127,6 +131,7 @@ void FlmcFrm::cmdDel_Click() {
     FlxxQd->refresh();
     FlxxQd->setCurrent(std::min(row, table.dataRows()));
     FlxxQd->setModified(true);
+    Timer1_Timer();
 }
 
 void FlmcFrm::CmdSave_Click() {
@@ -138,6 +143,7 @@ void FlmcFrm::CmdSave_Click() {
     else
         MsgBox(u"记录修改失败"_s, u"数据库错误"_s);
     FlxxQd->setModified(false);
+    Timer1_Timer();
     SaveLogRec(u"修改分类名称定义"_s, shown_);
 }
 

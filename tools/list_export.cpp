@@ -41,7 +41,7 @@ QString Today() {
     return Clock::Today().toString(u"yyMMdd");
 }
 
-// Names come with the backslashes of the parameters ("Txt\\房态260305.txt") and with folders that need
+// Names come with the backslashes of the parameters ("Txt\房态260305.txt") and with folders that need
 // not be there yet.
 bool WriteFile(const QString& name, const QString& text) {
     const QString path = QString(name).replace(u'\\', u'/');

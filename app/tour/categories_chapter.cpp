@@ -18,10 +18,12 @@ void TourOfCategories(Tour& tour) {
     tour.choose(*categories, u"FlmcQd"_s, u"客房类型"_s);
     tour.picture(*categories, u"分类名称-客房类型"_s);
     tour.choose(*categories, u"FlmcQd"_s, u"停留事由"_s);
-    const auto* list = categories->findChild<GridView*>(u"FlxxQd"_s);
+    auto* list = categories->findChild<GridView*>(u"FlxxQd"_s);
     const int before = list->table().dataRows();
     tour.press(*categories, u"CmdAdd"_s);
-    tour.type(*categories, u"FlxxQd"_s, u"新闻采访\rXWCF"_s);
+    tour.type(*categories, u"FlxxQd"_s, u"新闻采访"_s);
+    list->setCurrent(before + 1, list->currentColumn() + 1);
+    tour.type(*categories, u"FlxxQd"_s, u"xwcf"_s);
     tour.expect(list->table().dataRows() == before + 1, u"分类没有增加"_s);
     tour.picture(*categories, u"分类名称-增加"_s);
     tour.press(*categories, u"CmdSave"_s);

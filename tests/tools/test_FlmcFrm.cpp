@@ -12,7 +12,9 @@
 #include "session/operation_log.h"
 #include "session/parameters.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 #include "tests/test_hotel.h"
+#include "tests/type_text.h"
 #include "tools/FlmcFrm.h"
 #include "tools/categories.h"
 
@@ -65,9 +67,9 @@ private Q_SLOTS:
         press(u"CmdAdd"_s);
         press(u"CmdAdd"_s); // the last row is still empty
         QCOMPARE(list_->table().dataRows(), rows + 1);
-        QTest::keyClicks(list_, u" 采访 "_s);
+        TypeText(list_, u" 采访 "_s);
         QTest::keyClick(list_, Qt::Key_Return);
-        QTest::keyClicks(list_, u"c1f"_s);
+        TypeText(list_, u"c1f"_s);
         press(u"CmdSave"_s);
 
         QCOMPARE(messages_->entries().last().title, u"操作正常"_s);
@@ -102,7 +104,7 @@ private Q_SLOTS:
     void choosingTheSameKeepsWhatWasTyped() {
         choose(u"行业"_s);
         list_->setCurrent(1, 1);
-        QTest::keyClicks(list_, u"A"_s);
+        TypeText(list_, u"A"_s);
         choose(u"行业"_s);
         QVERIFY(list_->isModified());
         choose(u"信用等级"_s);
@@ -118,7 +120,7 @@ private Q_SLOTS:
     void tellsThatSavingFailed() {
         choose(u"行业"_s);
         list_->setCurrent(1, 1);
-        QTest::keyClicks(list_, u"A"_s);
+        TypeText(list_, u"A"_s);
         hotel_->stopServer();
         press(u"CmdSave"_s);
         QVERIFY(messages_->words().contains(u"记录修改失败"_s));

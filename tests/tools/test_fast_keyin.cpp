@@ -4,6 +4,7 @@
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 #include "tools/fast_keyin.h"
 
 namespace hotel {
@@ -24,7 +25,7 @@ private Q_SLOTS:
     void typedTextSelects() {
         QTest::keyClicks(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
         QCOMPARE(list_->currentRow(), 3);
-        QTest::keyClicks(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
+        TypeText(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
         QCOMPARE(list_->currentRow(), 2);
     }
 

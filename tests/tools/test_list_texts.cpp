@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("column");
         QTest::addColumn<QStringList>("values"); // from 最大值 on
         QTest::addColumn<QStringList>("cells");
-        QTest::newRow("amounts") << 1 << QStringList{u"1200.5"_s, u"5"_s,        u"1330.5"_s,
+        QTest::newRow("amounts") << 1 << QStringList{u"1200.5"_s, u"5"_s,       u"1330.5"_s,
                                                      u"443.50"_s, u"537.517"_s, u"1195.5"_s}
                                  << QStringList{u"1,200.50"_s, u"-5"_s};
         QTest::newRow("words only")
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(recorder.entries().isEmpty());
         recorder.answerNext(u""_s);
         QVERIFY(!SaveListFile(Charges(), u"逗号,", {}));
-        recorder.answerNext(folder.filePath(u"no/such/folder"_s));
+        recorder.answerNext(name + u"/a.txt"_s); // a file is no folder
         QVERIFY(!SaveListFile(Charges(), u"逗号,", {}));
         QCOMPARE(recorder.last(), u"文件无法生成!"_s);
     }

@@ -87,9 +87,7 @@ private:
         WriteJob(pages);
         PreviewPrintJob();
         Screen* screen = FindScreen(u"PrtPrev");
-        if (screen)
-            QTest::qWaitForWindowActive(screen);
-        return screen;
+        return screen && QTest::qWaitForWindowActive(screen) ? screen : nullptr;
     }
     static QString pageShown(Screen* screen) { return Find<QLabel>(screen, u"PagLbl"_s)->text(); }
 
@@ -112,7 +110,7 @@ private:
 private Q_SLOTS:
     void initTestCase() {
         QDir::setCurrent(folder_.path());
-        RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+        RegisterScreen(u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
         RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     }
     void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
@@ -389,6 +387,7 @@ private Q_SLOTS:
         QVERIFY(script.hasPage(1));
         QVERIFY(TextsOf(script.previewPage(1)).size() > 20);
         if (const QString folder = qEnvironmentVariable("PRINT_SAMPLES"); !folder.isEmpty()) {
+            QTest::qWait(100);
             SavePicture(form, folder + u"/PrtForm.png"_s);
             SavePicture(FindScreen(u"PrtPrev"), folder + u"/PrtPrev.png"_s);
         }
