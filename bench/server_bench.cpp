@@ -17,6 +17,7 @@
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -255,17 +256,22 @@ void ReadWholeProject(Client& client) {
 double ModifyRate(quint16 port, int clients) {
     std::atomic<int> done = 0;
     std::atomic<bool> stop = false;
+    std::latch ready(clients + 1);
     std::vector<std::thread> threads;
     for (int i = 0; i < clients; ++i)
         threads.emplace_back([&, i] {
             Client client(port);
             client.logIn();
-            for (int n = 0; !stop; ++n) {
-                const int record = (n * 16 + i) % 20000 + 1;
-                client.exchange(ModifyRequest(u"多"_s, record, RoomRecord(n % 1000)));
+            std::vector<QByteArray> requests;
+            for (int n = 0; n < 400; ++n) // the second half writes other values than the first
+                requests.push_back(ModifyRequest(u"多"_s, n % 200 * 100 + i + 1, RoomRecord(n)));
+            ready.arrive_and_wait();
+            for (size_t n = 0; !stop; ++n) {
+                client.exchange(requests[n % requests.size()]);
                 ++done;
             }
         });
+    ready.arrive_and_wait();
     QElapsedTimer timer;
     timer.start();
     std::this_thread::sleep_for(std::chrono::milliseconds(700));

@@ -52,11 +52,11 @@ std::optional<Request> ClientConnection::next() {
 }
 
 void ClientConnection::answer(const QByteArray& number, const CommandAnswer& answer) {
-    if (answer.delay == 0) {
+    held_ = answer.delay > 0;
+    if (!held_) {
         send(number, answer.text);
         return;
     }
-    held_ = true;
     QTimer::singleShot(answer.delay, this, [this, number, text = answer.text] {
         held_ = false;
         send(number, text);

@@ -28,6 +28,9 @@ public:
     // has to take answers first.
     std::optional<Request> next();
 
+    // Takes no further request until the answer that is due has been sent.
+    void hold() { held_ = true; }
+
     // Queues the answer of request `number`; after `answer.delay` milliseconds if it says so, and
     // until then no request is taken. Control characters that the wire can't carry become blanks.
     void answer(const QByteArray& number, const CommandAnswer& answer);
@@ -70,7 +73,7 @@ private:
     qsizetype unsentLimit_;
     RequestReader reader_;
     QElapsedTimer progress_; // since the client last took something
-    bool held_ = false;      // an answer is being held back
+    bool held_ = false;      // no request is taken until the next answer
     bool gone_ = false;
 };
 

@@ -60,50 +60,59 @@ void RecordServer::enqueue(ClientConnection* connection) {
 
 // Runs when all sockets that are ready in this pass of the loop have been heard.
 void RecordServer::dispatcher_aboutToBlock() {
-    if (queue_.empty())
+    if (queue_.empty() && turn_.exchanges.empty())
         return;
-    takeTurn();
-    if (!queue_.empty())
-        QAbstractEventDispatcher::instance()->wakeUp(); // the next turn is due at once
-}
-
-void RecordServer::takeTurn() {
-    Turn turn;
     try {
-        takeRequests(turn);
-        store_.commit();
+        const bool goesOn = takeRequests() && store_.inTransaction();
+        if (!goesOn)
+            finishTurn();
     } catch (const StoreError& error) {
         qWarning("store: %s", error.what());
         store_.rollback();
-        answerEachAlone(turn);
+        answerEachAlone();
+        finishTurn();
     }
-    sendAnswers(turn);
-    letGo(turn);
+    if (!queue_.empty() || !turn_.exchanges.empty())
+        QAbstractEventDispatcher::instance()->wakeUp(); // look around again at once
 }
 
-void RecordServer::takeRequests(Turn& turn) {
-    QElapsedTimer spent;
-    spent.start();
-    while (!queue_.empty() && turn.exchanges.size() < kTurnRequests &&
-           !spent.hasExpired(kTurnTime)) {
+// Answers the requests that wait; true when there were some and the turn may take more.
+bool RecordServer::takeRequests() {
+    if (turn_.exchanges.empty())
+        turn_.spent.start();
+    const size_t before = turn_.exchanges.size();
+    const auto isFull = [&] {
+        return turn_.exchanges.size() >= kTurnRequests || turn_.spent.hasExpired(kTurnTime);
+    };
+    while (!queue_.empty() && !isFull()) {
         ClientConnection* connection = queue_.front();
         queue_.pop_front();
         connection->queued = false;
         std::optional<Request> request = connection->next();
         if (!request) {
-            turn.drained.push_back(connection);
+            turn_.drained.push_back(connection);
             continue;
         }
-        turn.exchanges.push_back({connection, std::move(*request), {}});
-        Exchange& exchange = turn.exchanges.back();
+        turn_.exchanges.push_back({connection, std::move(*request), {}});
+        Exchange& exchange = turn_.exchanges.back();
         exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
-        if (exchange.answer.delay == 0)
-            enqueue(connection);
+        if (exchange.answer.delay > 0)
+            connection->hold();
+        enqueue(connection);
     }
+    return turn_.exchanges.size() > before && !isFull();
 }
 
-void RecordServer::answerEachAlone(Turn& turn) {
-    for (Exchange& exchange : turn.exchanges) {
+void RecordServer::finishTurn() {
+    store_.commit();
+    sendAnswers();
+    letGo();
+    turn_.exchanges.clear();
+    turn_.drained.clear();
+}
+
+void RecordServer::answerEachAlone() {
+    for (Exchange& exchange : turn_.exchanges) {
         try {
             exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
             store_.commit();
@@ -115,15 +124,15 @@ void RecordServer::answerEachAlone(Turn& turn) {
     }
 }
 
-void RecordServer::sendAnswers(const Turn& turn) {
-    for (const Exchange& exchange : turn.exchanges)
+void RecordServer::sendAnswers() {
+    for (const Exchange& exchange : turn_.exchanges)
         exchange.connection->answer(exchange.request.number(), exchange.answer);
-    for (const Exchange& exchange : turn.exchanges)
+    for (const Exchange& exchange : turn_.exchanges)
         exchange.connection->flush();
 }
 
-void RecordServer::letGo(const Turn& turn) {
-    for (ClientConnection* connection : turn.drained) {
+void RecordServer::letGo() {
+    for (ClientConnection* connection : turn_.drained) {
         if (connection->queued)
             continue;
         if (connection->gone()) {
@@ -150,8 +159,8 @@ void RecordServer::finish() {
         connection->readArrived();
         enqueue(connection);
     }
-    while (!queue_.empty())
-        takeTurn();
+    while (!queue_.empty() || !turn_.exchanges.empty())
+        dispatcher_aboutToBlock();
     const QDeadlineTimer deadline(kLastSending);
     for (ClientConnection* connection : connections())
         connection->finishSending(int(deadline.remainingTime()));

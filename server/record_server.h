@@ -16,6 +16,7 @@
 #include <vector>
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QObject>
 #include <QTcpServer>
@@ -61,17 +62,18 @@ private:
     struct Turn {
         std::vector<Exchange> exchanges;
         std::vector<ClientConnection*> drained; // connections without a further request
+        QElapsedTimer spent;                    // since the first of them
     };
 
     void listener_newConnection();
     void listener_acceptError();
     void dispatcher_aboutToBlock();
     void enqueue(ClientConnection* connection);
-    void takeTurn();
-    void takeRequests(Turn& turn);
-    void answerEachAlone(Turn& turn);
-    void sendAnswers(const Turn& turn);
-    void letGo(const Turn& turn);
+    bool takeRequests();
+    void finishTurn();
+    void answerEachAlone();
+    void sendAnswers();
+    void letGo();
     QList<ClientConnection*> connections() const;
     void dropStalled();
 
@@ -82,6 +84,7 @@ private:
     QTcpServer listener_;
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
+    Turn turn_;
 };
 
 } // namespace hotel

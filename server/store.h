@@ -94,6 +94,7 @@ public:
     void commit();
     // Undoes the transaction. Never fails.
     void rollback();
+    bool inTransaction() const { return inTransaction_; }
 
     // --- Files ---------------------------------------------------------------------------------------
 
