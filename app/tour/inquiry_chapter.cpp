@@ -94,7 +94,7 @@ void TourOfInquiries(Tour& tour) {
 
     tour.press(window, u"Xtgl_cmd"_s);
     bool first = true;
-    for (const QStringView format : {u"ZsdjFmt", u"Bkyjpz", u"Krhftzd", u"YsjlFmt"}) {
+    for (const QStringView format : {u"ZsdjFmt", u"Bkyjpz", u"Krhftzd"}) {
         SeeToFormat(tour, Param(u"DygsLj") + Param(format), first);
         first = false;
     }
