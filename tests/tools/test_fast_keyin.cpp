@@ -46,6 +46,7 @@ private Q_SLOTS:
     void enterTakesTheEntry() {
         QFETCH(QString, control);
         auto* typed = form_->findChild<QWidget*>(control);
+        typed->setFocus();
         TypeText(typed, u"R"_s);
         QTest::keyClick(typed, Qt::Key_Return);
         QVERIFY(form_->accepted());
