@@ -1,14 +1,20 @@
 #include "app/screens.h"
 
+#include <QApplication>
+#include <algorithm>
+
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
+#include "frontoffice/guest_query.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
 #include "tools/FlmcFrm.h"
+#include "tools/PrtForm.h"
 #include "tools/PrtPrev.h"
+#include "tools/operation_log_query.h"
 
 namespace hotel {
 
@@ -17,13 +23,22 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"RzjdFrm",  u"Zkcx",    u"KrhfFrm", u"PicCap",   u"Ftxxfrm", u"frmWX",   u"frmShw",
-    u"frmTimer", u"Jzhfrm",  u"FyxxFrm", u"YstjFrm",  u"JztfFrm", u"Yecy",    u"YybbFrm",
-    u"Userfrm",  u"PicView", u"Czjl",    u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",
-    u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",
-    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView",
-    u"Xtwh",     u"PrtForm", u"Gys",     u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
-    u"SetPass",
+    u"RzjdFrm", u"KrhfFrm",  u"PicCap",  u"Ftxxfrm", u"frmWX",   u"frmShw",   u"frmTimer",
+    u"Jzhfrm",  u"FyxxFrm",  u"YstjFrm", u"JztfFrm", u"Yecy",    u"YybbFrm",  u"Userfrm",
+    u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet", u"khxxmain", u"frmYsk",
+    u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx",
+    u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView", u"Xtwh",     u"Gys",
+    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",  u"SetPass",
+};
+
+// Entries that ask something first and show a list then, in front of the active window.
+struct Inquiry {
+    QStringView name;
+    void (*open)(QWidget* parent);
+};
+constexpr Inquiry kInquiries[] = {
+    {u"Czjl", OpenOperationLogQuery},
+    {u"Zkcx", OpenGuestQuery},
 };
 
 bool IsToCome(QStringView screen) {
@@ -37,12 +52,18 @@ void RegisterScreens() {
     RegisterScreen(u"FlmcFrm", [] { return new FlmcFrm; });
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
-    RegisterScreen(u"PrtPrev", [] { return new PrtPrev; });
+    RegisterScreen(u"PrtForm", [] { return new PrtForm; });
+    RegisterScreen(
+        u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;
-        OpenScreen(screen);
+        const auto* inquiry = std::ranges::find(kInquiries, screen, &Inquiry::name);
+        if (inquiry != std::end(kInquiries))
+            inquiry->open(QApplication::activeWindow());
+        else
+            OpenScreen(screen);
         return true;
     });
 }

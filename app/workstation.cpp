@@ -7,6 +7,7 @@
 #include "screen/open_screen.h"
 #include "screen/theme.h"
 #include "tools/form_tools.h"
+#include "tools/form_tools.h"
 
 namespace hotel {
 
@@ -17,6 +18,7 @@ Workstation::Workstation(QApplication& application, const QString& configuration
     SetLink(&link_);
     link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
     link_.Load();
+    SetUpForms();
     SetUpForms();
     RegisterScreens();
     linkWindow_ = new LinkWindow(link_, configuration_.debugMode);

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -31,7 +32,7 @@ constexpr Group kGroups[] = {
     {u"打印格式", u"ZsdjFmt"},
     {u"结账与提醒", u"AutoFy"},
 };
-constexpr int kColumns = 3;
+constexpr int kColumns = 4;
 
 // What the time limits of the room charge and the rounding of a settlement do.
 struct Explanation {
@@ -65,7 +66,7 @@ std::span<const Parameter> ParametersOf(qsizetype group) {
 }
 
 FormField FieldOf(const Parameter& parameter) {
-    constexpr int kWidth = 22;
+    constexpr int kWidth = 16;
     if (parameter.kind == ParameterKind::Switch)
         return {{}, parameter.name, parameter.label, Editor::Check};
     const Editor editor = IsTime(parameter.name) ? Editor::ShortTime : Editor::Text;
@@ -197,7 +198,9 @@ void ParaFrm::AddRq_Click() {
         return;
     showDays(true);
     GzrQd->setCurrent(GzrQd->table().rows() - 1);
-    day_->editor(u"Gzrsm")->setFocus();
+    auto* remark = day_->editor<QLineEdit>(u"Gzrsm");
+    remark->setFocus();
+    remark->selectAll();
 }
 
 void ParaFrm::DelRq_Click() {

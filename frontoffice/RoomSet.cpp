@@ -17,9 +17,9 @@
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
-#include "tools/PrtSubs.h"
 #include "tools/categories.h"
 #include "tools/list_export.h"
+#include "tools/list_print.h"
 
 namespace hotel {
 
@@ -28,38 +28,21 @@ namespace {
 using namespace room_record;
 
 const QList<FormField> kBoxes = {
-    {kNumber, u"Fjh", u"房间号", Editor::Text, {}, 12},
-    {kFloor, u"Lch", u"楼层号", Editor::Text, {}, 12},
-    {kBeds, u"Cws", u"床位数", Editor::Number, {}, 12, 2},
-    {kType, u"Fjlx", u"客房类型", Editor::Category, category::kRoomTypes, 12},
-    {kTelephone, u"Dhhm", u"电话号码", Editor::Text, {}, 12},
-    {kNetworkPort, u"Wldk", u"网络端口", Editor::Text, {}, 12},
-    {kRemark, u"Sm", u"说明", Editor::Text, {}, 12},
+    {kNumber, u"Fjh", u"房间号", Editor::Text, {}, 20},
+    {kFloor, u"Lch", u"楼层号", Editor::Text, {}, 20},
+    {kBeds, u"Cws", u"床位数", Editor::Number, {}, 20, 2},
+    {kType, u"Fjlx", u"客房类型", Editor::Category, category::kRoomTypes, 20},
+    {kTelephone, u"Dhhm", u"电话号码", Editor::Text, {}, 20},
+    {kNetworkPort, u"Wldk", u"网络端口", Editor::Text, {}, 20},
+    {kRemark, u"Sm", u"说明", Editor::Text, {}, 36},
 };
-constexpr int kBoxColumns = 3;
+constexpr int kBoxColumns = 2;
 
 const QStringList kTitles = {u"序号"_s,     u"房间号"_s,   u"楼层号"_s,   u"床位数"_s,
                              u"客房类型"_s, u"电话号码"_s, u"网络端口"_s, u"房态"_s,
                              u"住客数"_s,   u"说明"_s,     u"照片"_s};
 
 constexpr QStringView kNumericTitles[] = {u"序号", kBeds, kGuests};
-
-// The list on paper, in the preview.
-void PrintRoomList(const TextTable& list) {
-    const QString title = u"客房基本情况定义清单"_s;
-    constexpr double kTitleHeightCm = 1.2;
-    OpenPrintJob(21, 29.7);
-    SetPrintMargins(1.5, 1.5, 2, 2);
-    const GridPrintLayout layout = MeasureGridPrint(list, {});
-    int page = 0;
-    for (int row = 1; row < list.rows();) {
-        StartPage();
-        PrintTextCentre(0, 0, title, {.name = u"黑体"_s, .size = 16}, PrintableWidthCm());
-        row = PrintGridPage(list, layout, row, kTitleHeightCm);
-        EndPage(u"第%1页"_s.arg(++page));
-    }
-    PreviewPrintJob();
-}
 
 void SaveLog(const QString& remark) {
     SaveLogRec(u"房间基本参数设定"_s, remark);
@@ -128,13 +111,16 @@ void RoomSet::load(const QVariant&) {
 void RoomSet::KfQd_RowChange(int row) {
     photo_->setPhoto({});
     Zp->clear();
+    boxes_->clear();
+    if (row == 0)
+        return;
     for (const FormField& field : kBoxes)
         boxes_->setText(field.control, KfQd->table().text(row, field.tag));
 }
 
 void RoomSet::KfQd_Click(int row) {
     KfQd_RowChange(row);
-    const QString picture = KfQd->table().text(row, kPicture);
+    const QString picture = row == 0 ? QString() : KfQd->table().text(row, kPicture);
     if (!picture.isEmpty() && !SetRemotePhoto(photo_, RoomPictureFile(picture)))
         MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
 }
@@ -152,26 +138,25 @@ void RoomSet::ZpCmd_Click() {
 }
 
 void RoomSet::CmdAdd_Click() {
-    trimBoxes();
-    showOutcome(AddRoom(boxes_->store({}), Zp->text()));
+    const QString boxes = trimmedBoxes();
+    showOutcome(AddRoom(boxes, Zp->text()), GetTag(boxes, kNumber));
 }
 
 void RoomSet::CmdModify_Click() {
-    if (KfQd->currentRow() == 0) {
+    if (selectedRoom().isEmpty()) {
         MsgBox(u"请选择要修改的记录,再执行本功能！"_s, u"提示"_s);
         return;
     }
-    trimBoxes();
-    showOutcome(ChangeRoom(boxes_->store({}), Zp->text()));
+    const QString boxes = trimmedBoxes();
+    showOutcome(ChangeRoom(boxes, Zp->text()), GetTag(boxes, kNumber));
 }
 
 void RoomSet::cmdDel_Click() {
-    const int row = KfQd->currentRow();
-    if (row == 0) {
+    const QString room = selectedRoom();
+    if (room.isEmpty()) {
         MsgBox(u"请选择要删除的客房记录！"_s, u"提示"_s);
         return;
     }
-    const QString room = KfQd->table().text(row, kNumber);
     if (const auto refusal = RefuseDelete(room)) {
         MsgBox(refusal->words, refusal->title);
         return;
@@ -181,7 +166,7 @@ void RoomSet::cmdDel_Click() {
         return;
     const RoomEditOutcome outcome = DeleteRoom(room);
     if (outcome.done) {
-        KfQd->table().removeRow(row);
+        KfQd->table().removeRow(rowOf(room));
         KfQd->table().numberRows(0);
         KfQd->refresh();
         KfQd->setCurrent(0);
@@ -195,7 +180,7 @@ void RoomSet::CmdPrint_Click() {
     if (KfQd->table().dataRows() == 0)
         return;
     SaveLog(u"打印清单"_s);
-    PrintRoomList(KfQd->table());
+    PrintGrid(*KfQd, u"客房基本情况定义清单"_s);
 }
 
 void RoomSet::CmdFile_Click() {
@@ -206,16 +191,26 @@ void RoomSet::CmdFile_Click() {
     setStatus(u"清单文件已经生成"_s);
 }
 
-void RoomSet::trimBoxes() {
-    for (const FormField& field : kBoxes)
-        boxes_->setText(field.control, TrimWhite(boxes_->text(field.control)));
+QString RoomSet::selectedRoom() const {
+    const int row = KfQd->currentRow();
+    return row == 0 ? QString() : KfQd->table().text(row, kNumber);
 }
 
-void RoomSet::showOutcome(const RoomEditOutcome& outcome) {
+int RoomSet::rowOf(QStringView room) const {
+    return KfQd->table().find(KfQd->table().column(kNumber), room);
+}
+
+QString RoomSet::trimmedBoxes() {
+    for (const FormField& field : kBoxes)
+        boxes_->setText(field.control, TrimWhite(boxes_->text(field.control)));
+    return boxes_->store({});
+}
+
+void RoomSet::showOutcome(const RoomEditOutcome& outcome, const QString& room) {
     if (outcome.notice)
         MsgBox(outcome.notice->words, outcome.notice->title);
     if (outcome.done)
-        showRoom(boxes_->text(u"Fjh"));
+        showRoom(room);
     auto* number = boxes_->editor<QLineEdit>(u"Fjh");
     number->setFocus();
     number->selectAll();
@@ -225,7 +220,7 @@ void RoomSet::showRoom(const QString& room) {
     UpdateKfGrid(KfQd->table(), room);
     KfQd->refresh();
     KfQd->autoFit();
-    KfQd->setCurrent(KfQd->table().find(KfQd->table().column(kNumber), room));
+    KfQd->setCurrent(rowOf(room));
     showCount();
 }
 

@@ -32,8 +32,10 @@ private:
     void CmdPrint_Click();
     void CmdFile_Click();
 
-    void trimBoxes();
-    void showOutcome(const RoomEditOutcome& outcome);
+    QString selectedRoom() const; // empty: none
+    int rowOf(QStringView room) const;
+    QString trimmedBoxes(); // as record text; what is shown is trimmed, too
+    void showOutcome(const RoomEditOutcome& outcome, const QString& room);
     void showRoom(const QString& room); // as the server has it now
     void showCount();
 

@@ -14,7 +14,7 @@ PhotoFrame::PhotoFrame(const QString& name, const QString& words, QWidget* paren
     : QFrame(parent), words_(words) {
     setObjectName(name);
     setFrameStyle(QFrame::StyledPanel);
-    setMinimumSize(160, 120);
+    setMinimumSize(200, 150);
 }
 
 void PhotoFrame::setPhoto(const QPixmap& photo) {

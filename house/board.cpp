@@ -52,12 +52,11 @@ void AddTo(TextTable& table, int row, const std::array<qint64, 3>& amounts) {
 
 // Adds a room to its line and to the total; false when there is no line for it.
 bool CountRoom(TextTable& table, QStringView line, const std::array<qint64, 3>& amounts) {
-    const int total = table.rows() - 1;
     const int row = table.find(0, line);
-    if (row < 0 || row == total)
+    if (row < 0)
         return false;
     AddTo(table, row, amounts);
-    AddTo(table, total, amounts);
+    AddTo(table, table.rows() - 1, amounts);
     return true;
 }
 

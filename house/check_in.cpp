@@ -30,6 +30,10 @@ struct RoomParty {
     QList<Bed> beds;
 };
 
+Notice NothingTyped() {
+    return {u"请先登记客人详细信息"_s, u"还没有登记客人信息，或没有有效的登记信息，无法操作！"_s};
+}
+
 Notice GuestsMissing(const QString& room) {
     return {u"请确认"_s, u"客房："_s + room + u" 客人信息还没有输入! 不能完成登记!"_s};
 }
@@ -88,33 +92,54 @@ std::optional<Notice> FirstRefusal(const QList<RoomParty>& parties, Check check)
     return {};
 }
 
+QList<RoomParty> PartiesOf(QStringView workingSet, const QList<ChosenRoom>& rooms) {
+    QList<RoomParty> parties;
+    for (const ChosenRoom& room : rooms)
+        parties.append(PartyOf(workingSet, room));
+    return parties;
+}
+
 // A room that can't be read counts as an empty record: its count begins with the new guests.
-bool OccupyRoom(RoomParty& party) {
+bool OccupyRoom(RoomParty& party, CheckInOutcome& outcome) {
     QString record = GetKfjbxx(party.room);
     party.merges = party.sharedOnOffer || IsShared(GetTag(record, room_record::kStatus));
     const qint64 guests = GuestsAtSale(record) + party.beds.size();
     const QString status = GetTag(party.beds.last().guest, guest_text::kStatus);
     record = SetTag(record, room_record::kGuests, FormatNumber(guests, u"#0"));
     record = SetTag(record, room_record::kStatus, status);
-    return SetKfjbxx(party.room, record) == 0;
+    if (SetKfjbxx(party.room, record) != 0) {
+        outcome.notice = RoomNotSaved(party.room);
+        return false;
+    }
+    outcome.occupiedRooms.append(party.room);
+    return true;
 }
 
 // The register keeps each guest as typed: a photograph stands there by its path on this workstation,
-// since it is moved only afterwards.
-bool StoreGuests(const RoomParty& party, bool& registered) {
-    for (const Bed& bed : party.beds)
-        registered = SaveDtRzKrQd(bed.guest) == 0 && registered;
+// since it is moved only afterwards. What could not be registered is told, but stops nothing.
+bool StoreGuests(const RoomParty& party, CheckInOutcome& outcome) {
+    for (const Bed& bed : party.beds) {
+        if (SaveDtRzKrQd(bed.guest) != 0)
+            outcome.notice = GuestsNotSaved(party.room);
+    }
     QString guests = party.merges ? GetKfrzxx(party.room) : QString();
     for (const Bed& bed : party.beds)
         guests = SetTag(guests, bed.tag, WithUploadedPhotographs(bed.guest));
-    return SaveRmRec(party.room, guests) == 0;
+    if (SaveRmRec(party.room, guests) != 0) {
+        outcome.notice = GuestsNotSaved(party.room);
+        return false;
+    }
+    outcome.roomsWithGuests.append(party.room);
+    return true;
 }
 
-QString StayRecord(const RoomParty& party) {
-    QString record;
+// A folio that could not be written is told, but stops nothing.
+void EnterInFolios(const RoomParty& party, CheckInOutcome& outcome) {
+    QString stay;
     for (const Bed& bed : party.beds)
-        record = SetTag(record, bed.tag, bed.guest);
-    return record;
+        stay = SetTag(stay, bed.tag, bed.guest);
+    if (UpdateJzhByRmRec(stay) != 0)
+        outcome.notice = GuestsNotSaved(party.room);
 }
 
 void LogCheckIn(const QList<RoomParty>& parties) {
@@ -124,54 +149,37 @@ void LogCheckIn(const QList<RoomParty>& parties) {
     SaveLogRec(u"入住登记"_s, FormatNumber(rooms.size(), u"#0") + u"间客房:"_s + rooms.join(u','));
 }
 
-CheckInOutcome WriteParties(QList<RoomParty>& parties) {
-    CheckInOutcome outcome;
-    outcome.firstFolio = GetTag(parties.first().beds.first().guest, guest_text::kFolio);
-    for (RoomParty& party : parties) {
-        if (!OccupyRoom(party)) {
-            outcome.notice = RoomNotSaved(party.room);
-            return outcome;
-        }
-        outcome.occupiedRooms.append(party.room);
-    }
-    for (const RoomParty& party : parties) {
-        bool registered = true;
-        if (!StoreGuests(party, registered)) {
-            outcome.notice = GuestsNotSaved(party.room);
-            return outcome;
-        }
-        outcome.roomsWithGuests.append(party.room);
-        if (!registered)
-            outcome.notice = GuestsNotSaved(party.room);
-    }
-    for (const RoomParty& party : parties) {
-        if (UpdateJzhByRmRec(StayRecord(party)) != 0)
-            outcome.notice = GuestsNotSaved(party.room);
-    }
-    LogCheckIn(parties);
-    outcome.confirmed = true;
-    return outcome;
-}
-
 } // namespace
 
 CheckInOutcome ConfirmCheckIn(const QString& workingSet, const QList<ChosenRoom>& rooms) {
-    CheckInOutcome refused;
+    CheckInOutcome outcome;
     if (rooms.isEmpty())
-        return refused;
+        return outcome;
     if (workingSet.isEmpty()) {
-        refused.notice = Notice{u"请先登记客人详细信息"_s,
-                                u"还没有登记客人信息，或没有有效的登记信息，无法操作！"_s};
-        return refused;
+        outcome.notice = NothingTyped();
+        return outcome;
     }
-    QList<RoomParty> parties;
-    for (const ChosenRoom& room : rooms)
-        parties.append(PartyOf(workingSet, room));
+    QList<RoomParty> parties = PartiesOf(workingSet, rooms);
+    outcome.notice = FirstRefusal(parties, CheckEntered);
+    if (!outcome.notice)
+        outcome.notice = FirstRefusal(parties, CheckUse);
+    if (outcome.notice)
+        return outcome;
 
-    refused.notice = FirstRefusal(parties, CheckEntered);
-    if (!refused.notice)
-        refused.notice = FirstRefusal(parties, CheckUse);
-    return refused.notice ? refused : WriteParties(parties);
+    for (RoomParty& party : parties) {
+        if (!OccupyRoom(party, outcome))
+            return outcome;
+    }
+    for (const RoomParty& party : parties) {
+        if (!StoreGuests(party, outcome))
+            return outcome;
+    }
+    for (const RoomParty& party : parties)
+        EnterInFolios(party, outcome);
+    LogCheckIn(parties);
+    outcome.confirmed = true;
+    outcome.firstFolio = GetTag(parties.first().beds.first().guest, guest_text::kFolio);
+    return outcome;
 }
 
 QString WithUploadedPhotographs(QStringView guest) {

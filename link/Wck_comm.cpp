@@ -274,7 +274,6 @@ void Wck_comm::refuseProxy(const QString& words) {
 }
 
 void Wck_comm::socket_Close() {
-    socket_DataArrival();
     setLinkState(u"0"_s);
     LinkLog(u"连接关闭: "_s + peer());
 }

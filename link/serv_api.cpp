@@ -354,8 +354,6 @@ QString DbFieldFind(QStringView file, QStringView project, QStringView condition
             return {};
         const QString answer = Ask(CommandLine(u"字段查找") + Field(kFile, arguments[0]) +
                                    OptionalField(kProject, arguments[1]) + arguments[2] + kCrLf);
-        if (IsError(answer))
-            return {};
         memo = {ListEntries(answer, u"记录清单", kRecordListLimit), arguments};
     }
     return Entry(memo.entries, n);

@@ -4,15 +4,15 @@
 
 #include <QCryptographicHash>
 #include <QStringBuilder>
-#include <QtEndian>
 
 #include "record/literals.h"
 
 namespace hotel {
 
 static QByteArray Utf16LittleEndian(QStringView text) {
-    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
-    qToLittleEndian<quint16>(text.utf16(), text.size(), bytes.data());
+    QByteArray bytes;
+    for (const QChar c : text)
+        bytes.append(char(c.cell())).append(char(c.row()));
     return bytes;
 }
 

@@ -57,7 +57,7 @@ void CommandButton::paintEvent(QPaintEvent*) {
 }
 
 CommandBar::CommandBar(QWidget* parent) : QWidget(parent) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }

@@ -75,6 +75,17 @@ void SetTextColour(QWidget* editor, bool bad) {
     editor->setPalette(bad ? palette : QPalette());
 }
 
+// What can't be typed into is passed by on the way through the fields; its text can still be copied.
+void MakeReadOnly(QWidget* editor, bool readOnly) {
+    editor->setFocusPolicy(readOnly ? Qt::ClickFocus : Qt::StrongFocus);
+    if (auto* line = qobject_cast<QLineEdit*>(editor))
+        line->setReadOnly(readOnly);
+    else if (auto* lines = qobject_cast<QPlainTextEdit*>(editor))
+        lines->setReadOnly(readOnly);
+    else
+        editor->setEnabled(!readOnly);
+}
+
 } // namespace
 
 void SetAmountReader(std::function<std::optional<double>(const QString&)> reader) {
@@ -149,7 +160,6 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     default: {
         auto* box = new QLineEdit;
         SetKeyFilter(box, FilterOf(field.editor), field.maxBytes);
-        box->setReadOnly(field.editor == Editor::ReadOnly);
         if (field.editor == Editor::Password)
             box->setEchoMode(QLineEdit::Password);
         if (field.editor == Editor::Amount)
@@ -164,6 +174,8 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     // The editors of a column are as wide as its widest one.
     editor->setSizePolicy(QSizePolicy::Ignored, editor->sizePolicy().verticalPolicy());
     editor->installEventFilter(this);
+    if (field.editor == Editor::ReadOnly)
+        MakeReadOnly(editor, true);
     return editor;
 }
 
@@ -245,13 +257,7 @@ void FieldForm::loadCategories() {
 }
 
 void FieldForm::setReadOnly(QStringView control, bool readOnly) {
-    QWidget* widget = editor(control);
-    if (auto* line = qobject_cast<QLineEdit*>(widget))
-        line->setReadOnly(readOnly);
-    else if (auto* lines = qobject_cast<QPlainTextEdit*>(widget))
-        lines->setReadOnly(readOnly);
-    else
-        widget->setEnabled(!readOnly);
+    MakeReadOnly(editor(control), readOnly);
 }
 
 // --- leaving an editor ---

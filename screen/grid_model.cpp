@@ -99,8 +99,10 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         cell.palette.setColor(QPalette::Highlight, QColor(0xC9, 0xDB, 0xED));
         cell.palette.setColor(QPalette::HighlightedText, cell.palette.color(QPalette::Text));
     }
-    if (typed)
+    if (typed) {
         cell.text += grid_->preedit();
+        painter->fillRect(option.rect, cell.palette.base()); // over the row's selection
+    }
     cell.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
 
     if (ringed || typed) {

@@ -79,8 +79,8 @@ QString ShowFileDialog(QFileDialog::AcceptMode mode, const QString& title, const
     const QString pattern = filter.section(u'|', 1, 1);
     if (pattern.startsWith(u"*.") && pattern != u"*.*")
         dialog->setDefaultSuffix(pattern.mid(2));
-    if (!proposed.isEmpty())
-        dialog->selectFile(proposed);
+    if (!proposed.isEmpty()) // its folder comes from a parameter, which has backslashes
+        dialog->selectFile(QString(proposed).replace(u'\\', u'/'));
     return dialog.answered() ? dialog->selectedFiles().value(0) : QString();
 }
 

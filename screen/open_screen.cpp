@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QList>
 #include <QScreen>
+#include <QStyle>
 
 #include "screen/screen.h"
 
@@ -22,7 +23,8 @@ QList<QPointer<Screen>> openScreens;
 
 // Keeps the window inside the display, in the middle.
 void PlaceOnDisplay(Screen* screen) {
-    const QRect display = screen->screen()->availableGeometry();
+    const int title = screen->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect display = screen->screen()->availableGeometry().adjusted(0, title, 0, 0);
     screen->resize(screen->size().boundedTo(display.size()));
     screen->move(display.center() - screen->rect().center());
 }

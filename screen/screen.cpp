@@ -65,6 +65,8 @@ Screen::Screen(const QString& name, const QString& caption, QWidget* parent)
     progress_->setTextVisible(true);
     progress_->hide();
     status_->setTextFormat(Qt::PlainText);
+    status_->setSizePolicy(QSizePolicy::Ignored,
+                           QSizePolicy::Preferred); // long words widen no window
     auto* statusLine = new QHBoxLayout;
     statusLine->addWidget(status_, 1);
     statusLine->addWidget(progress_);
@@ -199,7 +201,8 @@ void Screen::leave(int outerEventDepth) {
     if (--depth_ > 0)
         return;
     stopRequested_ = false;
-    progress_->hide();
+    if (std::exchange(walked_, false))
+        progress_->hide();
     disableSoon_->stop();
     endRefusal();
     if (std::exchange(closeRequested_, false))
@@ -242,6 +245,7 @@ QTimer* Screen::every(int milliseconds, std::function<void()> handler) {
 
 bool Screen::stillOpen() {
     Q_ASSERT_X(busy(), "Screen::stillOpen", "a walk is part of a handler");
+    walked_ = true;
     if (!sinceEvents_.isValid() || sinceEvents_.hasExpired(kEventsInterval)) {
         LetEventsThrough();
         sinceEvents_.start();

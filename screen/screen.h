@@ -130,7 +130,8 @@ public:
     bool stopRequested() const { return stopRequested_; }
     void requestStop();
 
-    // Progress in the status line: `done` of `total` (0 of 0 takes the bar away) and words.
+    // Progress in the status line: `done` of `total` and words. The bar goes with the end of the walk;
+    // where a timer carries the work from tick to tick, 0 of 0 takes it away.
     void progress(int done, int total, const QString& words = {});
     void setStatus(const QString& words);
 
@@ -232,6 +233,7 @@ private:
     bool closeRequested_ = false;
     bool closing_ = false; // closing() is on the stack
     bool accepted_ = false;
+    bool walked_ = false; // the running handler is a walk
     QElapsedTimer sinceEvents_;
 
     // The refusal as the user sees it.

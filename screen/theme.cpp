@@ -54,6 +54,14 @@ public:
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+            element == CE_PushButtonLabel && button && IsFilled(button)) {
+            QStyleOptionButton white = *button;
+            white.palette.setColor(QPalette::ButtonText,
+                                   option->palette.color(QPalette::HighlightedText));
+            QProxyStyle::drawControl(element, &white, painter, widget);
+            return;
+        }
         if (element == CE_ShapedFrame && option->state & State_HasFocus &&
             qobject_cast<const QAbstractScrollArea*>(widget)) {
             drawBox(option, painter, {});
@@ -116,7 +124,43 @@ public:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        switch (icon) {
+        case SP_MessageBoxInformation:
+            return SignIcon(u'i', kAccent);
+        case SP_MessageBoxQuestion:
+            return SignIcon(u'?', kAccent);
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
 private:
+    // The default button is filled with the accent.
+    static bool IsFilled(const QStyleOptionButton* button) {
+        return button && button->features & QStyleOptionButton::DefaultButton &&
+               button->state & State_Enabled;
+    }
+
+    // A white sign on a disc, for the message boxes.
+    static QIcon SignIcon(QChar sign, QRgb colour) {
+        QPixmap pixmap(64, 64);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(colour));
+        painter.drawEllipse(2, 2, 60, 60);
+        QFont font = QApplication::font();
+        font.setPixelSize(44);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(pixmap.rect(), Qt::AlignCenter, sign);
+        return pixmap;
+    }
+
     static QColor boxColour(const QStyleOption* option) {
         const bool readOnly = option->state & State_ReadOnly || !(option->state & State_Enabled);
         return option->palette.color(readOnly ? QPalette::Window : QPalette::Base);
@@ -144,10 +188,8 @@ private:
     }
 
     static void drawButton(const QStyleOption* option, QPainter* painter) {
-        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool enabled = option->state & State_Enabled;
-        const bool isDefault =
-            enabled && button && button->features & QStyleOptionButton::DefaultButton;
+        const bool isDefault = IsFilled(qstyleoption_cast<const QStyleOptionButton*>(option));
         QColor fill = option->palette.color(isDefault ? QPalette::Highlight : QPalette::Button);
         if (option->state & (State_Sunken | State_On))
             fill = fill.darker(112);

@@ -135,6 +135,7 @@ int Run(QCoreApplication& application) {
 } // namespace hotel
 
 int main(int argc, char* argv[]) {
+    qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop is the quicker one
     QCoreApplication application(argc, argv);
     try {
         return hotel::Run(application);

@@ -13,6 +13,11 @@ namespace {
 
 constexpr qsizetype kNumberDigits = 3;
 
+// A request has fewer fields and shorter names. What goes beyond is not looked at, so that a text
+// made of tags that are never closed costs no more than any other.
+constexpr int kFieldLimit = 16;
+constexpr qsizetype kFieldNameLimit = 32;
+
 // Fields whose text is the caller's own and may hold any tags.
 constexpr std::array<QStringView, 6> kFreeTexts = {u"记录值",     u"初始值",     u"记录查询条件",
                                                    u"记录必选项", u"记录任选项", u"记录排除项"};
@@ -38,12 +43,14 @@ Request::Request(QByteArray number, QString text)
     : number_(std::move(number)), text_(std::move(text)) {
     const QStringView all = text_;
     qsizetype position = 0;
-    while (true) {
+    for (int count = 0; count < kFieldLimit; ++count) {
         const qsizetype open = all.indexOf(u'<', position);
         const qsizetype bracket = open < 0 ? -1 : all.indexOf(u'>', open);
         if (bracket < 0)
             return;
         const Span name{open + 1, bracket - open - 1};
+        if (name.second > kFieldNameLimit)
+            return;
         const QString closing = u"</" % view(name) % u'>';
         const bool free =
             std::find(kFreeTexts.begin(), kFreeTexts.end(), view(name)) != kFreeTexts.end();

@@ -112,7 +112,8 @@ private:
              folder.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
             QString name = entry.fileName();
             const bool isProject = !entry.isDir() && name.endsWith(kProjectSuffix);
-            name = FromFileName(name.chopped(kProjectSuffix.size()));
+            if (isProject)
+                name = FromFileName(name.chopped(kProjectSuffix.size()));
             if (isProject && ParseName(name) == name)
                 projects.insert(name, entry);
             else

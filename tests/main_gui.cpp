@@ -5,6 +5,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
     hotel::ApplyTheme(application);
     return hotel::RunTests(argc, argv);
 }

@@ -50,8 +50,9 @@ Desk::Desk(quint16 port) {
 }
 
 Desk::~Desk() {
-    if (&Link() == &link_)
-        SetLink(nullptr);
+    Wck_comm* current = SetLink(nullptr);
+    if (current != &link_)
+        SetLink(current);
 }
 
 void Desk::logIn(const QString& user, const QString& password) {

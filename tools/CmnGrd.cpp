@@ -1,6 +1,6 @@
 #include "tools/CmnGrd.h"
 
-#include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
@@ -54,8 +54,11 @@ const QList<FormField> kSettings = {
     {u"", u"fsiz2", u"字号", Editor::Text, {}, 6},
     {u"", u"lw1", u"表头线宽", Editor::Text, {}, 6},
     {u"", u"lw2", u"表芯线宽", Editor::Text, {}, 6},
-    {u"", u"ym", u"页眉", Editor::Text, {}, 8},
-    {u"", u"yj", u"页脚", Editor::Text, {}, 8},
+};
+
+const QList<FormField> kPageTexts = {
+    {u"", u"ym", u"页眉", Editor::Text, {}, 24},
+    {u"", u"yj", u"页脚", Editor::Text, {}, 24},
     {u"", u"AutoAdj", u"自动调整单元字号", Editor::Check},
 };
 
@@ -88,7 +91,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
       pages_(new QStackedWidget), GrdView_(new GridView(u"GrdView"_s)), SelList_(new QListWidget),
       AligList_(new QListWidget), StatusGrd_(new GridView(u"StatusGrd"_s)),
       heading_(new FieldForm(kHeading, 2)), settings_(new FieldForm(kSettings, 2)),
-      busy_(new QLabel) {
+      pageTexts_(new FieldForm(kPageTexts, 1)), busy_(new QLabel) {
     GrdView_->setSelect(GridView::Select::Cells);
     GrdView_->setSortable(true);
     GrdView_->setNumberColumn(0);
@@ -109,6 +112,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     panel->addTab(makeColumnsPage(), u"列与统计"_s);
     panel->addTab(makeSettingsPage(), u"打印设置"_s);
     panel->setMinimumWidth(kPanelWidth);
+    panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     auto* split = new QSplitter;
     split->addWidget(list);
     split->addWidget(panel);
@@ -131,7 +135,8 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     connect(GrdView_, &GridView::sorted, this, &CmnGrd::GrdView_Sorted);
     makeShortcuts();
     every(kTimerInterval, [this] { Timer1_Timer(); });
-    resize(1180, 700);
+    setTask(GridTask::None);
+    resize(1300, 720);
     GrdView_->setFocus();
 }
 
@@ -158,8 +163,10 @@ QWidget* CmnGrd::makeColumnsPage() {
     layout->addLayout(lists, 1);
     layout->addWidget(new QLabel(u"统计（当前列，或选中的几行）"_s));
     layout->addWidget(StatusGrd_);
-    const int rows = StatusGrd_->table().rows();
-    StatusGrd_->setFixedHeight(rows * (StatusGrd_->fontMetrics().height() + 8) + 14);
+    StatusGrd_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    StatusGrd_->setFixedHeight(StatusGrd_->horizontalHeader()->sizeHint().height() +
+                               StatusGrd_->verticalHeader()->length() +
+                               2 * StatusGrd_->frameWidth());
     return page;
 }
 
@@ -195,6 +202,7 @@ QWidget* CmnGrd::makeSettingsPage() {
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(new QLabel(u"长度单位：厘米，字号单位：磅"_s));
     layout->addWidget(settings_);
+    layout->addWidget(pageTexts_);
     layout->addStretch(1);
     return page;
 }
@@ -213,6 +221,7 @@ void CmnGrd::makeShortcuts() {
 
 void CmnGrd::setTask(GridTask task) {
     task_ = task;
+    setCommandEnabled(u"CmdStop", task == GridTask::Wait);
     if (task == GridTask::Wait) {
         pages_->setCurrentWidget(busy_);
         showWalk(0, 0);
@@ -336,16 +345,24 @@ void CmnGrd::GrdView_Sorted(const QList<int>& cameFrom) {
 
 // --- statistics ---
 
-// A block of several rows, else the whole column; whole rows count by their current column.
+// A block of several rows, else the whole column; whole rows count by their current column. The row of
+// sums at the end doesn't count.
 CellBlock CmnGrd::selectedBlock() const {
     const QItemSelection selection = GrdView_->selectionModel()->selection();
     const int column = std::max(0, GrdView_->currentColumn());
+    CellBlock block = ColumnBlock(GrdView_->table(), column);
+    if (HasTotalRow(Grd_))
+        --block.lastRow;
     if (selection.size() != 1 || selection.first().height() < 2)
-        return ColumnBlock(GrdView_->table(), column);
+        return block;
     const QItemSelectionRange& range = selection.first();
-    if (range.width() == GrdView_->table().cols())
-        return {range.top() + 1, range.bottom() + 1, column, column};
-    return {range.top() + 1, range.bottom() + 1, range.left(), range.right()};
+    block.firstRow = range.top() + 1;
+    block.lastRow = std::min(block.lastRow, range.bottom() + 1);
+    if (range.width() < GrdView_->table().cols()) {
+        block.firstColumn = range.left();
+        block.lastColumn = range.right();
+    }
+    return block;
 }
 
 void CmnGrd::showStatistics() {
@@ -392,7 +409,6 @@ void CmnGrd::CmdStop_Click() {
 
 ListPrintSettings CmnGrd::printSettings() const {
     const auto number = [this](QStringView box) { return LeadingNumber(settings_->text(box)); };
-    const auto isOn = [this](QStringView box) { return settings_->text(box) == u"1"; };
     ListPrintSettings set;
     set.paperWidth = number(u"wd");
     set.paperHeight = number(u"ht");
@@ -400,15 +416,15 @@ ListPrintSettings CmnGrd::printSettings() const {
     set.right = number(u"rm");
     set.top = number(u"tm");
     set.bottom = number(u"bm");
-    set.titleFont = {settings_->text(u"font3"), number(u"fsiz3"), isOn(u"fbld")};
+    set.titleFont = {settings_->text(u"font3"), number(u"fsiz3"), settings_->text(u"fbld") == u"1"};
     set.titleGap = number(u"Bgap");
     set.table.headFont = {settings_->text(u"font1"), number(u"fsiz1"), false};
     set.table.headLineWidth = number(u"lw1");
     set.table.bodyFont = {settings_->text(u"font2"), number(u"fsiz2"), false};
     set.table.bodyLineWidth = number(u"lw2");
-    set.table.fitFont = isOn(u"AutoAdj");
-    set.head = settings_->text(u"ym");
-    set.foot = settings_->text(u"yj");
+    set.table.fitFont = pageTexts_->text(u"AutoAdj") == u"1";
+    set.head = pageTexts_->text(u"ym");
+    set.foot = pageTexts_->text(u"yj");
     set.table.alignments = {kMarks.front().toString()};
     for (const int column : shownColumns())
         set.table.alignments.append(alignmentMark(column));
@@ -417,11 +433,13 @@ ListPrintSettings CmnGrd::printSettings() const {
 
 void CmnGrd::Print_cmd_Click() {
     const TextTable list = GrdView_->table(); // as it stands now, whatever is done to it meanwhile
+    setCommandEnabled(u"CmdStop", true);
     PrintList(list, heading_->text(u"bt"), printSettings(),
               [this](int rows, int allRows, int page) {
                   progress(rows, allRows, u"%1/%2, 第%3页"_s.arg(rows).arg(allRows).arg(page));
                   return stillOpen();
               });
+    setCommandEnabled(u"CmdStop", false);
 }
 
 void CmnGrd::FileSave_Click() {

@@ -99,7 +99,8 @@ private:
     GridView* StatusGrd_;
     FieldForm* heading_;  // bt, SepFlg
     FieldForm* settings_; // the print settings
-    QLabel* busy_;        // takes the list's place during a walk
+    FieldForm* pageTexts_;
+    QLabel* busy_; // takes the list's place during a walk
 
     CellBlock shownBlock_;
     QPointer<Screen> asker_;

@@ -15,9 +15,9 @@ namespace hotel {
 namespace {
 
 const QList<FormField> kKeywords = {
-    {u"", u"BxTj", u"必须含有", Editor::CategoryText, {}, 46},
-    {u"", u"RxTj", u"任意含有", Editor::CategoryText, {}, 46},
-    {u"", u"PcTj", u"不能含有", Editor::CategoryText, {}, 46},
+    {u"", u"BxTj", u"必须含有", Editor::CategoryText, {}, 76},
+    {u"", u"RxTj", u"任意含有", Editor::CategoryText, {}, 76},
+    {u"", u"PcTj", u"不能含有", Editor::CategoryText, {}, 76},
 };
 
 const QList<FormField> kDates = {

@@ -1,5 +1,6 @@
 #include "tools/CmnSubQuery.h"
 
+#include <QComboBox>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
@@ -50,6 +51,7 @@ CmnSubQuery::CmnSubQuery(const QString& caption, const QStringList& parts,
         {u"Clear_cmd"_s, u"清除条件"_s, [this] { Clear_cmd_Click(); }, Qt::Key_F4},
         {u"ExitCmd"_s, u"关闭"_s, [this] { close(); }, {}, CommandKind::Plain, u"end"_s},
     });
+    enterOpens(choice_->editor<QComboBox>(u"FlmcQd"));
     on(choice_, &FieldForm::edited, [this] { FlmcQd_Click(); });
     if (parts.size() == 1) {
         choice_->setText(u"FlmcQd", parts.first());

@@ -65,9 +65,10 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
         if (column < kFirstColumn)
             FlxxQd->setCurrent(row, kFirstColumn);
     });
+    // The timer alone would refuse a save that is pressed right behind the last letter.
     on(FlxxQd, &GridView::cellEdited, [this] { Timer1_Timer(); });
     every(kTimerMilliseconds, [this] { Timer1_Timer(); });
-    resize(900, 640);
+    resize(960, 640);
 }
 
 void FlmcFrm::load(const QVariant&) {

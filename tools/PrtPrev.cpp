@@ -226,7 +226,8 @@ bool PrtPrev::closing() {
 
 // A page that fits the window goes on fitting it.
 bool PrtPrev::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize && LeadingNumber(zVal->currentText()) <= 0)
+    const bool fits = LeadingNumber(zVal->currentText()) <= 0;
+    if (event->type() == QEvent::Resize && fits && !job_.paper.isEmpty())
         ShowZoom();
     return Screen::eventFilter(watched, event);
 }

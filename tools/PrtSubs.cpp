@@ -70,8 +70,8 @@ void AddCorners(double x1, double y1, double x2, double y2) {
     AddScriptLine(ScriptLength(job.top, y2));
 }
 
-void AddDirective(QStringView directive, const QString& argument) {
-    AddScriptLine(directive.toString());
+void AddDirective(QStringView directive, QStringView argument) {
+    AddScriptLine(directive);
     AddScriptLine(argument);
 }
 
@@ -104,7 +104,7 @@ void AddText(double x, double y, const QString& text, const PrintFont& font) {
     }
     AddDirective(script::kFontName, font.name);
     AddDirective(script::kFontSize, QString::number(font.size));
-    AddDirective(script::kFontBold, font.bold ? u"1"_s : u"0"_s);
+    AddDirective(script::kFontBold, font.bold ? u"1" : u"0");
     AddDirective(script::kY, ScriptLength(Job().top, y));
     AddDirective(script::kX, ScriptLength(Job().left, x));
     AddDirective(script::kText, text);
@@ -185,7 +185,7 @@ void PreviewClosed(const FinishedPrintJob& job) {
         DeleteScripts();
 }
 
-void AddScriptLine(const QString& text) {
+void AddScriptLine(QStringView text) {
     Job().script.add(text);
 }
 
@@ -198,7 +198,7 @@ double PrintableHeightCm() {
 }
 
 void StartPage(const QString& head) {
-    AddScriptLine(script::kStartPage.toString());
+    AddScriptLine(script::kStartPage);
     if (!head.isEmpty())
         PrintHead(head);
 }
@@ -206,8 +206,8 @@ void StartPage(const QString& head) {
 void EndPage(const QString& foot) {
     if (!foot.isEmpty())
         PrintFoot(foot);
-    AddScriptLine(script::kBufferFresh.toString());
-    AddScriptLine(script::kEndPage.toString());
+    AddScriptLine(script::kBufferFresh);
+    AddScriptLine(script::kEndPage);
 }
 
 void PrintTextLeft(double x, double y, const QString& text, const PrintFont& font, double width) {
@@ -266,13 +266,13 @@ void PrintTextVertical(double x, double y, const QString& text, const PrintFont&
 }
 
 void PrintBox(double x1, double y1, double x2, double y2, double lineWidth) {
-    AddDirective(script::kFill, u"1"_s);
-    AddDirective(script::kColour, u"0"_s);
+    AddDirective(script::kFill, u"1");
+    AddDirective(script::kColour, u"0");
     AddLineWidth(lineWidth);
-    AddScriptLine(script::kBox.toString());
+    AddScriptLine(script::kBox);
     AddCorners(x1, y1, x2, y2);
-    AddScriptLine(u"0"_s);
-    AddScriptLine(u"B"_s);
+    AddScriptLine(u"0");
+    AddScriptLine(u"B");
 }
 
 void PrintFrame(double x1, double y1, double x2, double y2, double lineWidth) {
@@ -281,16 +281,16 @@ void PrintFrame(double x1, double y1, double x2, double y2, double lineWidth) {
 }
 
 void PrintFilledBox(double x1, double y1, double x2, double y2, int colour) {
-    AddScriptLine(script::kBox.toString());
+    AddScriptLine(script::kBox);
     AddCorners(x1, y1, x2, y2);
     AddScriptLine(QString::number(colour));
-    AddScriptLine(u"BF"_s);
+    AddScriptLine(u"BF");
 }
 
 void PrintLine(double x1, double y1, double x2, double y2, double lineWidth, int colour) {
     AddLineWidth(lineWidth);
     AddDirective(script::kColour, QString::number(colour));
-    AddScriptLine(script::kLine.toString());
+    AddScriptLine(script::kLine);
     AddCorners(x1, y1, x2, y2);
 }
 

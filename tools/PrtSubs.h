@@ -56,7 +56,7 @@ FinishedPrintJob ReadPrintJob();
 void PreviewClosed(const FinishedPrintJob& job);
 
 // Writes one line of the script; for what the operations below don't offer, a picture for instance.
-void AddScriptLine(const QString& text);
+void AddScriptLine(QStringView text);
 
 // Width and height of the paper between the margins.
 double PrintableWidthCm();

@@ -70,7 +70,7 @@ void ConditionForm::makeConditionFrame() {
     layout->addWidget(CondGrd_, 1);
 
     for (const QStringView list : {u"Rlt", u"Fld", u"Cnd"})
-        onEnter(row_->editor(list), [this, list] { openOrMoveOn(list); });
+        enterOpens(row_->editor<QComboBox>(list));
     onEnter(row_->editor(u"Vl"), [this] { Add_cmd_Click(); });
     on(CondGrd_, &GridView::rowDoubleClicked, [this](int row, int) { CondGrd_DblClick(row); });
     auto* del = new QShortcut(Qt::Key_Delete, CondGrd_, nullptr, nullptr, Qt::WidgetShortcut);
@@ -116,12 +116,13 @@ void ConditionForm::showEnabling() {
                       !condition.object.isEmpty() && (noTarget || IsComplete(condition)));
 }
 
-void ConditionForm::openOrMoveOn(QStringView control) {
-    auto* list = row_->editor<QComboBox>(control);
-    if (list->currentText().isEmpty())
-        list->showPopup();
-    else
-        moveOn();
+void ConditionForm::enterOpens(QComboBox* list) {
+    onEnter(list, [this, list] {
+        if (list->currentText().isEmpty())
+            list->showPopup();
+        else
+            moveOn();
+    });
 }
 
 // --- adding and taking out ---

@@ -9,6 +9,7 @@
 #include "record/conditions.h"
 #include "screen/screen.h"
 
+class QComboBox;
 class QGroupBox;
 
 namespace hotel {
@@ -36,6 +37,9 @@ protected:
     QList<Condition> conditions() const;
     void clearConditions();
 
+    // Enter in this list moves on, or opens it where nothing is chosen.
+    void enterOpens(QComboBox* list);
+
     // Where composing begins.
     void focusOnField();
 
@@ -49,7 +53,6 @@ private:
     void makeConditionFrame();
     void Add_cmd_Click();
     void CondGrd_DblClick(int row);
-    void openOrMoveOn(QStringView control);
     void normaliseTarget();
     void rememberTarget();
     bool place(const Condition& condition);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "record/numbers.h"
 
@@ -212,29 +213,34 @@ void Draw(const ScriptWalk& walk, const ScriptState& state, PrintPage& page) {
 bool ScriptWriter::start(const QString& fileName) {
     fileName_ = fileName;
     waiting_.clear();
+    linesWaiting_ = 0;
     QFile file(fileName_);
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
 }
 
-void ScriptWriter::add(const QString& line) {
+void ScriptWriter::add(QStringView line) {
     if (line == script::kBufferFresh) {
         flush();
         return;
     }
-    QString oneLine = line;
-    oneLine.replace(kCrLf, " "_L1).replace(u'\r', u' ').replace(u'\n', u' ');
-    waiting_.append(oneLine);
-    if (waiting_.size() > kLinesWaiting)
+    const QByteArray bytes = line.toUtf8();
+    if (bytes.contains('\n') || bytes.contains('\r'))
+        waiting_ += QByteArray(bytes).replace("\r\n", " ").replace('\n', ' ').replace('\r', ' ');
+    else
+        waiting_ += bytes;
+    waiting_ += "\r\n";
+    if (++linesWaiting_ > kLinesWaiting)
         flush();
 }
 
 bool ScriptWriter::flush() {
-    if (waiting_.isEmpty())
+    if (linesWaiting_ == 0)
         return true;
-    const QByteArray lines = (waiting_.join(kCrLf) + kCrLf).toUtf8();
-    waiting_.clear();
+    const QByteArray lines = std::exchange(waiting_, {});
+    linesWaiting_ = 0;
     QFile file(fileName_);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(lines) == lines.size();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) &&
+           file.write(lines) == lines.size();
 }
 
 PrintScript PrintScript::FromFile(const QString& fileName) {

@@ -41,7 +41,7 @@
 #include <QFile>
 #include <QList>
 #include <QString>
-#include <QStringList>
+#include <QStringView>
 #include <functional>
 #include <memory>
 
@@ -83,7 +83,7 @@ public:
     bool start(const QString& fileName);
 
     // A line break inside `line` is written as a blank: a text must not turn into directives.
-    void add(const QString& line);
+    void add(QStringView line);
 
     // False when the file couldn't take the waiting lines; they are gone then.
     bool flush();
@@ -92,7 +92,8 @@ public:
 
 private:
     QString fileName_;
-    QStringList waiting_;
+    QByteArray waiting_; // as it will stand in the file
+    int linesWaiting_ = 0;
 };
 
 // What the lines of a script have set so far.

@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
         TourOfLogin(tour);
         TourOfRooms(tour);
         TourOfCategories(tour);
+        TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);
     } catch (const TourFailure& failure) {
         std::fprintf(stderr, "tour: %s\n", failure.what());

@@ -49,26 +49,11 @@ void TypeRoom(Tour& tour, Screen& rooms, const QStringList& values) {
     tour.choose(rooms, u"Fjlx"_s, values.last());
 }
 
-void AddRooms(Tour& tour, Screen& rooms) {
-    const QList<QStringList> kRooms = {
-        {u"8101"_s, u"1"_s, u"2"_s, u"8101"_s, u"A0101"_s, u"临街"_s, u"标准双床房"_s},
-        {u"8102"_s, u"1"_s, u"1"_s, u"8102"_s, u"A0102"_s, {}, u"标准大床房"_s},
-        {u"8201"_s, u"2"_s, u"3"_s, u"8201"_s, u"A0201"_s, {}, u"三人房"_s},
-    };
-    for (const QStringList& room : kRooms) {
-        TypeRoom(tour, rooms, room);
-        tour.press(rooms, u"CmdAdd"_s);
-    }
-}
-
 void TourOfRoomSet(Tour& tour) {
     tour.press(tour.mainWindow(), u"Jlbg_cmd"_s);
     tour.press(tour.mainWindow(), u"Kfcs_cmd"_s);
     Screen& rooms = Opened(tour, u"RoomSet"_s);
     GridView& list = Grid(rooms, u"KfQd"_s);
-    if (list.table().dataRows() == 0)
-        AddRooms(tour, rooms);
-
     const int before = list.table().dataRows();
     const QTemporaryDir folder;
     TypeRoom(tour, rooms,
@@ -100,16 +85,16 @@ void TourOfRates(Tour& tour) {
 }
 
 void TourOfRoomGuests(Tour& tour) {
-    SaveRmRec(u"8101", u"<客人01><客人姓名>陈志远</客人姓名><年龄>41</年龄><性别>男</性别>"
+    SaveRmRec(u"8201", u"<客人01><客人姓名>陈志远</客人姓名><年龄>41</年龄><性别>男</性别>"
                        "<证件号码>510102196501152316</证件号码><证件种类>身份证</证件种类>"
                        "<户口所在地>四川省成都市</户口所在地><入住时间>14:05</入住时间>"
                        "<入住日期>2026-03-05</入住日期><预计离店>2026-03-07</预计离店>"
                        "<结账号>260305140512</结账号><房态>包房</房态></客人01>");
-    OpenScreen(u"KfxxFrm", u"8101"_s);
+    OpenScreen(u"KfxxFrm", u"8201"_s);
     Screen& guests = Opened(tour, u"KfxxFrm"_s);
     tour.picture(guests, u"客房住客信息"_s);
     guests.close();
-    SaveRmRec(u"8101", {});
+    SaveRmRec(u"8201", {});
 }
 
 void TourOfParameters(Tour& tour) {

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "record/literals.h"
+#include "screen/open_screen.h"
 #include "screen/picture.h"
 #include "shell/mainfrm.h"
 
@@ -18,6 +19,7 @@ namespace hotel {
 namespace {
 
 constexpr int kPatienceMilliseconds = 10000;
+constexpr int kLookMilliseconds = 50;
 
 template<class Widget>
 Widget* Find(QWidget& window, const QString& name) {
@@ -51,14 +53,16 @@ void Tour::logIn(const QString& user, const QString& password) {
 }
 
 void Tour::leave() {
-    press(mainWindow(), u"exit_cmd"_s);
-    waitFor([this] { return login().mainWindow() == nullptr; }, u"主窗口没有关闭"_s);
+    QTimer::singleShot(0, &login(), [this] { press(mainWindow(), u"exit_cmd"_s); });
+    QApplication::exec(); // until the exit has ended the program
+    expect(login().mainWindow() == nullptr, u"主窗口没有关闭"_s);
     workstation_.reset();
 }
 
 void Tour::press(QWidget& window, const QString& button) {
     auto* widget = Find<QPushButton>(window, button);
-    expect(widget->isEnabled(), button + u" 不能使用"_s);
+    // Many commands are enabled by a screen's timer, a moment after what allows them.
+    waitFor([widget] { return widget->isEnabled(); }, button + u" 不能使用"_s);
     widget->click();
 }
 
@@ -87,6 +91,28 @@ void Tour::picture(QWidget& window, const QString& name) {
     const QString number = QString::number(++pictures_).rightJustified(2, u'0');
     const QString path = folder_ + u'/' + number + u'-' + name + u".png"_s;
     expect(SavePicture(&window, path), u"不能写图片 "_s + path);
+}
+
+Screen& Tour::opened(const QString& name) {
+    Screen* screen = FindScreen(name);
+    expect(screen && screen->isVisible(), name + u" 没有打开"_s);
+    return *screen;
+}
+
+void Tour::answering(const QString& name, const std::function<void(Screen&)>& answer) {
+    auto* timer = new QTimer(&workstation_->login());
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, name, answer] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* screen = qobject_cast<Screen*>(window);
+            if (screen && screen->isVisible() && screen->objectName() == name) {
+                timer->stop();
+                timer->deleteLater();
+                answer(*screen);
+                return;
+            }
+        }
+    });
+    timer->start(kLookMilliseconds);
 }
 
 void Tour::waitFor(const std::function<bool()>& condition, const QString& words) {

@@ -44,6 +44,11 @@ public:
     void picture(QWidget& window, const QString& name);
 
     // Lets events run until the condition holds; fails with the words after ten seconds.
+    // The open screen of that name; fails when it isn't there.
+    Screen& opened(const QString& name);
+    // Has `answer` run as soon as a question of that name is on display; the step that follows asks it.
+    void answering(const QString& name, const std::function<void(Screen&)>& answer);
+
     void waitFor(const std::function<bool()>& condition, const QString& words);
     void expect(bool condition, const QString& words);
 
@@ -65,5 +70,6 @@ private:
 void TourOfLogin(Tour& tour);
 void TourOfRooms(Tour& tour);
 void TourOfCategories(Tour& tour);
+void TourOfInquiries(Tour& tour);
 
 } // namespace hotel

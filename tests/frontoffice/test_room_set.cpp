@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(hotel_->stored(RoomDatabaseFile(), u"客房基本信息"_s, u"103"_s),
                  u"<房间号>103</房间号>\r\n<楼层号>1</楼层号>\r\n<床位数>3</床位数>\r\n"
                  "<客房类型>三人房</客房类型>\r\n<电话号码>8103</电话号码>\r\n"
-                 "<网络端口>A3</网络端口>\r\n"_s);
+                 "<网络端口>A3</网络端口>"_s);
         QCOMPARE(list_->currentRow(), 4);
         QCOMPARE(list_->table().text(4, u"序号"), u"4"_s);
         QCOMPARE(list_->table().text(4, u"电话号码"), u"8103"_s);
@@ -254,7 +254,7 @@ private Q_SLOTS:
         press(u"CmdFile"); // cancelled
         QCOMPARE(told(), u"保存文件提示: 本查询结果的存放文件名："_s);
         QCOMPARE(logged(), u": "_s);
-        messages_->answerNext(folder_.filePath(u"none/rooms.txt"_s));
+        messages_->answerNext(folder_.path()); // a folder
         press(u"CmdFile");
         QCOMPARE(told(), u"错误: 文件无法生成!"_s);
 

@@ -55,20 +55,23 @@ private:
         });
     }
 
-    void takeRequest(const QByteArray& bytes) {
-        if (atRequestStart_ && !mayPass(bytes)) {
-            listener_.close();
-            far_->abort();
-            near_->abort();
-            return;
+    void takeRequest(QByteArray bytes) {
+        if (atRequestStart_) {
+            ++line_.requests_;
+            const int write = IsWrite(bytes) ? ++line_.writes_ : -1;
+            if (write == line_.cutBefore_)
+                return cut();
+            if (write == line_.spoilt_)
+                bytes.replace(EncodeForWire(u"<命令>"), EncodeForWire(u"<命令>不"));
         }
         atRequestStart_ = false;
         far_->write(bytes);
     }
 
-    bool mayPass(const QByteArray& request) {
-        ++line_.requests_;
-        return !IsWrite(request) || ++line_.writes_ != line_.cutBefore_;
+    void cut() {
+        listener_.close();
+        far_->abort();
+        near_->abort();
     }
 
     CutLine& line_;
@@ -100,6 +103,7 @@ void CutLine::reset() {
     requests_ = 0;
     writes_ = 0;
     cutBefore_ = 0;
+    spoilt_ = 0;
 }
 
 } // namespace hotel

@@ -1,7 +1,8 @@
 #pragma once
 
 // A line between a workstation and its server that counts what goes over it and can be cut: ahead of
-// the n-th write the connection is dropped, and from then on nobody answers. Runs in a thread of its
+// the n-th write the connection is dropped, and from then on nobody answers; or one write is made
+// unreadable. Runs in a thread of its
 // own.
 
 #include <QString>
@@ -22,6 +23,8 @@ public:
 
     // Cuts ahead of this write, counted from 1 and from the last reset.
     void cutBeforeWrite(int n) { cutBefore_ = n; }
+    // Has this write, counted likewise, refused by the server.
+    void spoilWrite(int n) { spoilt_ = n; }
 
     // Requests and, of these, writes since the last reset.
     int requests() const { return requests_; }
@@ -34,6 +37,7 @@ private:
     std::atomic<int> requests_ = 0;
     std::atomic<int> writes_ = 0;
     std::atomic<int> cutBefore_ = 0;
+    std::atomic<int> spoilt_ = 0;
     quint16 port_ = 0;
     std::unique_ptr<QThread> thread_;
 };

@@ -111,17 +111,17 @@ private Q_SLOTS:
 
     void groupOfTwelveOnOneFolio() {
         TestHotel hotel;
-        QList<RoomSpec> specs;
+        QList<RoomSpec> planned;
         QList<ChosenRoom> rooms;
         QStringList guests;
         for (int i = 1; i <= 6; ++i) {
-            specs.append({QString::number(200 + i)});
-            rooms.append(Chosen(specs.last()));
+            planned.append({QString::number(200 + i)});
+            rooms.append(Chosen(planned.last()));
         }
         for (int i = 1; i <= 12; ++i)
             guests.append(ValidGuest(u"团员%1"_s.arg(i), kFolio, u"团队"_s,
                                      i == 1 ? u"<付费客人>1</付费客人>"_s : QString()));
-        FillRooms(specs);
+        FillRooms(planned);
         const CheckInOutcome outcome = Sell(rooms, guests, 2);
         QVERIFY(outcome.confirmed);
         QCOMPARE(outcome.roomsWithGuests.size(), 6);
@@ -363,15 +363,15 @@ private Q_SLOTS:
         Desk desk(line.port());
         desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
         const auto commands = [&line](int count) {
-            QList<RoomSpec> specs;
+            QList<RoomSpec> planned;
             QList<ChosenRoom> rooms;
             QStringList guests;
             for (int i = 0; i < count; ++i) {
-                specs.append({QString::number(100 + i)});
-                rooms.append(Chosen(specs.last()));
+                planned.append({QString::number(100 + i)});
+                rooms.append(Chosen(planned.last()));
                 guests.append(ValidGuest(u"客人"_s, kFolio, u"团队"_s));
             }
-            FillRooms(specs);
+            FillRooms(planned);
             line.reset();
             Sell(rooms, guests);
             return line.requests();

@@ -9,6 +9,7 @@
 #include "record/numbers.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
+#include "tests/house/cut_line.h"
 #include "tests/house/small_house.h"
 
 #include <QTest>
@@ -132,6 +133,19 @@ private Q_SLOTS:
             QCOMPARE(StoredRecords(LedgerFile(kFolio), project).size(), 1);
             QCOMPARE(StoredRecords(JournalFile(project, kToday), project).size(), 1);
         }
+    }
+
+    void aRefusedWriteIsTriedOnceMore() {
+        TestHotel hotel;
+        CutLine line(hotel.port());
+        Desk desk(line.port());
+        desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        line.reset();
+        line.spoilWrite(2); // behind the making of the project
+        QCOMPARE(SaveBills(kFolio, kRoomPosting, Charge(u"18.00"_s)).status, 0);
+        QCOMPARE(line.writes(), 5);
+        const QString project = PostingProject(kRoomPosting);
+        QCOMPARE(StoredRecords(LedgerFile(kFolio), project).size(), 1);
     }
 
     void aFailedPostingTells() {

@@ -82,4 +82,18 @@ struct FrozenClock {
     ~FrozenClock();
 };
 
+// Tells whether a wait went on to its real end of 30 seconds although the clock or the link should have
+// ended it at once.
+class LongWait {
+public:
+    LongWait() {
+        QTimer::singleShot(20000, &context_, [this] { happened_ = true; });
+    }
+    bool happened() const { return happened_; }
+
+private:
+    QObject context_;
+    bool happened_ = false;
+};
+
 } // namespace hotel

@@ -78,7 +78,9 @@ private Q_SLOTS:
         const QString port = desk.peer.port();
         QCOMPARE(desk.link.ConnectServer(u"127.0.0.1"_s, u"6801"_s, u"127.0.0.1"_s, port), -1);
         QVERIFY(!desk.link.isUp());
+        const LongWait longWait;
         QCOMPARE(desk.ask(), kTimeOut);
+        QVERIFY(!longWait.happened());
         QCOMPARE(desk.messages, QStringList{u"无法访问: 连接断开，请重新尝试连接！"_s});
         QVERIFY(desk.open()); // and nothing of it hinders the next connection
     }
@@ -101,6 +103,38 @@ private Q_SLOTS:
         QCOMPARE(desk.ask(), u"<当前时间>10:00:00</当前时间>"_s);
         QCOMPARE(desk.peer.numbers, QList<int>{0}); // what was never sent took no number
         QCOMPARE(desk.messages, QStringList{});
+    }
+
+    // A server so busy that it leaves attempts in the air.
+    void attemptThatIsNotDecided() {
+        ScriptedDesk desk;
+        QTcpServer busy;
+        busy.setListenBacklogSize(0);
+        QVERIFY(busy.listen(QHostAddress::LocalHost));
+        busy.pauseAccepting();
+        std::array<QTcpSocket, 4> others;
+        for (QTcpSocket& other : others)
+            other.connectToHost(QHostAddress::LocalHost, busy.serverPort());
+        QTRY_COMPARE(others[0].state(), QAbstractSocket::ConnectedState);
+        QTRY_VERIFY(others[3].state() == QAbstractSocket::ConnectingState);
+
+        desk.link.Port = QString::number(busy.serverPort());
+        QCOMPARE(desk.ask(), kNoServer);
+        QCOMPARE(desk.link.linkState(), u"0"_s);
+        QVERIFY(desk.link.lastLogLine().endsWith(u"开始关闭连接"));
+    }
+
+    // The machine is busy while the connection comes to stand: not a reason to give it up.
+    void attemptThatIsSeenLate() {
+        ScriptedDesk desk;
+        desk.peer.answerAll(u"a"_s);
+        desk.link.Port = desk.peer.port();
+        connect(&desk.link, &Wck_comm::linkStateChanged, this, [this, &desk] {
+            if (desk.link.linkState() == u"-1")
+                QTimer::singleShot(0, this, [] { QThread::msleep(250); });
+        });
+        QCOMPARE(desk.ask(), u"a"_s);
+        QVERIFY(!desk.link.logLines().join(u'\n').contains(u"开始关闭连接"));
     }
 
     void serverGoesAwayAndComesBack() {

@@ -91,7 +91,9 @@ private Q_SLOTS:
             Clock::Advance(passes);
             return arrives.isEmpty() ? Pieces{} : Pieces{arrives};
         };
+        const LongWait longWait;
         QTEST(desk.ask(), "answer");
+        QVERIFY(!longWait.happened());
         QCOMPARE(desk.link.linkState(), u"1"_s);
     }
 
@@ -160,13 +162,15 @@ private Q_SLOTS:
             QTimer::singleShot(100, [&desk] { desk.peer.drop(); });
             return Pieces{ScriptedPeer::Frame(number, u"half"_s).first(13)};
         };
+        const LongWait longWait;
         QCOMPARE(desk.ask(), kTimeOut);
+        QVERIFY(!longWait.happened());
         QCOMPARE(desk.link.linkState(), u"0"_s);
 
         // The half must not join with what the same number brings on the next connection.
         desk.peer.script = [](const QString&, int number) {
-            return Pieces{ScriptedPeer::Frame(0, u"whole"_s) +
-                          ScriptedPeer::Frame(number, u"own"_s)};
+            return Pieces{ScriptedPeer::Frame(number, u"own"_s) +
+                          ScriptedPeer::Frame(0, u"whole"_s)};
         };
         QCOMPARE(desk.ask(), u"own"_s);
     }
@@ -197,7 +201,9 @@ private Q_SLOTS:
             });
             return Pieces{};
         };
+        const LongWait longWait;
         QCOMPARE(desk.ask(), kTimeOut);
+        QVERIFY(!longWait.happened());
         QCOMPARE(nested, u"nested"_s);
         QVERIFY(desk.link.isUp());
     }

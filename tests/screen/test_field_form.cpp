@@ -11,8 +11,8 @@
 #include "example_screen.h"
 #include "record/literals.h"
 #include "record/record_text.h"
-#include "type_text.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

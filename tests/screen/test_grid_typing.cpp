@@ -9,8 +9,8 @@
 #include "record/literals.h"
 #include "record/numbers.h"
 #include "screen/grid_view.h"
-#include "type_text.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

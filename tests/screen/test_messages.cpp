@@ -13,8 +13,8 @@
 #include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/wait_frm.h"
-#include "type_text.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

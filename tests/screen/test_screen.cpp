@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -168,6 +169,18 @@ private Q_SLOTS:
         QTRY_VERIFY(screen_->ticks > after);
     }
 
+    void theFirstFieldHasTheFocus() { QCOMPARE(focus()->objectName(), u"Krxm"_s); }
+
+    void progressStaysFromTickToTickAndGoesWithAWalk() {
+        auto* bar = screen_->findChild<QProgressBar*>();
+        screen_->progress(1, 10);
+        const int ticks = screen_->ticks;
+        QTRY_VERIFY(screen_->ticks > ticks);
+        QVERIFY(bar->isVisible());
+        screen_->run([this] { screen_->stillOpen(); });
+        QVERIFY(!bar->isVisible());
+    }
+
     void enterMovesThroughTheFieldsToTheDefaultCommand() {
         screen_->form->editor(u"Krxm")->setFocus();
         screen_->form->setReadOnly(u"Zjhm", true);
@@ -219,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(screen_->width() < 800); // less than the commands take in one row
         QCoreApplication::processEvents();
         for (const auto* each : screen_->findChildren<QPushButton*>())
-            QVERIFY2(each->geometry().right() < each->parentWidget()->width(),
+            QVERIFY2(each->parentWidget()->rect().contains(each->geometry()),
                      qPrintable(each->objectName()));
     }
 };

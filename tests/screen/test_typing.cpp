@@ -6,8 +6,8 @@
 #include "record/literals.h"
 #include "screen/date_text.h"
 #include "screen/key_filter.h"
-#include "type_text.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 

@@ -85,12 +85,34 @@ private Q_SLOTS:
         QVERIFY(told[0].whole > 0);
     }
 
+    // Asked to end, the server does: with what was sent done, and nothing but the store left behind.
+    void askedToEnd() {
+        QTemporaryDir folder;
+        WriteTestUsers(folder.path());
+        QProcess process;
+        WireClient client(Start(process, folder.path()));
+        client.logIn(u"前台"_s, u""_s, QDate::currentDate());
+        client.send(u"创建数据库"_s, {{u"库文件名"_s, kFile.name}});
+        process.terminate();
+        QCOMPARE(client.receive(), u"<SUCCESS>"_s);
+        QVERIFY(process.waitForFinished(60'000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
+                 (QStringList{u"lock"_s, u"store.db"_s}));
+    }
+
 private:
+    // Starts the program over the store; gives its port.
+    static quint16 Start(QProcess& process, const QString& folder) {
+        process.start(QStringLiteral(QVRD), {u"--data"_s, folder, u"--port"_s, u"0"_s});
+        process.waitForReadyRead(60'000);
+        return quint16(process.readLine().trimmed().split(':').last().toUInt());
+    }
+
     static void serveAndKill(const QString& folder, std::vector<Told>& told, int milliseconds) {
         QProcess process;
-        process.start(QStringLiteral(QVRD), {u"--data"_s, folder, u"--port"_s, u"0"_s});
-        QVERIFY(process.waitForReadyRead(60'000));
-        const quint16 port = quint16(process.readLine().trimmed().split(':').last().toUInt());
+        const quint16 port = Start(process, folder);
         std::vector<std::thread> writers;
         for (int writer = 0; writer < kWriters; ++writer)
             writers.emplace_back(WriteUntilTheEnd, port, writer, std::ref(told[writer]));

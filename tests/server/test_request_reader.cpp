@@ -130,6 +130,17 @@ private Q_SLOTS:
             QVERIFY(!reader.next());
     }
 
+    // Would take hours if every tag looked for its closing one.
+    void manyTagsThatAreNeverClosed() {
+        QString tags = u"<命令>读取时间</命令>"_s;
+        while (tags.size() < 8'000'000)
+            tags += u"<%1>"_s.arg(tags.size());
+        QCOMPARE(Request("001", tags).command(), u"读取时间");
+        QCOMPARE(Request("001", u'<' + QString(4'000'000, u'a') + u"><" + QString(4'000'000, u'a'))
+                     .command(),
+                 u"");
+    }
+
     void randomBytesAreHarmless() {
         QRandomGenerator random(6801);
         const QByteArray request = RequestBytes(u"修改记录"_s, {{u"记录值"_s, u"<值>1</值>"_s}}, 3);

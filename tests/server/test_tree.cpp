@@ -118,10 +118,13 @@ private Q_SLOTS:
     void exportTellsWhatWouldChange_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("value");
-        QTest::newRow("a lone LF") << u"1"_s << u"a\nb"_s;
-        QTest::newRow("a lone CR ahead of a line end") << u"1"_s << u"a\r\r\nb\n"_s;
-        QTest::newRow("its own closing tag") << u"1"_s << u"a</1>b"_s;
-        QTest::newRow("a name that is trimmed") << u"\u00a01"_s << u""_s;
+        QTest::addColumn<bool>("changes");
+        QTest::newRow("line ends") << u"1"_s << u"<a>1</a>\r\n<b>2</b>\r\n"_s << false;
+        QTest::newRow("a lone CR") << u"1"_s << u"a\rb"_s << false;
+        QTest::newRow("a lone LF") << u"1"_s << u"a\nb"_s << true;
+        QTest::newRow("a CR ahead of a line end") << u"1"_s << u"a\r\r\nb"_s << true;
+        QTest::newRow("its own closing tag") << u"1"_s << u"a</1>b"_s << true;
+        QTest::newRow("a name that is trimmed") << u" 1"_s << u""_s << true;
     }
     void exportTellsWhatWouldChange() {
         QFETCH(QString, name);
@@ -130,11 +133,7 @@ private Q_SLOTS:
         store_->write(Path(u"a.qvr"), u"p"_s, u"0"_s, u"good"_s);
         store_->write(Path(u"a.qvr"), u"p"_s, name, value);
         store_->commit();
-        const TreeReport report = ExportTree(*store_, folder_->filePath(u"out"_s));
-        const bool same = ImportTree(*store_, folder_->filePath(u"out"_s)).faults.isEmpty() &&
-                          store_->read(Path(u"a.qvr"), u"p"_s, name) == value &&
-                          !value.contains(u"</");
-        QCOMPARE(report.faults.isEmpty(), same);
+        QTEST(!ExportTree(*store_, folder_->filePath(u"out"_s)).faults.isEmpty(), "changes");
     }
 
     void exportTellsOfPlaces_data() {

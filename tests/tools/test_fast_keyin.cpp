@@ -4,7 +4,7 @@
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "tests/hotel_test.h"
-#include "tests/screen/type_text.h"
+#include "tests/type_text.h"
 #include "tools/fast_keyin.h"
 
 namespace hotel {
@@ -23,7 +23,7 @@ private Q_SLOTS:
     void cleanup() { form_.reset(); }
 
     void typedTextSelects() {
-        TypeText(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
+        QTest::keyClicks(form_->findChild<QLineEdit*>(u"key_in"_s), u"hx"_s);
         QCOMPARE(list_->currentRow(), 3);
         TypeText(form_->findChild<QLineEdit*>(u"Key_code"_s), u"人"_s);
         QCOMPARE(list_->currentRow(), 2);
@@ -31,10 +31,10 @@ private Q_SLOTS:
 
     // Typing in the list goes on where the field left off; what fits nothing leaves the selection.
     void typingInTheListGoesOn() {
-        TypeText(list_, u"hx"_s);
+        QTest::keyClicks(list_, u"hx"_s);
         QCOMPARE(form_->findChild<QLineEdit*>(u"key_in"_s)->text(), u"HX"_s);
         QCOMPARE(list_->currentRow(), 3);
-        TypeText(list_, u"9"_s);
+        QTest::keyClicks(list_, u"9"_s);
         QCOMPARE(list_->currentRow(), 3);
     }
 
@@ -53,7 +53,7 @@ private Q_SLOTS:
     }
 
     void escapeTakesNone() {
-        TypeText(list_, u"R"_s);
+        QTest::keyClicks(list_, u"R"_s);
         QTest::keyClick(list_, Qt::Key_Escape);
         QVERIFY(!form_->accepted());
         QCOMPARE(form_->chosen(), QString());

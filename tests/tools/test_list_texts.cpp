@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(recorder.entries().isEmpty());
         recorder.answerNext(u""_s);
         QVERIFY(!SaveListFile(Charges(), u"逗号,", {}));
-        recorder.answerNext(name + u"/below_a_file"_s);
+        recorder.answerNext(name + u"/a.txt"_s); // a file is no folder
         QVERIFY(!SaveListFile(Charges(), u"逗号,", {}));
         QCOMPARE(recorder.last(), u"文件无法生成!"_s);
     }

@@ -48,7 +48,7 @@ private:
             row = PrintGridPage(table, layout, row, 1);
             EndPage();
         }
-        AddScriptLine(script::kBufferFresh.toString());
+        AddScriptLine(script::kBufferFresh);
         complaints_ += messages.words();
         PrintScript script = ScriptOfJob();
         QList<PrintPage> result;

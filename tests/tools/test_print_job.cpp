@@ -22,8 +22,8 @@ class PrintJobTest : public QObject {
 
 private:
     QStringList itemsOfPage() {
-        AddScriptLine(script::kEndPage.toString());
-        AddScriptLine(script::kBufferFresh.toString());
+        AddScriptLine(script::kEndPage);
+        AddScriptLine(script::kBufferFresh);
         PrintScript script = ScriptOfJob();
         return ItemTexts(script.previewPage(1));
     }
@@ -38,7 +38,7 @@ private Q_SLOTS:
     void init() {
         OpenPrintJob(21, 28);
         SetPrintMargins(1, 1, 2, 2);
-        AddScriptLine(script::kStartPage.toString());
+        AddScriptLine(script::kStartPage);
     }
     void cleanup() {
         ClosePrintJob();
@@ -160,7 +160,7 @@ private Q_SLOTS:
         SetPrintMargins(1, 1, 2, 2);
         StartPage(u"某某宾馆,清单,甲"_s);
         EndPage(u"第1页"_s);
-        AddScriptLine(script::kBufferFresh.toString());
+        AddScriptLine(script::kBufferFresh);
         PrintScript script = ScriptOfJob();
         const QStringList items = ItemTexts(script.previewPage(1));
         // 8 points: 160 twips wide, 184 high; the margin ends at 1134, the gap is 56.7
@@ -177,7 +177,7 @@ private Q_SLOTS:
         OpenPrintJob(21, 28);
         StartPage();
         EndPage();
-        AddScriptLine(script::kBufferFresh.toString());
+        AddScriptLine(script::kBufferFresh);
         PrintScript script = ScriptOfJob();
         QCOMPARE(script.pageCount(), 1);
         QVERIFY(script.previewPage(1).isEmpty());
@@ -191,7 +191,7 @@ private Q_SLOTS:
         OpenPrintJob(21, 28);
         QVERIFY(!QFile::exists(u"_$$_OLD.TMP"_s));
         QCOMPARE(QFileInfo(u"_$$_TEMP.TMP"_s).size(), 0);
-        AddScriptLine(script::kBufferFresh.toString());
+        AddScriptLine(script::kBufferFresh);
         QCOMPARE(ScriptOfJob().pageCount(), 0);
         ClosePrintJob();
         QVERIFY(!QFile::exists(u"_$$_TEMP.TMP"_s));

@@ -1,0 +1,223 @@
+#include <QTest>
+
+#include "link/QVRapp.h"
+#include "record/literals.h"
+#include "record/record_text.h"
+#include "tests/hotel_test.h"
+#include "tests/link/scripted_peer.h"
+
+using namespace hotel;
+
+namespace {
+
+// A peer that answers reads from a few records, finds them all, and refuses as many writes as told.
+class FewRecords {
+public:
+    explicit FewRecords(ScriptedPeer& peer) {
+        peer.script = [this](const QString& request, int number) {
+            return ScriptedPeer::Pieces{ScriptedPeer::Frame(number, answer(request))};
+        };
+    }
+
+    QList<std::pair<QString, QString>> records;
+    int refusedWrites = 0;
+    int refusedDeletes = 0;
+    QStringList asked; // the commands, with the record where there is one
+
+    QString whole() const {
+        QStringList fields;
+        for (const auto& [name, value] : records)
+            fields.append(u"<%1>%2</%1>"_s.arg(name, value));
+        return fields.join(kCrLf);
+    }
+
+private:
+    QString answer(const QString& request) {
+        const QString command = GetTag(request, u"命令");
+        const QString name = GetTag(request, u"记录");
+        asked.append(name.isEmpty() ? command : command + u' ' + name);
+        if (command == u"检查数据库")
+            return u"<检查结果>1</检查结果>"_s;
+        if (command == u"字段查找")
+            return u"<记录清单>\r\n"_s + names() + u"</记录清单>\r\n"_s;
+        if (command == u"修改记录")
+            return refuse(refusedWrites);
+        if (command == u"删除记录")
+            return refuse(refusedDeletes);
+        if (!command.endsWith(u"读取记录"))
+            return u"<SUCCESS>"_s;
+        if (GetTag(request, u"项目名").isEmpty())
+            return records.isEmpty() ? u"<ERROR>没有该记录</ERROR>"_s
+                                     : u"<%1>%2</%1>"_s.arg(name, whole());
+        for (const auto& [record, value] : records)
+            if (record == name)
+                return u"<%1>%2</%1>"_s.arg(name, value);
+        return u"<ERROR>没有该记录</ERROR>"_s;
+    }
+
+    QString refuse(int& times) { return times-- > 0 ? u"<ERROR>忙</ERROR>"_s : u"<SUCCESS>"_s; }
+
+    QString names() const {
+        QString lines;
+        for (const auto& record : records)
+            lines += record.first + kCrLf;
+        return lines;
+    }
+};
+
+TextTable GuestList() {
+    return TextTable({u"记录号"_s, u"姓名"_s, u""_s, u"房态"_s});
+}
+
+} // namespace
+
+class TestQvrApp : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        desk_ = std::make_unique<ScriptedDesk>();
+        QVERIFY(desk_->open());
+        store_ = std::make_unique<FewRecords>(desk_->peer);
+    }
+    void cleanup() { desk_.reset(); }
+
+    void loads_data() {
+        QTest::addColumn<bool>("found");
+        QTest::newRow("a project") << false;
+        QTest::newRow("what is found") << true;
+    }
+    void loads() {
+        QFETCH(bool, found);
+        for (int n = 1; n <= 45; ++n)
+            store_->records.append({QString::number(n), u"<姓名>王%1</姓名>"_s.arg(n)});
+        store_->records[1].second.clear();
+        store_->records[2].second = u"<ERROR>坏<ERROR>"_s;
+        if (!found) // an <ERROR> anywhere makes the whole answer a failed read
+            store_->records[2].second.clear();
+        TextTable list = GuestList();
+        list.addRow();
+        QList<std::pair<int, bool>> steps;
+        const LoadProgress progress = [&](int rows, bool atEnd) {
+            steps.append({rows, atEnd});
+            return true;
+        };
+        const int loaded = found ? LoadFoundToGrid(u"f"_s, u"p"_s, u"c"_s, list, 0, progress)
+                                 : LoadProjectToGrid(u"f"_s, u"p"_s, list, 0, progress);
+        QCOMPARE(loaded, 43);
+        QCOMPARE(list.dataRows(), 43); // the blank row was filled
+        QCOMPARE(list.row(1), (QStringList{u"1"_s, u"王1"_s, u""_s, u""_s}));
+        QCOMPARE(list.text(2, 0), u"4"_s);
+        QCOMPARE(steps, (QList<std::pair<int, bool>>{{20, false}, {40, false}, {43, true}}));
+    }
+
+    void loadStops() {
+        for (int n = 1; n <= 45; ++n)
+            store_->records.append({QString::number(n), u"<姓名>王</姓名>"_s});
+        TextTable list = GuestList();
+        const auto stop = [](int, bool) { return false; };
+        QCOMPARE(LoadProjectToGrid(u"f"_s, u"p"_s, list, 0, stop), 20);
+        QCOMPARE(LoadFoundToGrid(u"f"_s, u"p"_s, u"c"_s, list, 0, stop), 20);
+        QCOMPARE(list.dataRows(), 40);
+    }
+
+    void failedReadLeavesTheList() {
+        TextTable list = GuestList();
+        list.addRow();
+        QCOMPARE(LoadProjectToGrid(u"f"_s, u"p"_s, list, 0), 0);
+        QCOMPARE(list.dataRows(), 1);
+    }
+
+    void loadEndsAtItsLimit() {
+        for (int n = 1; n <= kProjectLoadLimit + 1; ++n)
+            store_->records.append({QString::number(n), u"<a>1</a>"_s});
+        TextTable list({u"号"_s, u"a"_s});
+        QCOMPARE(LoadProjectToGrid(u"f"_s, u"p"_s, list, 0), kProjectLoadLimit);
+        QVERIFY(desk_->messages.isEmpty());
+    }
+
+    // A project that is longer than what GetTag looks at is loaded all the same.
+    void loadsALongProject() {
+        const QString value = u"<a>"_s + QString(2000, u'x') + u"</a>"_s;
+        for (int n = 1; n <= 1100; ++n)
+            store_->records.append({QString::number(n), value});
+        TextTable list({u"号"_s, u"a"_s});
+        QCOMPARE(LoadProjectToGrid(u"f"_s, u"p"_s, list, 0), 1100);
+        QCOMPARE(list.text(1100, 0), u"1100"_s);
+    }
+
+    void rowsByKey() {
+        TextTable list = GuestList();
+        QCOMPARE(SetGridRowByKey(list, u"a"_s, u"<姓名>王</姓名><记录号>x</记录号>"), 1);
+        QCOMPARE(SetGridRowByKey(list, u"b"_s, u"<姓名>李</姓名>"), 2);
+        QCOMPARE(SetGridRowByKey(list, u"a"_s, u"<房态>散客</房态>"), 1);
+        QCOMPARE(list.row(1), (QStringList{u"a"_s, u""_s, u""_s, u"散客"_s}));
+        QCOMPARE(SetGridRowByKey(list, u""_s, u"<姓名>王</姓名>"), 0);
+        QCOMPARE(SetGridRowByKey(list, u"李"_s, u"<房态>长包</房态>", 1), 2);
+        QCOMPARE(list.text(2, 3), u"长包"_s);
+        TextTable keyless({u"姓名"_s});
+        QCOMPARE(SetGridRowByKey(keyless, u"a"_s, u"<姓名>王</姓名>"), 0);
+        QCOMPARE(keyless.dataRows(), 0);
+    }
+
+    void savesARow() {
+        store_->records = {{u"a"_s, u"<电话>110</电话>\r\n<房态>空房</房态>\r\n<姓名>王</姓名>"_s}};
+        TextTable list = GuestList();
+        list.addRow({u"a"_s, u"李"_s, u"no header"_s, u""_s});
+        store_->refusedWrites = 1;
+        QCOMPARE(SaveGridRow(u"f"_s, u"p"_s, list, 1, 0), 0);
+        QCOMPARE(GetTag(desk_->peer.requests.last(), u"记录值"),
+                 u"<电话>110</电话>\r\n<姓名>李</姓名>"_s);
+        QCOMPARE(store_->asked, (QStringList{u"读取记录 a"_s, u"修改记录 a"_s, u"修改记录 a"_s}));
+        store_->refusedWrites = 2;
+        QVERIFY(SaveGridRow(u"f"_s, u"p"_s, list, 1, 0) != 0);
+        store_->asked.clear();
+        list.addRow({u""_s, u"李"_s});
+        QCOMPARE(SaveGridRow(u"f"_s, u"p"_s, list, 2, 0), 0);
+        QVERIFY(store_->asked.isEmpty());
+    }
+
+    void moves_data() {
+        QTest::addColumn<bool>("there");
+        QTest::addColumn<int>("refusedWrites");
+        QTest::addColumn<int>("refusedDeletes");
+        QTest::addColumn<bool>("moved");
+        QTest::addColumn<QString>("asked");
+        const QString target = u"读取记录 a,创建数据库,创建项目,修改记录 b"_s;
+        QTest::newRow("at once") << true << 0 << 0 << true << target + u",删除记录 a"_s;
+        QTest::newRow("nothing to move") << false << 0 << 0 << false << u"读取记录 a"_s;
+        QTest::newRow("second attempts")
+            << true << 1 << 1 << true << target + u",修改记录 b,删除记录 a,删除记录 a"_s;
+        QTest::newRow("not written") << true << 2 << 0 << false << target + u",修改记录 b"_s;
+        QTest::newRow("not deleted")
+            << true << 0 << 2 << false << target + u",删除记录 a,删除记录 a"_s;
+    }
+    void moves() {
+        QFETCH(bool, there);
+        QFETCH(int, refusedWrites);
+        QFETCH(int, refusedDeletes);
+        QFETCH(bool, moved);
+        if (there)
+            store_->records = {{u"a"_s, u"<姓名>王</姓名>"_s}};
+        store_->refusedWrites = refusedWrites;
+        store_->refusedDeletes = refusedDeletes;
+        QCOMPARE(MoveRecord(u"f"_s, u"p"_s, u"a"_s, u"g"_s, u"p"_s, u"b"_s) == 0, moved);
+        QTEST(store_->asked.join(u','), "asked");
+    }
+
+    void entriesAsRecordText() {
+        QCOMPARE(ListToRecordText({u"前厅"_s, u""_s, u"客房"_s}, u"<a>1</a>"_s),
+                 u"<a>1</a>\r\n<记录01>前厅</记录01>\r\n<记录03>客房</记录03>"_s);
+        QStringList hundred(100, u"x"_s);
+        QVERIFY(ListToRecordText(hundred, {}).endsWith(u"<记录100>x</记录100>"));
+        QCOMPARE(GetTagDefault(u"<a></a>", u"a", u"无"_s), u"无"_s);
+    }
+
+private:
+    std::unique_ptr<ScriptedDesk> desk_;
+    std::unique_ptr<FewRecords> store_;
+};
+
+HOTEL_TEST(TestQvrApp)
+
+#include "test_qvrapp.moc"
