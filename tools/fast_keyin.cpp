@@ -49,6 +49,8 @@ fast_keyin::fast_keyin(const QString& caption, const QStringList& entries)
 
     on(Key_code, &QLineEdit::textChanged, [this] { selectTyped(); });
     on(key_in, &QLineEdit::textChanged, [this] { selectTyped(); });
+    onEnter(Key_code, [this] { QrCmd_Click(); });
+    onEnter(key_in, [this] { QrCmd_Click(); });
     on(List1, &GridView::rowActivated, [this] { QrCmd_Click(); });
     resize(560, 480);
 }
