@@ -2,10 +2,11 @@
 
 // The record server: answers the workstations' requests from one store.
 //
-// One thread, one loop. All requests that arrive in one turn of the loop are answered together:
-// their changes share one commit, and no answer leaves before it. When the commit fails, each
-// request of the turn is tried again by itself, so that one that can't be done takes no other with
-// it.
+// One thread, one loop. Requests that arrive together are answered in one turn: their changes share
+// one commit, and no answer leaves before it. A turn that has changed something goes on until a pass
+// over the sockets brings nothing new, so that it takes along who is about to write. When the commit
+// fails, each request of the turn is tried again by itself, so that one that can't be done takes no
+// other with it.
 //
 // A turn is short whatever is waiting, and takes one request of each connection after the other; a
 // client that sends without reading, or reads nothing, holds up nobody but itself.

@@ -274,8 +274,8 @@ private Q_SLOTS:
         QVERIFY(client.socket().state() == QAbstractSocket::UnconnectedState);
     }
 
-    // What a client sent ahead of going away, and what has arrived when the server is told to end, is
-    // done.
+    // What a client sent ahead of going away, and what has arrived when the server is told to end,
+    // is done.
     void whatWasReceivedIsDone() {
         TestServer server;
         const auto write = [](WireClient& client, const QString& record) {

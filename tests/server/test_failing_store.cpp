@@ -83,8 +83,8 @@ private Q_SLOTS:
                  u"<1>small</1>\r\n<3>small</3>"_s);
     }
 
-    // Until the disk is full writes succeed, then they fail, reads go on, and when there is room again
-    // so do the writes. What was answered with success is there, what failed is not.
+    // Until the disk is full writes succeed, then they fail, reads go on, and when there is room
+    // again so do the writes. What was answered with success is there, what failed is not.
     void untilThereIsRoom() {
         TestServer server;
         WireClient client(server.port());

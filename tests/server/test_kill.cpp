@@ -1,5 +1,5 @@
-// The plug is pulled while workstations write: what was answered with success is there, and nothing is
-// half done.
+// The plug is pulled while workstations write: what was answered with success is there, and nothing
+// is half done.
 
 #include <csignal>
 #include <thread>
@@ -23,7 +23,8 @@ constexpr int kParts = 50; // records of a project that is written whole
 
 const StorePath kFile = *ParseFilePath(u"kill.qvr");
 
-// What one writer was told to be done, the last number of each kind of write, and the last it tried.
+// What one writer was told to be done, the last number of each kind of write, and the last it
+// tried.
 struct Told {
     int appended = 0;
     int modified = 0;
@@ -85,7 +86,8 @@ private Q_SLOTS:
         QVERIFY(told[0].whole > 0);
     }
 
-    // Asked to end, the server does: with what was sent done, and nothing but the store left behind.
+    // Asked to end, the server does: with what was sent done, and nothing but the store left
+    // behind.
     void askedToEnd() {
         QTemporaryDir folder;
         WriteTestUsers(folder.path());

@@ -11,8 +11,8 @@ namespace hotel {
 
 namespace {
 
-// Everything that the reader gives for `stream`, cut into the pieces: number, command and value a line
-// each.
+// Everything that the reader gives for `stream`, cut into the pieces: number, command and value a
+// line each.
 QStringList Read(RequestReader& reader, const QList<QByteArray>& pieces) {
     QStringList read;
     for (const QByteArray& piece : pieces) {

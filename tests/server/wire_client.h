@@ -1,7 +1,7 @@
 #pragma once
 
-// What the tests of the server speak with: a workstation's end of the wire without a workstation, and
-// a server with two users to speak to.
+// What the tests of the server speak with: a workstation's end of the wire without a workstation,
+// and a server with two users to speak to.
 
 #include <memory>
 #include <utility>
@@ -48,9 +48,9 @@ private:
     int received_ = 0;
 };
 
-// A server in its own thread over a store of its own. Its clock stands on 2026-03-05 10:00:00. Users:
-// 前台 without a password, 经理 with "secret", 值班 with kLongPassword, 远方 who may come from 10.1.2.3
-// only.
+// A server in its own thread over a store of its own. Its clock stands on 2026-03-05 10:00:00.
+// Users: 前台 without a password, 经理 with "secret", 值班 with kLongPassword, 远方 who may come
+// from 10.1.2.3 only.
 inline constexpr QStringView kLongPassword = u"a password that is long enough to reach all";
 
 class TestServer {
