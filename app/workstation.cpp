@@ -7,7 +7,6 @@
 #include "screen/open_screen.h"
 #include "screen/theme.h"
 #include "tools/form_tools.h"
-#include "tools/form_tools.h"
 
 namespace hotel {
 

@@ -239,8 +239,7 @@ bool ScriptWriter::flush() {
     const QByteArray lines = std::exchange(waiting_, {});
     linesWaiting_ = 0;
     QFile file(fileName_);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) &&
-           file.write(lines) == lines.size();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(lines) == lines.size();
 }
 
 PrintScript PrintScript::FromFile(const QString& fileName) {

@@ -12,7 +12,6 @@
 #include "session/operation_log.h"
 #include "session/parameters.h"
 #include "tests/hotel_test.h"
-#include "tests/type_text.h"
 #include "tests/test_hotel.h"
 #include "tests/type_text.h"
 #include "tools/FlmcFrm.h"

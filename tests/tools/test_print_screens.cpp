@@ -110,7 +110,8 @@ private:
 private Q_SLOTS:
     void initTestCase() {
         QDir::setCurrent(folder_.path());
-        RegisterScreen(u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
+        RegisterScreen(
+            u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
         RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     }
     void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
