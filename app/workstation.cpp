@@ -18,7 +18,6 @@ Workstation::Workstation(QApplication& application, const QString& configuration
     link_.setMessage([](const QString& words, const QString& title) { MsgBox(words, title); });
     link_.Load();
     SetUpForms();
-    SetUpForms();
     RegisterScreens();
     linkWindow_ = new LinkWindow(link_, configuration_.debugMode);
     login_ = new loginfrm(configuration_);
