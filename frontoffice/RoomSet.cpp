@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "frontoffice/room_picture.h"
 #include "house/paths.h"
 #include "house/room_edit.h"
 #include "house/room_record.h"
@@ -20,6 +19,7 @@
 #include "tools/categories.h"
 #include "tools/list_export.h"
 #include "tools/list_print.h"
+#include "tools/photo_frame.h"
 
 namespace hotel {
 

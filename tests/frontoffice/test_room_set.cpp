@@ -7,7 +7,6 @@
 #include <QTest>
 
 #include "frontoffice/RoomSet.h"
-#include "frontoffice/room_picture.h"
 #include "house/paths.h"
 #include "house/room_record.h"
 #include "link/serv_api.h"
@@ -23,6 +22,7 @@
 #include "tests/test_hotel.h"
 #include "tools/PrtPrev.h"
 #include "tools/PrtSubs.h"
+#include "tools/photo_frame.h"
 
 using namespace hotel;
 

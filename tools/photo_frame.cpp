@@ -1,4 +1,4 @@
-#include "frontoffice/room_picture.h"
+#include "tools/photo_frame.h"
 
 #include <QCoreApplication>
 #include <QImageReader>
