@@ -3,6 +3,8 @@
 #include "house/guest_text.h"
 #include "record/field_walk.h"
 #include "record/record_text.h"
+#include "session/parameters.h"
+#include "tools/print_form_cells.h"
 
 #include <span>
 
@@ -11,6 +13,7 @@ namespace hotel {
 namespace {
 
 using namespace guest_text;
+namespace cell = registration_form;
 
 struct GuestCell {
     int cell;
@@ -18,22 +21,59 @@ struct GuestCell {
 };
 
 constexpr GuestCell kFirstGuest[] = {
-    {1, kName},           {2, kSex},      {3, kAge},
-    {4, kAddress},        {5, kJobTitle}, {6, kDocumentKind},
-    {7, kDocumentNumber}, {8, {}},        {9, kReason},
-    {10, kComingFrom},    {11, kGoingTo}, {12, {}},
-    {13, kDeparture},
+    {cell::kGuest, kName},
+    {cell::kSex, kSex},
+    {cell::kAge, kAge},
+    {cell::kAddress, kAddress},
+    {cell::kJobTitle, kJobTitle},
+    {cell::kDocumentKind, kDocumentKind},
+    {cell::kDocumentNumber, kDocumentNumber},
+    {cell::kSignature, {}},
+    {cell::kReason, kReason},
+    {cell::kFrom, kComingFrom},
+    {cell::kTo, kGoingTo},
+    {cell::kOuterFrame, {}},
+    {cell::kDeparture, kDeparture},
 };
-constexpr GuestCell kSecondGuest[] = {{14, kName}, {15, kSex}, {16, kAge}, {17, kAddress}};
+constexpr GuestCell kSecondGuest[] = {
+    {cell::kSecondGuest, kName},
+    {cell::kSecondSex, kSex},
+    {cell::kSecondAge, kAge},
+    {cell::kSecondAddress, kAddress},
+};
+constexpr GuestCell kStay[] = {
+    {cell::kRoom, kRoom},
+    {cell::kRoomType, kRoomType},
+    {cell::kPrice, kPrice},
+    {cell::kRemark, kRemark},
+    {cell::kFormNumber, kFolio},
+    {cell::kFolio, kFolio},
+    {cell::kReception, kReceptionist},
+};
 
 FormCells Cells(QStringView guest, std::span<const GuestCell> layout) {
     FormCells cells;
-    for (const GuestCell& cell : layout)
-        cells[cell.cell] = cell.field.isEmpty() ? u" "_s : GetTag(guest, cell.field);
+    for (const GuestCell& entry : layout)
+        cells[entry.cell] = entry.field.isEmpty() ? u" "_s : GetTag(guest, entry.field);
     return cells;
 }
 
+FormCells MomentCells(const QDateTime& now) {
+    const QString date = now.toString(u"yyyy-MM-dd");
+    return {{cell::kArrivalDate, date},
+            {cell::kArrivalTime, now.toString(u"HH:mm")},
+            {cell::kRegistered, date}};
+}
+
 } // namespace
+
+FormCells HotelCells() {
+    return {{cell::kHotel, Param(u"Yhdwmc")}};
+}
+
+FormCells PartyCells(const QStringList& rooms) {
+    return {{cell::kPartyRooms, rooms.join(u',')}};
+}
 
 FormCells GuestCells(QStringView guest, int n) {
     switch (n) {
@@ -46,25 +86,13 @@ FormCells GuestCells(QStringView guest, int n) {
     }
 }
 
-FormCells PartyCells(const QStringList& rooms) {
-    return {{1, rooms.join(u',')}};
-}
-
 FormCells RegistrationCells(QStringView roomGuests, const QDateTime& now) {
-    FormCells cells;
+    FormCells cells = MomentCells(now);
     FieldWalk bed(roomGuests);
     for (int n = 1; n <= 2 && bed.next(); ++n) {
         cells.insert(GuestCells(bed.value(), n));
-        if (n > 1)
-            continue;
-        const QString folio = GetTag(bed.value(), kFolio);
-        const QString date = now.toString(u"yyyy-MM-dd");
-        cells.insert({{34, folio},
-                      {37, date},
-                      {38, now.toString(u"HH:mm")},
-                      {41, folio},
-                      {52, date},
-                      {54, GetTag(bed.value(), kReceptionist)}});
+        if (n == 1)
+            cells.insert(Cells(bed.value(), kStay));
     }
     return cells;
 }

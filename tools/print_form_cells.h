@@ -29,9 +29,11 @@ inline constexpr int kAddress = 4;
 inline constexpr int kJobTitle = 5;
 inline constexpr int kDocumentKind = 6;
 inline constexpr int kDocumentNumber = 7;
+inline constexpr int kSignature = 8; // a blank
 inline constexpr int kReason = 9;
 inline constexpr int kFrom = 10;
 inline constexpr int kTo = 11;
+inline constexpr int kOuterFrame = 12; // a blank
 inline constexpr int kDeparture = 13;
 // 表芯, the second guest
 inline constexpr int kSecondGuest = 14;
