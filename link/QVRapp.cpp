@@ -63,15 +63,14 @@ private:
     int rows_ = 0;
 };
 
-// The records inside a project's answer. One that is too long for GetTag comes with the project's own
-// tags around it.
-QStringView RecordsOf(QStringView answer, QStringView project) {
-    FieldWalk walk(answer);
-    const bool wrapped = answer.size() >= kTagTextLimit && walk.next() && walk.name() == project;
-    return wrapped ? walk.value() : answer;
-}
-
 } // namespace
+
+QStringView RecordsOf(QStringView projectAnswer, QStringView project) {
+    FieldWalk walk(projectAnswer);
+    const bool wrapped = walk.next() && walk.name() == project &&
+                         (projectAnswer.size() >= kTagTextLimit || walk.value().isEmpty());
+    return wrapped ? walk.value() : projectAnswer;
+}
 
 QString GetTagDefault(QStringView text, QStringView tag, const QString& fallback) {
     const QString value = GetTag(text, tag);

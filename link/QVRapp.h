@@ -24,6 +24,10 @@ inline constexpr QStringView kKeyHeader = u"记录号";
 // A list without a key column.
 inline constexpr int kNoKeyColumn = -1;
 
+// The records in the answer to DbReadRecord for a whole project, one field each. An answer may still have
+// the project's own tags around them: where it is too long for GetTag, and where the project is empty.
+QStringView RecordsOf(QStringView projectAnswer, QStringView project);
+
 // How a long load shows itself: called after every kRowsPerStep rows and once more at the end, when
 // the list is complete. `rows` counts the records loaded. False stops the load; the rows that have
 // come stay.

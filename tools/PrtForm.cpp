@@ -5,9 +5,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSplitter>
-#include <QTreeWidget>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "link/serv_api.h"
 #include "record/field_walk.h"
@@ -15,20 +13,13 @@
 #include "screen/messages.h"
 #include "session/parameters.h"
 #include "tools/PrtSubs.h"
+#include "tools/record_tree.h"
 
 namespace hotel {
 
 namespace {
 
 const QString kFormatFiles = u"*.qvr"_s;
-
-// Where a node's field is found: project, record, and the fields inside it.
-QStringList PathOf(const QTreeWidgetItem* node) {
-    QStringList path;
-    for (; node; node = node->parent())
-        path.prepend(node->text(0));
-    return path;
-}
 
 QStringList FormatFiles(const QString& folder) {
     QStringList files;
@@ -67,28 +58,11 @@ void PrintForm(const QString& form) {
 
 } // namespace
 
-QString FieldAt(const QString& text, const QStringList& path) {
-    QString value = text;
-    for (const QString& name : path)
-        value = GetTag(value, name);
-    return value;
-}
-
-QString WithFieldAt(const QString& text, const QStringList& path, const QString& value) {
-    if (path.isEmpty())
-        return value;
-    const QString inner = WithFieldAt(GetTag(text, path.first()), path.sliced(1), value);
-    return SetTag(text, path.first(), inner);
-}
-
 PrtForm::PrtForm()
-    : Screen(u"PrtForm"_s, u"打印格式设定"_s), FmtFile(new QComboBox), QVRTrVw(new QTreeWidget),
-      FldName(new QLineEdit), FldValue(new QPlainTextEdit) {
+    : Screen(u"PrtForm"_s, u"打印格式设定"_s), FmtFile(new QComboBox),
+      QVRTrVw(new RecordTree(u"QVRTrVw"_s, RecordTree::Fields::AtOnce)), FldName(new QLineEdit),
+      FldValue(new QPlainTextEdit) {
     FmtFile->setObjectName(u"FmtFile"_s);
-    QVRTrVw->setObjectName(u"QVRTrVw"_s);
-    QVRTrVw->setColumnCount(2);
-    QVRTrVw->setHeaderLabels({u"名称"_s, u"内容"_s});
-    QVRTrVw->setColumnWidth(0, 220);
     FldName->setObjectName(u"FldName"_s);
     FldName->setReadOnly(true);
     FldValue->setObjectName(u"FldValue"_s);
@@ -140,73 +114,32 @@ void PrtForm::FmtFile_Click() {
 }
 
 void PrtForm::LoadTree() {
-    projects_.clear();
     changed_.clear();
-    QVRTrVw->clear();
-    for (int n = 1; !file_.isEmpty() && stillOpen(); ++n) {
-        const QString name = DbProjectList(file_, n);
-        if (name.isEmpty())
-            break;
-        const QString text = DbReadRecord(file_, u"", name);
-        if (IsError(text))
-            continue;
-        projects_.append({name, text});
-        auto* node = new QTreeWidgetItem(QVRTrVw, {name});
-        AddFields(node, text);
-        node->setExpanded(true);
-    }
+    const RecordTree::Load load = QVRTrVw->load(*this, file_);
+    for (int n = 0; n < QVRTrVw->topLevelItemCount(); ++n)
+        QVRTrVw->topLevelItem(n)->setExpanded(true);
+    setStatus(load == RecordTree::Load::Complete ? QString() : u"格式文件没有读完"_s);
     ShowField();
 }
 
-void PrtForm::AddFields(QTreeWidgetItem* node, const QString& text) {
-    FieldWalk walk(text);
-    while (walk.next()) {
-        if (!walk.closed())
-            continue;
-        const QString value = walk.value().toString();
-        auto* field = new QTreeWidgetItem(node, {walk.name().toString()});
-        AddFields(field, value);
-        if (field->childCount() == 0)
-            field->setText(1, value.simplified());
-    }
-}
-
-QString* PrtForm::ProjectText(const QString& name) {
-    for (Project& project : projects_)
-        if (project.name == name)
-            return &project.text;
-    return nullptr;
-}
-
-QString PrtForm::TextAt(const QStringList& path) {
-    const QString* text = path.isEmpty() ? nullptr : ProjectText(path.first());
-    return text ? FieldAt(*text, path.sliced(1)) : QString();
-}
-
 void PrtForm::ShowField() {
-    const QStringList path = PathOf(QVRTrVw->currentItem());
-    FldName->setText(path.isEmpty() ? QString() : path.last());
-    FldValue->setPlainText(TextAt(path));
-    setCommandEnabled(u"Modify_field", path.size() > 1);
+    const QTreeWidgetItem* node = QVRTrVw->currentItem();
+    FldName->setText(node ? node->text(0) : QString());
+    FldValue->setPlainText(RecordTree::TextOf(node));
+    setCommandEnabled(u"Modify_field", node && node->parent());
     setCommandEnabled(u"Save_cmd", !changed_.isEmpty());
-    setCommandEnabled(u"Preview_cmd", !path.isEmpty());
+    setCommandEnabled(u"Preview_cmd", node);
 }
 
 void PrtForm::Modify_field_Click() {
     QTreeWidgetItem* node = QVRTrVw->currentItem();
-    const QStringList path = PathOf(node);
-    if (path.size() < 2)
+    if (!node || !node->parent())
         return;
-    QString* text = ProjectText(path.first());
-    const QString value = FldValue->toPlainText().replace(u'\n', kCrLf);
-    *text = WithFieldAt(*text, path.sliced(1), value);
-    const RecordName record(path.at(0), path.at(1));
-    if (!changed_.contains(record))
-        changed_.append(record);
-
-    qDeleteAll(node->takeChildren());
-    AddFields(node, value);
-    node->setText(1, node->childCount() == 0 ? value.simplified() : QString());
+    QVRTrVw->setText(node, FldValue->toPlainText().replace(u'\n', kCrLf));
+    while (!RecordTree::IsRecord(node))
+        node = node->parent();
+    if (!changed_.contains(node))
+        changed_.append(node);
     ShowField();
 }
 
@@ -217,8 +150,9 @@ void PrtForm::Save_cmd_Click() {
 
 bool PrtForm::SaveChanges() {
     while (!changed_.isEmpty()) {
-        const auto [project, record] = changed_.first();
-        const QString value = TextAt({project, record});
+        const QString project = changed_.first()->parent()->text(0);
+        const QString record = changed_.first()->text(0);
+        const QString value = RecordTree::TextOf(changed_.first());
         if (DbModifyRecord(file_, project, record, value) != 0 &&
             DbModifyRecord(file_, project, record, value) != 0) {
             MsgBox(u"打印格式没有保存成功，请稍候再试！"_s, u"注意"_s);
@@ -243,21 +177,22 @@ bool PrtForm::closing() {
 
 // Prints the form that holds the chosen field as it stands, saved or not.
 void PrtForm::Preview_cmd_Click() {
-    QStringList path = PathOf(QVRTrVw->currentItem());
-    while (!path.isEmpty() && !IsForm(TextAt(path)))
-        path.removeLast();
-    if (path.isEmpty()) {
+    const QTreeWidgetItem* node = QVRTrVw->currentItem();
+    while (node && !IsForm(RecordTree::TextOf(node)))
+        node = node->parent();
+    if (!node) {
         MsgBox(u"所选的内容不是打印格式，无法预览！"_s, u"无法预览"_s);
         return;
     }
-    QString paperText = TextAt({tag::kPaper.toString()});
+    QString paperText = RecordTree::TextOf(QVRTrVw->find(tag::kPaper));
     if (paperText.isEmpty())
-        paperText = TextAt({path.first(), tag::kPaper.toString()});
+        paperText =
+            RecordTree::TextOf(QVRTrVw->find(RecordTree::PathOf(node).first(), tag::kPaper));
     const PaperFormat paper = ReadPaperFormat(paperText);
     OpenPrintJob(paper.width, paper.height);
     SetPrintMargins(paper.left, paper.right, paper.top, paper.bottom);
     StartPage();
-    PrintForm(TextAt(path));
+    PrintForm(RecordTree::TextOf(node));
     EndPage();
     PreviewPrintJob();
 }
