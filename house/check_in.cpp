@@ -26,7 +26,7 @@ struct Bed {
 struct RoomParty {
     QString room;
     bool sharedOnOffer = false;
-    bool merges = false; // joins the guests who are in the room already
+    bool merges = false; // joins, bed by bed, the guests who are in the room already
     QList<Bed> beds;
 };
 
@@ -99,13 +99,14 @@ QList<RoomParty> PartiesOf(QStringView workingSet, const QList<ChosenRoom>& room
     return parties;
 }
 
-// A room that can't be read counts as an empty record: its count begins with the new guests.
+// A room that can't be read counts as an empty record: its count begins with the new guests. A vacant
+// room has nobody to merge with, whoever stands in its file still.
 bool OccupyRoom(RoomParty& party, CheckInOutcome& outcome) {
     QString record = GetKfjbxx(party.room);
-    party.merges = party.sharedOnOffer || IsShared(GetTag(record, room_record::kStatus));
-    const qint64 guests = GuestsAtSale(record) + party.beds.size();
+    const int present = GuestsAtSale(record);
+    party.merges = party.sharedOnOffer || present > 0;
     const QString status = GetTag(party.beds.last().guest, guest_text::kStatus);
-    record = SetTag(record, room_record::kGuests, FormatNumber(guests, u"#0"));
+    record = SetTag(record, room_record::kGuests, FormatNumber(present + party.beds.size(), u"#0"));
     record = SetTag(record, room_record::kStatus, status);
     if (SetKfjbxx(party.room, record) != 0) {
         outcome.notice = RoomNotSaved(party.room);

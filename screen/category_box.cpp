@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <algorithm>
 #include <utility>
 
 #include "screen/field_form.h"
@@ -103,6 +104,27 @@ void CategoryBox::selectByLetters(const QString& letters) {
             Q_EMIT activated(entry);
             return;
         }
+    }
+}
+
+void CategoryBox::focusOutEvent(QFocusEvent* event) {
+    if (isEditable() && event->reason() == Qt::TabFocusReason)
+        takeInitials();
+    QComboBox::focusOutEvent(event);
+}
+
+void CategoryBox::takeInitials() {
+    const QString typed = currentText();
+    const auto isLetter = [](QChar c) { return c.unicode() < 0x80 && c.isLetter(); };
+    if (typed.isEmpty() || !std::ranges::all_of(typed, isLetter) || findText(typed) >= 0)
+        return;
+    fill();
+    for (int entry = 0; entry < count(); ++entry) {
+        if (!categoryMatch(itemText(entry), typed))
+            continue;
+        setCurrentIndex(entry);
+        Q_EMIT activated(entry);
+        return;
     }
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
 // A drop-down over a category. Its entries are read when they are first wanted, and only once.
+//
+// Letters look for an entry (see SetCategoryMatch): at once where only entries can be chosen; where any
+// text may be typed, a text of plain letters turns into the entry it means when Enter or Tab leaves the
+// box, and stays where it means none.
 
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -28,8 +32,10 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void takeInitials();
     void selectByLetters(const QString& letters);
 
     QString category_;

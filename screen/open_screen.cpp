@@ -98,7 +98,8 @@ bool CloseAllScreens() {
 
 bool ShowModal(Screen* form, QWidget* parent) {
     const QPointer<Screen> shown = form;
-    form->setParent(parent ? parent->window() : nullptr, Qt::Dialog);
+    const QPointer<QWidget> asking = parent ? parent->window() : nullptr;
+    form->setParent(asking, Qt::Dialog);
     form->setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
 
     QEventLoop loop;
@@ -109,6 +110,8 @@ bool ShowModal(Screen* form, QWidget* parent) {
     form->run([form] { form->load({}); });
     if (shown && shown->isVisible())
         loop.exec();
+    if (asking)
+        asking->activateWindow();
     return shown && shown->accepted();
 }
 

@@ -26,8 +26,13 @@ int RunTests(int argc, char** argv) {
     QByteArray noCrashHandler = "-nocrashhandler";
     std::vector<char*> arguments(argv, argv + argc);
     arguments.push_back(noCrashHandler.data());
+    const std::string only = argc > 1 && Tests().contains(argv[1]) ? argv[1] : "";
+    if (!only.empty())
+        arguments.erase(arguments.begin() + 1);
     int failures = 0;
     for (const auto& [name, make] : Tests()) {
+        if (!only.empty() && name != only)
+            continue;
         const std::unique_ptr<QObject> test(make());
         failures += QTest::qExec(test.get(), int(arguments.size()), arguments.data());
     }

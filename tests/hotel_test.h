@@ -1,7 +1,8 @@
 #pragma once
 
 // Every test class names itself with HOTEL_TEST; the shared main of the tests runs all that are linked
-// into one program, and fails when one of them fails. Arguments go to each (Qt Test's own options).
+// into one program, and fails when one of them fails. A first argument that is the name of a class runs
+// that class alone; all others go to each (Qt Test's own options).
 
 #include <QObject>
 #include <functional>

@@ -249,7 +249,7 @@ private Q_SLOTS:
                     .confirmed);
         second.use();
         QVERIFY(ConfirmCheckIn(setOfSecond, rooms).confirmed);
-        QCOMPARE(StoredNames(u"101"_s), QStringList{u"客人01 李二"_s});
+        QCOMPARE(StoredNames(u"101"_s), QStringList({u"客人01 李二"_s, u"客人02 王妻"_s}));
         QCOMPARE(State(u"101"_s), u"包房 3"_s); // both counts added up
         QCOMPARE(RegisteredNames(), QStringList({u"王一"_s, u"王妻"_s, u"李二"_s}));
         QCOMPARE(LoadJzhQd(), QStringList({kFolio, kOther}));
