@@ -15,7 +15,7 @@ constexpr int kRowLimit = 1000;
 
 TextTable EmptyView() {
     TextTable rows;
-    QStringList headers;
+    QStringList headers{kRoom.toString()};
     for (const QStringView header : {kName, kDocumentNumber, kSharesRoom, kArrivalTime,
                                      kArrivalDate, kDeparture, kPays, kPortrait})
         headers.append(header.toString());
@@ -33,14 +33,10 @@ void AddColumnsOf(TextTable& rows, QStringView entry) {
 // A field's cells are looked for anywhere inside it, so that a room shows its first bed.
 void AddRow(TextTable& rows, QStringView name, QStringView entry) {
     AddColumnsOf(rows, entry);
-    if (rows.column(kRoom) < 0)
-        rows.addColumn(kRoom.toString());
-    QStringList cells;
-    for (const QString& header : rows.headers())
+    QStringList cells{name.toString()};
+    for (const QString& header : rows.headers().sliced(1))
         cells.append(GetTag(entry, header));
-    const int row = rows.addRow(cells);
-    if (name != folio_record::kPayer)
-        rows.setText(row, kRoom, name.toString());
+    rows.addRow(cells);
 }
 
 } // namespace

@@ -31,6 +31,12 @@ QStringList ProjectsOf(const QString& file) {
     }
 }
 
+// A lost link, or one that came back without a login, looks like a file that isn't there; but the file of the
+// users always is.
+bool ServerAnswers() {
+    return DbCheckFile(DbUserFileName(), kFileExists) != u"-1";
+}
+
 int CountFields(QStringView text) {
     int count = 0;
     for (FieldWalk field(text); field.next();)
@@ -84,7 +90,7 @@ RecordTree::Load RecordTree::load(Screen& screen, const QString& file) {
         return Load::Complete;
     const QStringList projects = ProjectsOf(file);
     if (projects.isEmpty())
-        return Link().isUp() ? Load::Complete : Load::Failed;
+        return ServerAnswers() ? Load::Complete : Load::Failed;
     for (const QString& project : projects) {
         if (stop(screen))
             return Load::Aborted;
