@@ -37,9 +37,9 @@ using namespace guest_text;
 const QList<FormField> kFields = {
     {kRoom, u"Fh", u"房间号", Editor::ReadOnly},
     {kBed, u"Cwh", u"床位", Editor::ReadOnly},
-    {kRoomType, u"Kflx", u"客房类型", Editor::ReadOnly, {}, 20},
-    {kName, u"Krxm", u"客人姓名", Editor::Text, {}, 20, 40},
-    {kDocumentNumber, u"Zjhm", u"证件号码", Editor::Text, {}, 20, 30},
+    {kRoomType, u"Kflx", u"客房类型", Editor::ReadOnly, {}, 24},
+    {kName, u"Krxm", u"客人姓名", Editor::Text, {}, 24, 40},
+    {kDocumentNumber, u"Zjhm", u"证件号码", Editor::Text, {}, 24, 30},
     {{}, u"Hmws", u"号码位数", Editor::ReadOnly},
     {kDocumentKind, u"Zjzl", u"证件种类", Editor::Category, u"证件名称"},
     {kSex, u"Krxb", u"性别", Editor::Category},
@@ -62,8 +62,6 @@ const QList<FormField> kFields = {
     {kArrivalTime, u"Rzsj", u"入住时间", Editor::Text},
     {kReceptionist, u"Jd", u"接待", Editor::Text, {}, 20, 20},
     {kRemark, u"Tssm", u"特殊说明", Editor::CategoryText, u"注释选择", 20, 100},
-    {kDocumentPhotograph, u"Zjzp", u"证件照片", Editor::ReadOnly},
-    {kPortrait, u"Rxzp", u"人像照片", Editor::ReadOnly},
 };
 constexpr int kColumns = 3;
 
@@ -89,20 +87,12 @@ QString AddressOf(const IdentityNumber& identity) {
     return QStringList{identity.province, identity.city, identity.county}.join(u',');
 }
 
-// The file of a photograph: on this workstation until the check-in is confirmed, then the house's.
-void ShowPhotograph(PhotoFrame* frame, const QString& file) {
-    if (file.isEmpty())
-        frame->setPhoto({});
-    else
-        SetPhoto(frame, file);
-}
-
 } // namespace
 
 RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
     : Screen(u"RzdjFrm"_s, u"住客信息"_s), set_(workingSet), rooms_(rooms), banner_(new QLabel),
-      form_(new FieldForm(kFields, kColumns)), portrait_(new PhotoFrame(u"Rxzpk"_s, u"人像照片"_s)),
-      document_(new PhotoFrame(u"Zjzpk"_s, u"证件照片"_s)) {
+      form_(new FieldForm(kFields, kColumns)), portrait_(new PhotoFrame(u"Rxzp"_s, u"人像照片"_s)),
+      document_(new PhotoFrame(u"Zjzp"_s, u"证件照片"_s)) {
     banner_->setObjectName(u"banner"_s);
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
@@ -187,6 +177,8 @@ void RzdjFrm::fillForm(const QString& guest) {
     form_->load(guest);
     showRates(GetTag(guest, kRoomType));
     Field_Edited(u"Zjhm"_s);
+    portraitFile_ = GetTag(guest, kPortrait);
+    documentFile_ = GetTag(guest, kDocumentPhotograph);
     showPhotographs();
 }
 
@@ -211,8 +203,8 @@ void RzdjFrm::showRates(const QString& roomType) {
 }
 
 void RzdjFrm::showPhotographs() {
-    ShowPhotograph(portrait_, form_->text(u"Rxzp"));
-    ShowPhotograph(document_, form_->text(u"Zjzp"));
+    SetPhoto(portrait_, portraitFile_);
+    SetPhoto(document_, documentFile_);
 }
 
 void RzdjFrm::showLack(int lack) {
@@ -237,6 +229,8 @@ QString RzdjFrm::formRecord() const {
     QString record = form_->store(GuestOfSet(set_, room(), bed()));
     for (const QStringView tag : {kName, kDocumentNumber})
         record = SetTag(record, tag, TrimWhite(GetTag(record, tag)));
+    record = SetTag(record, kPortrait, portraitFile_);
+    record = SetTag(record, kDocumentPhotograph, documentFile_);
     return InWritingOrder(record);
 }
 
@@ -429,7 +423,7 @@ void RzdjFrm::Zjpz_Click() {
         return;
     }
     if (const QString file = TakePhotograph(this, name); !file.isEmpty())
-        form_->setText(u"Zjzp", file);
+        documentFile_ = file;
     showPhotographs();
 }
 
@@ -441,7 +435,7 @@ void RzdjFrm::Rxpz_Click() {
         return;
     }
     if (const QString file = TakePhotograph(this, name); !file.isEmpty())
-        form_->setText(u"Rxzp", file);
+        portraitFile_ = file;
     showPhotographs();
 }
 

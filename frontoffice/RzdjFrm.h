@@ -89,6 +89,10 @@ private:
     RateChoice rates_;
     QString ratesOf_; // the room type that rates_ belongs to
 
+    // Files of this workstation, until the check-in is confirmed.
+    QString portraitFile_;
+    QString documentFile_;
+
     QLabel* banner_;
     FieldForm* form_;
     PhotoFrame* portrait_;

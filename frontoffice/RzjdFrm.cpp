@@ -97,7 +97,6 @@ RzjdFrm::RzjdFrm()
     filterLabel->setBuddy(Ftys);
 
     auto* offered = new QVBoxLayout;
-    offered->addLayout(typing);
     offered->addLayout(Headed(u"可选客房"_s, Kxnum));
     offered->addWidget(Kxkfqd, 1);
     auto* chosen = new QVBoxLayout;
@@ -108,10 +107,13 @@ RzjdFrm::RzjdFrm()
     side->addWidget(Ftys);
     side->addWidget(photo_);
     side->addStretch();
-    auto* content = new QHBoxLayout;
-    content->addLayout(offered, 6);
-    content->addLayout(chosen, 5);
-    content->addLayout(side, 2);
+    auto* lists = new QHBoxLayout;
+    lists->addLayout(offered, 5);
+    lists->addLayout(chosen, 5);
+    lists->addLayout(side, 2);
+    auto* content = new QVBoxLayout;
+    content->addLayout(typing);
+    content->addLayout(lists, 1);
     setContent(content);
 
     addCommands({
@@ -136,7 +138,7 @@ RzjdFrm::RzjdFrm()
     on(Kxkfqd, &GridView::rowActivated, [this] { DownCmd_Click(); });
     on(Yxkfqd, &GridView::rowActivated, [this] { UpCmd_Click(); });
     on(Ftys, &CheckList::ticked, [this] { loadOffered(); });
-    resize(1280, 700);
+    resize(1400, 720);
 }
 
 void RzjdFrm::load(const QVariant&) {

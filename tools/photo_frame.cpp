@@ -38,6 +38,10 @@ void PhotoFrame::paintEvent(QPaintEvent* event) {
 }
 
 bool SetPhoto(PhotoFrame* frame, const QString& path) {
+    if (path.isEmpty()) {
+        frame->setPhoto({});
+        return false;
+    }
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
