@@ -104,7 +104,8 @@ QStringList BoardTitles() {
             kGuestNames.toString()};
 }
 
-std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places) {
+std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places,
+                               const BoardProgress& progress) {
     LoadkfQd(list);
     const QString vacant = VacantWordOf(places);
     if (vacant.isEmpty())
@@ -112,17 +113,23 @@ std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places) {
 
     const int statusColumn = list.column(room_record::kStatus);
     const int guestsColumn = list.column(room_record::kGuests);
-    const int numberColumn = list.column(room_record::kNumber);
-    const int namesColumn = list.column(kGuestNames);
+    QList<int> counted; // a vacant room's stale count, too, has its names read
     for (int row = 1; row < list.rows(); ++row) {
         if (list.text(row, statusColumn).isEmpty())
             list.setText(row, statusColumn, vacant);
-        if (!list.text(row, guestsColumn).isEmpty()) {
-            const QString guests = GetKfrzxx(list.text(row, numberColumn));
-            list.setText(row, namesColumn, GuestNames(guests));
-        }
+        if (!list.text(row, guestsColumn).isEmpty())
+            counted.append(row);
         if (IsVacant(list.text(row, statusColumn)))
             list.setText(row, guestsColumn, {});
+    }
+
+    const int numberColumn = list.column(room_record::kNumber);
+    const int namesColumn = list.column(kGuestNames);
+    for (qsizetype i = 0; i < counted.size(); ++i) {
+        if (progress && !progress(int(i), int(counted.size())))
+            break;
+        const QString guests = GetKfrzxx(list.text(counted[i], numberColumn));
+        list.setText(counted[i], namesColumn, GuestNames(guests));
     }
     return {};
 }

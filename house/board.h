@@ -10,6 +10,7 @@
 #include <QStringView>
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "house/notice.h"
@@ -37,10 +38,15 @@ QStringList LoadRoomTypes();
 // 序号, 房间号, 房态, 楼层号, 客房类型, 床位数, 住客数, 住客姓名
 QStringList BoardTitles();
 
+// Asked ahead of each room whose guests are read: how many are done, of how many. False ends the walk;
+// the rooms that are left stay without the names of their guests.
+using BoardProgress = std::function<bool(int done, int all)>;
+
 // Fills the list of rooms: one read for the house and one for each room with a count of guests. A room
 // without a status gets the board's vacant word; a vacant room shows no count. Where no place of the
 // board has a vacant word, the notice says so and the list stays as it was read.
-std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places);
+std::optional<Notice> LoadFtQd(TextTable& list, const StatusPlaces& places,
+                               const BoardProgress& progress = {});
 
 // The names of a room's guests (one field a bed) joined with ",".
 QString GuestNames(QStringView guests);
