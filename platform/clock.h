@@ -33,7 +33,8 @@ bool SetTime(QStringView hhmmss);
 // nothing happens.
 void LetMachineFollow(bool on);
 
-// Stands the clock at a moment for a test; it moves only by Advance. Release with Resume.
+// Stands the clock at a moment, for a test and for the days that the demo hotel has behind it; it moves
+// only by Advance. Release with Resume.
 void Freeze(const QDateTime& moment);
 void Advance(qint64 milliseconds);
 void Resume();

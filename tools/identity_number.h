@@ -10,6 +10,7 @@
 #include <QDate>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -56,6 +57,9 @@ struct IdentityNumber {
     QString birthDate; // yyyy-MM-dd
     QString age;       // in full years
     QString sex;       // "男" or "女"
+
+    // 省,市,县 as an address stands in a record.
+    QString address() const { return QStringList{province, city, county}.join(u','); }
 };
 
 // What the number says, or nothing when it is none: 15 digits, or at least 17 characters of which

@@ -5,7 +5,6 @@
 #include <QTemporaryDir>
 
 #include "app/tour/tour.h"
-#include "house/room_record.h"
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "screen/open_screen.h"
@@ -85,16 +84,10 @@ void TourOfRates(Tour& tour) {
 }
 
 void TourOfRoomGuests(Tour& tour) {
-    SaveRmRec(u"8201", u"<客人01><客人姓名>陈志远</客人姓名><年龄>41</年龄><性别>男</性别>"
-                       "<证件号码>510102196501152316</证件号码><证件种类>身份证</证件种类>"
-                       "<户口所在地>四川省成都市</户口所在地><入住时间>14:05</入住时间>"
-                       "<入住日期>2026-03-05</入住日期><预计离店>2026-03-07</预计离店>"
-                       "<结账号>260305140512</结账号><房态>包房</房态></客人01>");
-    OpenScreen(u"KfxxFrm", u"8201"_s);
+    OpenScreen(u"KfxxFrm", u"8317"_s); // a family of three
     Screen& guests = Opened(tour, u"KfxxFrm"_s);
     tour.picture(guests, u"客房住客信息"_s);
     guests.close();
-    SaveRmRec(u"8201", {});
 }
 
 void TourOfParameters(Tour& tour) {

@@ -1,0 +1,301 @@
+#include "app/demo/demo_guests.h"
+
+#include <algorithm>
+
+#include "app/demo/parties.h"
+#include "house/board.h"
+#include "house/check_in.h"
+#include "house/folio_posting.h"
+#include "house/guest_form.h"
+#include "house/offered_rooms.h"
+#include "house/rate_table.h"
+#include "house/room_record.h"
+#include "house/working_set.h"
+#include "platform/clock.h"
+#include "record/literals.h"
+#include "record/numbers.h"
+#include "record/record_text.h"
+#include "session/operation_log.h"
+#include "session/session.h"
+#include "shell/login.h"
+#include "tools/categories.h"
+#include "tools/identity_number.h"
+
+namespace hotel {
+
+namespace {
+
+using namespace guest_text;
+
+struct Employee {
+    QString login;
+    QString password;
+};
+const Employee kDayClerk = {u"QIANTAI"_s, u"111111"_s};
+const Employee kNightClerk = {u"LIBAN"_s, u"222222"_s};
+const Employee kHousekeeper = {u"KEFANG"_s, u"333333"_s};
+const Employee kEngineer = {u"GONGCHENG"_s, u"121212"_s};
+
+// How long a clerk takes, in seconds.
+constexpr int kToLogIn = 12;
+constexpr int kToTypeAParty = 140;
+constexpr int kToTakeADeposit = 45;
+constexpr int kToLeave = 30;
+constexpr int kForAll = 300; // so long before the opening the last of them arrives
+
+const Employee& OnDuty(Shift shift, QTime time) {
+    switch (shift) {
+    case Shift::Housekeeping:
+        return kHousekeeper;
+    case Shift::Engineering:
+        return kEngineer;
+    case Shift::FrontDesk:
+        break;
+    }
+    return time.hour() >= 7 && time.hour() < 19 ? kDayClerk : kNightClerk;
+}
+
+void Expect(bool came, const QString& words) {
+    if (!came)
+        throw DemoFailure(words);
+}
+
+void ExpectNone(const std::optional<Notice>& notice) {
+    if (notice)
+        throw DemoFailure(notice->title + u"："_s + notice->words);
+}
+
+// A word that is on the list from which a clerk picks it; an empty one is none.
+QString Picked(QStringView word, QStringView category) {
+    Expect(word.isEmpty() || LoadCategory(category).contains(word), category + u" 没有 "_s + word);
+    return word.toString();
+}
+
+QString With(QString record, std::initializer_list<std::pair<QStringView, QStringView>> fields) {
+    for (const auto& [tag, value] : fields)
+        record = SetTag(record, tag, value);
+    return record;
+}
+
+class Desk {
+public:
+    Desk(std::function<void(const QDateTime&)> setServerClock, QDate openingDay)
+        : setServerClock_(std::move(setServerClock)), openingDay_(openingDay) {}
+
+    void logIn(const Employee& employee, const QDateTime& moment);
+    void leave();
+
+    // What the user who is logged in does.
+    void checkIn(const DemoParty& party);
+    void setStatus(const DemoStatusChange& change);
+
+private:
+    void moveTo(const QDateTime& moment);
+    void goOn(int seconds) { moveTo(Clock::Now().addSecs(seconds)); }
+
+    QList<ChosenRoom> choose(const DemoParty& party) const;
+    QString newForm(const DemoParty& party) const;
+    QString typed(QString form, const DemoGuest& guest) const;
+    QString priced(const QString& form, const DemoParty& party) const;
+    QString typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms);
+    void takeDeposit(const DemoParty& party, const QString& folio);
+
+    std::function<void(const QDateTime&)> setServerClock_;
+    QDate openingDay_;
+    QString user_;
+};
+
+void Desk::moveTo(const QDateTime& moment) {
+    setServerClock_(moment);
+    Clock::Freeze(moment);
+}
+
+void Desk::logIn(const Employee& employee, const QDateTime& moment) {
+    moveTo(moment);
+    if (user_ == employee.login)
+        return;
+    user_ = employee.login;
+    Expect(CheckLogin(user_, employee.password) == LoginResult::LoggedIn, user_ + u" 不能登录"_s);
+    BeginSession(user_);
+    goOn(kToLogIn);
+}
+
+void Desk::leave() {
+    goOn(kToLeave);
+    LogLeaving();
+    user_.clear();
+}
+
+QList<ChosenRoom> Desk::choose(const DemoParty& party) const {
+    TextTable offered;
+    offered.setHeaders({room_record::kNumber.toString(), room_record::kStatus.toString(),
+                        room_record::kType.toString(), room_record::kBeds.toString()});
+    LoadKxkfQd(offered, StatusFilter(LoadCategory(u"可售房态")));
+    const QList<ChosenRoom> rooms = ChosenRooms(offered);
+    QList<ChosenRoom> chosen;
+    for (const DemoRoom& wanted : party.rooms) {
+        const auto room = std::ranges::find(rooms, wanted.number, &ChosenRoom::number);
+        Expect(room != rooms.end(), u"客房 "_s + wanted.number + u" 不能出售"_s);
+        chosen.append(*room);
+    }
+    return chosen;
+}
+
+QString Desk::newForm(const DemoParty& party) const {
+    const QDate leaves = openingDay_.addDays(party.leavesIn);
+    return With(NewGuestForm(Clock::Now()), {{kReceptionist, CurrentSession().userName},
+                                             {kStatus, Picked(party.status, u"入住房态")},
+                                             {kDeparture, leaves.toString(u"yyyy-MM-dd")},
+                                             {kReason, Picked(party.reason, u"停留事由")},
+                                             {kComingFrom, Picked(party.from, u"省市名称")},
+                                             {kGoingTo, Picked(party.to, u"省市名称")},
+                                             {kEmployer, party.employer},
+                                             {kReceivedBy, party.reception},
+                                             {kRateKind, party.rate}});
+}
+
+QString Desk::typed(QString form, const DemoGuest& guest) const {
+    for (const QStringView tick : {kSharesRoom, kPays}) {
+        if (GetTag(form, tick).isEmpty())
+            form = SetTag(form, tick, u"0");
+    }
+    form = With(form, {{kName, guest.name},
+                       {kDocumentKind, Picked(guest.kind, u"证件名称")},
+                       {kDocumentNumber, guest.document},
+                       {kJobTitle, Picked(guest.job, u"职务职称")},
+                       {kSex, guest.sex},
+                       {kAge, guest.age},
+                       {kAddress, guest.address}});
+    if (guest.kind != kIdentityCard)
+        return form;
+    const auto identity = AnalyseIdentityNumber(guest.document);
+    Expect(identity.has_value(), guest.document + u" 不是身份证号码"_s);
+    const QString remark = WithBirthday(GetTag(form, kRemark), identity->birthDate, Clock::Today());
+    return With(form, {{kSex, identity->sex},
+                       {kAge, identity->age},
+                       {kAddress, identity->address()},
+                       {kRemark, remark}});
+}
+
+// The rate is that of the room's type.
+QString Desk::priced(const QString& form, const DemoParty& party) const {
+    const RateChoice rates = RatesOfType(RatesInUse(), GetTag(form, kRoomType));
+    ExpectNone(rates.notice);
+    const QString price = rates.price(party.rate);
+    Expect(!price.isEmpty(), GetTag(form, kRoomType) + u" 没有 "_s + party.rate);
+    Expect(party.price.isEmpty() || IsNegotiable(party.rate), party.rate + u" 不能改"_s);
+    return With(form,
+                {{kRateKind, party.rate}, {kPrice, party.price.isEmpty() ? price : party.price}});
+}
+
+QString Desk::typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms) {
+    QString set = OpenWorkingSet({}, rooms);
+    QString form = newForm(party);
+    bool quickly = false;
+    for (const DemoRoom& room : party.rooms) {
+        const QStringList beds = BedsOfSet(set, room.number);
+        Expect(beds.size() >= room.guests.size(), u"客房 "_s + room.number + u" 床位不够"_s);
+        for (qsizetype i = 0; i < room.guests.size(); ++i) {
+            form = GuestForForm(GuestOfSet(set, room.number, beds[i]), form, Clock::Now());
+            form = SetTag(form, kRemark, Picked(party.remark, u"注释选择"));
+            form = InWritingOrder(priced(typed(form, room.guests[i]), party));
+            set = WithGuest(set, room.number, beds[i], form);
+        }
+        quickly = quickly || room.guests.isEmpty();
+    }
+    if (!quickly)
+        return set;
+    const QuickRegistration registered = RegisterQuickly(set);
+    ExpectNone(registered.refusal);
+    return registered.set;
+}
+
+// As the cashier posts it: money that was received, or a credit up to a limit.
+void Desk::takeDeposit(const DemoParty& party, const QString& folio) {
+    const DemoDeposit& deposit = party.deposit;
+    const QString kind = Picked(deposit.kind, category::kGuarantees);
+    const bool isMoney =
+        std::ranges::any_of(QStringList{u"实收"_s, u"预付"_s, u"定额"_s, u"现金"_s},
+                            [&kind](const QString& word) { return kind.contains(word); });
+    const QString record = With({}, {{u"信用保证种类", kind},
+                                     {u"支付方式", Picked(deposit.way, u"支付方式")},
+                                     {u"客人", party.rooms.first().guests.first().name},
+                                     {u"日期", Clock::DateText()},
+                                     {u"时间", Clock::TimeText()},
+                                     {isMoney ? u"实收金额" : u"信用金额", deposit.amount},
+                                     {u"备注", deposit.note},
+                                     {u"经办单位", CurrentSession().userDept},
+                                     {u"经办人", CurrentSession().userName}});
+    Expect(SaveBills(folio, kDepositPosting, record).status == 0, u"押金没有保存："_s + folio);
+    SaveLogRec(
+        u"信用押金增加操作"_s,
+        QStringList{folio, kind, deposit.way.toString(), deposit.amount.toString()}.join(u','));
+}
+
+void Desk::checkIn(const DemoParty& party) {
+    const QList<ChosenRoom> rooms = choose(party);
+    const QString set = typedSet(party, rooms);
+    goOn(kToTypeAParty);
+    const CheckInOutcome outcome = ConfirmCheckIn(set, rooms);
+    ExpectNone(outcome.notice);
+    Expect(outcome.confirmed, u"没有登记："_s + party.rooms.first().number);
+    goOn(kToTakeADeposit);
+    takeDeposit(party, outcome.firstFolio);
+}
+
+void Desk::setStatus(const DemoStatusChange& change) {
+    const StatusChange changed =
+        SetStatusByHand(change.room, Picked(change.status, category::kRoomStates));
+    ExpectNone(changed.refusal);
+    Expect(changed.changed, u"客房 "_s + change.room + u" 的房态没有改变"_s);
+}
+
+struct Event {
+    QDateTime at;
+    Employee by;
+    std::function<void(Desk&)> happens;
+};
+
+QList<Event> EventsBefore(const QDateTime& opening) {
+    QList<Event> events;
+    const auto add = [&](const DemoMoment& moment, Shift shift, auto happens) {
+        const QDateTime at = moment.from(opening);
+        events.append({at, OnDuty(shift, at.time()), happens});
+    };
+    for (const DemoParty& party : DemoParties())
+        add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
+    for (const DemoStatusChange& change : DemoStatusChanges())
+        add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
+    std::ranges::stable_sort(events, {}, &Event::at);
+    return events;
+}
+
+// Whoever has more to do on the same day stays at the desk.
+bool StaysFor(const Event& next, const Event& event) {
+    return next.by.login == event.by.login && next.at.date() == event.at.date();
+}
+
+} // namespace
+
+QDateTime DemoMoment::from(const QDateTime& opening) const {
+    if (time.isEmpty())
+        return opening.addSecs(-60 * minutes);
+    const QDateTime at(opening.date().addDays(-days), QTime::fromString(time, u"HH:mm"));
+    return at.addSecs(kForAll) <= opening ? at : at.addDays(-1);
+}
+
+void BringInGuests(const QDateTime& opening,
+                   const std::function<void(const QDateTime&)>& setServerClock) {
+    Desk desk(setServerClock, opening.date());
+    const QList<Event> events = EventsBefore(opening);
+    for (qsizetype i = 0; i < events.size(); ++i) {
+        desk.logIn(events[i].by, events[i].at);
+        events[i].happens(desk);
+        if (i + 1 == events.size() || !StaysFor(events[i + 1], events[i]))
+            desk.leave();
+    }
+    Clock::Freeze(opening);
+    setServerClock(opening);
+}
+
+} // namespace hotel

@@ -1,0 +1,57 @@
+// demo_guests FOLDER: brings guests into the demo hotel whose store lies in the folder, which nobody
+// serves meanwhile. Ends with 0 when all are in, with 1 when not, with 2 when the command line makes no
+// sense.
+//
+// It serves the store itself: the guests arrived over the last days, and only a server whose clock goes
+// along lets logins, logs and journals bear the days on which they would have been written.
+
+#include <atomic>
+#include <cstdio>
+
+#include <QCoreApplication>
+
+#include "app/demo/demo_guests.h"
+#include "link/Wck_comm.h"
+#include "record/literals.h"
+#include "server/server_thread.h"
+
+namespace hotel {
+
+namespace {
+
+void Open(const QString& folder) {
+    const QDateTime opening = QDateTime::currentDateTime();
+    std::atomic<qint64> serverClock = opening.toMSecsSinceEpoch();
+    ServerSettings settings;
+    settings.dataFolder = folder;
+    settings.port = 0;
+    settings.clock = [&serverClock] { return QDateTime::fromMSecsSinceEpoch(serverClock); };
+    const ServerThread server(std::move(settings));
+
+    Wck_comm link;
+    SetLink(&link);
+    link.ProdID = kProductId.toString();
+    link.ConnectServer(u"127.0.0.1"_s, QString::number(server.port()));
+    BringInGuests(opening, [&serverClock](const QDateTime& moment) {
+        serverClock = moment.toMSecsSinceEpoch();
+    });
+}
+
+} // namespace
+
+} // namespace hotel
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    if (argc != 2) {
+        std::fputs("usage: demo_guests FOLDER\n", stderr);
+        return 2;
+    }
+    try {
+        hotel::Open(QString::fromLocal8Bit(argv[1]));
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "demo_guests: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
