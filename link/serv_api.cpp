@@ -228,6 +228,25 @@ QString DbReadRecord(QStringView file, QStringView project, QStringView record) 
     return ValueOrAnswer(Ask(CommandLine(u"读取记录") + Place(file, project, record)), record);
 }
 
+namespace {
+
+// A record out of the block that came along. It mostly stands right behind the one taken last: then the
+// block need not be searched from its beginning.
+QString NextOf(BufferedReadMemo& memo, const QString& name) {
+    const QString opening = u'<' + name + u'>';
+    const QString closing = u"</"_s + name + u'>';
+    QStringView rest = QStringView(memo.answer).sliced(memo.next);
+    if (rest.startsWith(kCrLf))
+        rest = rest.sliced(kCrLf.size());
+    const qsizetype end = rest.startsWith(opening) ? rest.indexOf(closing) : -1;
+    if (end < 0)
+        return GetTag(memo.answer, name);
+    memo.next = rest.data() + end + closing.size() - memo.answer.constData();
+    return rest.sliced(opening.size(), end - opening.size()).toString();
+}
+
+} // namespace
+
 QString DbReadRecordBuffered(QStringView file, QStringView project, QStringView record) {
     const QString name = TrimBlanks(record);
     if (name.isEmpty())
@@ -237,7 +256,7 @@ QString DbReadRecordBuffered(QStringView file, QStringView project, QStringView 
     const QStringList place{TrimWhite(file), TrimWhite(project)};
     const qint64 age = memo.used.msecsTo(Clock::Now());
     if (memo.place == place && age >= 0 && age < kBufferedMilliseconds) {
-        const QString value = memo.record == name ? memo.value : GetTag(memo.answer, name);
+        const QString value = memo.record == name ? memo.value : NextOf(memo, name);
         if (memo.record == name || !value.isEmpty()) {
             memo.record = name;
             memo.value = value;
@@ -246,7 +265,8 @@ QString DbReadRecordBuffered(QStringView file, QStringView project, QStringView 
         }
     }
     const QString answer = Ask(CommandLine(u"缓冲读取记录") + Place(place[0], place[1], name));
-    memo = {place, name, answer, GetTag(answer, name), Clock::Now()};
+    memo = {place, name, answer, {}, Clock::Now(), 0};
+    memo.value = NextOf(memo, name);
     return memo.value;
 }
 

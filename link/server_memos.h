@@ -22,6 +22,7 @@ struct BufferedReadMemo {
     QString answer;
     QString value;
     QDateTime used;
+    qsizetype next = 0; // behind the value taken last
 };
 
 struct CachedRecord {

@@ -1,8 +1,10 @@
 #include "server/command_table.h"
 
 #include <algorithm>
+#include <bitset>
 
 #include <QDir>
+#include <QSet>
 
 #include "record/numbers.h"
 #include "record/record_text.h"
@@ -284,6 +286,47 @@ CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
 
 // The record and, up to a bound, those behind it. A following record is left out, with all behind
 // it, when its tags stand in the block already: the reader of the block would find the wrong text.
+// Which names of the block's records stand as tags inside its values: there the reader would find the
+// value of the tag in place of the record's.
+class TagsInside {
+public:
+    explicit TagsInside(const QList<NamedText>& records) {
+        for (const NamedText& record : records) {
+            names_.insert(record.name);
+            firsts_.set(Place(record.name));
+        }
+    }
+
+    void take(QStringView value) {
+        qsizetype open = -1;
+        for (qsizetype i = 0; i < value.size(); ++i) {
+            if (value[i] == u'<') {
+                open = i;
+            } else if (value[i] == u'>' && open >= 0) {
+                QStringView tag = value.sliced(open + 1, i - open - 1);
+                if (tag.startsWith(u'/'))
+                    tag = tag.sliced(1);
+                if (!tag.isEmpty() && firsts_[Place(tag)] && names_.contains(tag))
+                    found_.insert(tag);
+                open = -1;
+            }
+        }
+    }
+
+    bool has(QStringView name) const { return found_.contains(name); }
+
+private:
+    // Most tags are told from all names by length and first character.
+    static size_t Place(QStringView name) {
+        return (size_t(name.first(1)[0].unicode()) * 16 + size_t(name.size())) % kPlaces;
+    }
+    static constexpr size_t kPlaces = 4096;
+
+    std::bitset<kPlaces> firsts_;
+    QSet<QStringView> names_;
+    QSet<QStringView> found_;
+};
+
 CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
     const RecordKey key(request);
     const QList<NamedText> records =
@@ -291,12 +334,13 @@ CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& reque
     if (records.isEmpty())
         return ReadRecord(server, peer, request);
     QString block = FieldText(records.first().name, records.first().text);
+    TagsInside inside(records);
+    inside.take(records.first().text);
     for (const NamedText& record : records.sliced(1)) {
-        const bool hidden =
-            block.contains(u'<' % record.name % u'>') || block.contains(u"</" % record.name % u'>');
-        if (hidden || block.size() + record.text.size() > kBlockLength)
+        if (inside.has(record.name) || block.size() + record.text.size() > kBlockLength)
             break;
         block += kCrLf % FieldText(record.name, record.text);
+        inside.take(record.text);
     }
     return {block};
 }
