@@ -19,7 +19,7 @@ namespace hotel {
 
 namespace {
 
-constexpr int kNumberWidth = 260;
+constexpr int kWidths[] = {220, 140, 80}; // of all columns but the last
 
 bool MovesInTree(const QKeyEvent& key) {
     return key.key() == Qt::Key_Up || key.key() == Qt::Key_Down || key.key() == Qt::Key_PageUp ||
@@ -46,7 +46,8 @@ Jzhfrm::Jzhfrm(Use use, const QString& typed)
                             });
     QVRTrVw->headerItem()->setText(0, u"结账号"_s);
     QVRTrVw->headerItem()->setText(1, u"客人"_s);
-    QVRTrVw->setColumnWidth(0, kNumberWidth);
+    for (int column = 0; column < int(std::size(kWidths)); ++column)
+        QVRTrVw->setColumnWidth(column, kWidths[column]);
     for (QObject* control : {static_cast<QObject*>(search_), static_cast<QObject*>(QVRTrVw)})
         control->installEventFilter(this);
 

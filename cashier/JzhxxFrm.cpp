@@ -73,6 +73,15 @@ QList<RecordTree::Column> TreeColumns() {
     return columns;
 }
 
+int PostingsIn(const RecordTree& ledger) {
+    int postings = 0;
+    for (int kind = kDepositPosting; kind <= kServicePosting; ++kind) {
+        const QTreeWidgetItem* project = ledger.find(PostingProject(kind));
+        postings += project ? project->childCount() : 0;
+    }
+    return postings;
+}
+
 QString ValueLine(const QTreeWidgetItem* node) {
     const bool isProject = node && !node->parent();
     if (!node || (RecordTree::IsRecord(node) && IsChargeProject(node->parent()->text(0))))
@@ -196,7 +205,10 @@ void JzhxxFrm::ShowLedger(const QString& folio) {
         project->setExpanded(IsChargeProject(project->text(0)));
     }
     QVRTrVw_Click();
-    setStatus(load == RecordTree::Load::Complete ? QString() : u"账务没有读完，按 F5 再读"_s);
+    if (load != RecordTree::Load::Complete)
+        setStatus(u"账务没有读完，按 F5 再读"_s);
+    else
+        setStatus(folio.isEmpty() ? QString() : u"共 %1 笔账务"_s.arg(PostingsIn(*QVRTrVw)));
 }
 
 void JzhxxFrm::JzhmxQd_Click(int row) {

@@ -66,6 +66,7 @@ RecordTree::RecordTree(const QString& name, Fields fields, QWidget* parent)
     setHeaderLabels({u"名称"_s, u"内容"_s});
     setColumnWidth(0, kNameWidth);
     setUniformRowHeights(true);
+    setAlternatingRowColors(true);
     if (fields_ == Fields::WhenOpened)
         connect(this, &QTreeWidget::itemExpanded, this, &RecordTree::addFields);
 }
