@@ -40,7 +40,8 @@ ClientConnection::ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QO
 }
 
 std::optional<Request> ClientConnection::next() {
-    if (held_ || choked())
+    waitsForRoom_ = choked();
+    if (held_ || waitsForRoom_)
         return std::nullopt;
     while (true) {
         if (std::optional<Request> request = reader_.next())
@@ -101,7 +102,7 @@ void ClientConnection::dropIfStalled(qint64 milliseconds) {
 
 void ClientConnection::socket_bytesWritten() {
     progress_.restart();
-    if (!choked())
+    if (waitsForRoom_ && !choked())
         Q_EMIT ready(this);
 }
 

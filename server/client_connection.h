@@ -72,8 +72,9 @@ private:
     QTcpSocket* socket_;
     qsizetype unsentLimit_;
     RequestReader reader_;
-    QElapsedTimer progress_; // since the client last took something
-    bool held_ = false;      // no request is taken until the next answer
+    QElapsedTimer progress_;    // since the client last took something
+    bool waitsForRoom_ = false; // requests stay unread until the client has taken answers
+    bool held_ = false;         // no request is taken until the next answer
     bool gone_ = false;
 };
 
