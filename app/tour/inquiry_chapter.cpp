@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QFileInfo>
 #include <QTreeWidget>
 
 #include "app/tour/tour.h"
@@ -28,15 +27,6 @@ void ComposeQuery(Tour& tour, Screen& query) {
     tour.press(query, u"Search_cmd"_s);
 }
 
-// Prints what the preview shows into a PDF file beside the pictures.
-void PrintToPdf(Tour& tour, Screen& preview, const QString& name) {
-    tour.answering(u"PrtSet"_s, [&tour](Screen& settings) { tour.press(settings, u"Command1"_s); });
-    const QString path = tour.paper(name);
-    tour.messages().answerNext(path);
-    tour.press(preview, u"PrintCmd"_s);
-    tour.expect(QFileInfo(path).size() > 0, name + u" 没有打印"_s);
-}
-
 // Works on the list as a manager does: statistics of a column, then paper.
 void WorkOnTheList(Tour& tour, Screen& list) {
     auto* rows = list.findChild<GridView*>(u"GrdView"_s);
@@ -48,7 +38,7 @@ void WorkOnTheList(Tour& tour, Screen& list) {
     tour.waitFor([] { return FindScreen(u"PrtPrev") != nullptr; }, u"没有打印预览"_s);
     Screen& preview = tour.opened(u"PrtPrev"_s);
     tour.picture(preview, u"打印预览"_s);
-    PrintToPdf(tour, preview, u"操作记录清单"_s);
+    tour.printToPdf(preview, u"操作记录清单"_s);
     preview.close();
     list.close();
 }
@@ -71,7 +61,7 @@ void SeeToFormat(Tour& tour, const QString& file, bool first) {
         Screen& preview = tour.opened(u"PrtPrev"_s);
         if (first)
             tour.picture(preview, u"预览-"_s + form);
-        PrintToPdf(tour, preview, form);
+        tour.printToPdf(preview, form);
         preview.close();
         QApplication::processEvents();
         break;

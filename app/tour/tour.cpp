@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -91,6 +92,19 @@ void Tour::picture(QWidget& window, const QString& name) {
     const QString number = QString::number(++pictures_).rightJustified(2, u'0');
     const QString path = folder_ + u'/' + number + u'-' + name + u".png"_s;
     expect(SavePicture(&window, path), u"不能写图片 "_s + path);
+}
+
+void Tour::key(QWidget& window, Qt::Key key) {
+    QWidget* widget = window.focusWidget() ? window.focusWidget() : &window;
+    QTest::keyClick(widget, key);
+}
+
+void Tour::printToPdf(Screen& preview, const QString& name) {
+    answering(u"PrtSet"_s, [this](Screen& settings) { press(settings, u"Command1"_s); });
+    const QString path = folder_ + u'/' + name + u".pdf"_s;
+    messages_.answerNext(path);
+    press(preview, u"PrintCmd"_s);
+    expect(QFileInfo(path).size() > 0, name + u" 没有打印"_s);
 }
 
 Screen& Tour::opened(const QString& name) {
