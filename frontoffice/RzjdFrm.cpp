@@ -142,7 +142,7 @@ RzjdFrm::RzjdFrm()
 }
 
 void RzjdFrm::load(const QVariant&) {
-    if (typedGuests() > 0)
+    if (Yxkfqd->table().dataRows() > 0)
         return;
     Ftys->setEntries(LoadCategory(u"可售房态"));
     LoadRateTable();

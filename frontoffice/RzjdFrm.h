@@ -26,7 +26,7 @@ class RzjdFrm : public Screen {
 public:
     RzjdFrm();
 
-    // Reads rooms and rates. A party that is being typed is left as it is.
+    // Reads rooms and rates. Rooms that are chosen already, and their guests, are left as they are.
     void load(const QVariant& argument) override;
 
 protected:
