@@ -3,10 +3,14 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "cashier/Jzhfrm.h"
+#include "cashier/JzhxxFrm.h"
 #include "frontoffice/Fjxxfrm.h"
+#include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
+#include "frontoffice/RzjdFrm.h"
 #include "frontoffice/guest_query.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
@@ -23,12 +27,12 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"RzjdFrm", u"KrhfFrm",  u"PicCap",  u"Ftxxfrm", u"frmWX",   u"frmShw",   u"frmTimer",
-    u"Jzhfrm",  u"FyxxFrm",  u"YstjFrm", u"JztfFrm", u"Yecy",    u"YybbFrm",  u"Userfrm",
-    u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet", u"khxxmain", u"frmYsk",
-    u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx",
-    u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView", u"Xtwh",     u"Gys",
-    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",  u"SetPass",
+    u"KrhfFrm", u"PicCap",  u"frmWX",    u"frmShw",  u"frmTimer", u"FyxxFrm",  u"YstjFrm",
+    u"JztfFrm", u"Yecy",    u"YybbFrm",  u"Userfrm", u"PicView",  u"GzjhFrm",  u"frmYD",
+    u"Pmxs",    u"ShopSet", u"khxxmain", u"frmYsk",  u"QdjzFrm",  u"Accntfrm", u"Kdjf",
+    u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",
+    u"frmCx",   u"QVRView", u"Xtwh",     u"Gys",     u"Gyxx",     u"QfyjFrm",  u"QfdxFrm",
+    u"PlDyxf",  u"SetPass",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -50,12 +54,16 @@ bool IsToCome(QStringView screen) {
 void RegisterScreens() {
     RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
     RegisterScreen(u"FlmcFrm", [] { return new FlmcFrm; });
+    RegisterScreen(u"Ftxxfrm", [] { return new Ftxxfrm; });
+    RegisterScreen(u"Jzhfrm", [] { return new Jzhfrm; });
+    RegisterScreen(u"JzhxxFrm", [] { return new JzhxxFrm; });
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
     RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     RegisterScreen(
         u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
+    RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;

@@ -18,6 +18,9 @@ int main(int argc, char** argv) {
         Tour tour(application, QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
         TourOfLogin(tour);
         TourOfRooms(tour);
+        TourOfParties(tour);
+        TourOfBoard(tour);
+        TourOfFolio(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);

@@ -43,17 +43,18 @@ public:
     // A picture of the window, numbered in the order taken: 07-<name>.png.
     void picture(QWidget& window, const QString& name);
 
-    // Lets events run until the condition holds; fails with the words after ten seconds.
-    // Where a paper that the step prints goes: <name>.pdf beside the pictures.
-    QString paper(const QString& name) const {
-        return folder_ + QStringLiteral("/") + name + QStringLiteral(".pdf");
-    }
+    // A key on whatever has the focus in the window.
+    void key(QWidget& window, Qt::Key key);
+
+    // Prints what the preview shows into <name>.pdf beside the pictures.
+    void printToPdf(Screen& preview, const QString& name);
 
     // The open screen of that name; fails when it isn't there.
     Screen& opened(const QString& name);
     // Has `answer` run as soon as a question of that name is on display; the step that follows asks it.
     void answering(const QString& name, const std::function<void(Screen&)>& answer);
 
+    // Lets events run until the condition holds; fails with the words after ten seconds.
     void waitFor(const std::function<bool()>& condition, const QString& words);
     void expect(bool condition, const QString& words);
 
@@ -74,6 +75,9 @@ private:
 // The chapters, in the order of the day.
 void TourOfLogin(Tour& tour);
 void TourOfRooms(Tour& tour);
+void TourOfParties(Tour& tour);
+void TourOfBoard(Tour& tour);
+void TourOfFolio(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 
