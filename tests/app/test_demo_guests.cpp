@@ -1,0 +1,165 @@
+#include <QMap>
+#include <QTest>
+
+#include "app/demo/demo_guests.h"
+#include "house/folio.h"
+#include "house/folio_posting.h"
+#include "house/guest_text.h"
+#include "house/paths.h"
+#include "house/records.h"
+#include "house/room_record.h"
+#include "house/room_status.h"
+#include "house/stay_register.h"
+#include "platform/clock.h"
+#include "record/field_walk.h"
+#include "record/literals.h"
+#include "record/record_text.h"
+#include "screen/messages.h"
+#include "tests/hotel_test.h"
+#include "tests/test_hotel.h"
+
+using namespace hotel;
+
+namespace {
+
+bool HasItsCheckCharacter(QStringView identityNumber) {
+    constexpr QStringView kCheck = u"10X98765432";
+    int sum = 0;
+    for (int i = 0; i < 17; ++i)
+        sum += identityNumber[i].digitValue() * ((1 << (17 - i)) % 11);
+    return identityNumber.size() == 18 && identityNumber[17] == kCheck[sum % 11];
+}
+
+struct House {
+    int rooms = 0; // occupied
+    int guests = 0;
+    QMap<QString, int> roomsByStatus;
+    QMap<QString, QSet<QString>> roomsByFolio;
+    QSet<QString> documents;
+    QSet<QString> arrivalDates;
+};
+
+int RecordsOf(const QString& project) {
+    int records = 0;
+    for (FieldWalk walk(project); walk.next();)
+        ++records;
+    return records;
+}
+
+} // namespace
+
+class DemoGuestsTest : public QObject {
+    Q_OBJECT
+
+    // A guest in his bed: complete, arrived, and on an open folio that holds the bed.
+    static void checkGuest(House& house, const QString& room, int bed, const QString& guest) {
+        using namespace guest_text;
+        const QString folio = GetTag(guest, kFolio);
+        const QString arrived = GetTag(guest, kArrivalDate) + u' ' + GetTag(guest, kArrivalTime);
+        const QString held = GetTag(FindOpenFolio(folio).value_or(QString()), room);
+        QCOMPARE(TestKrRecFail(guest), 0);
+        QCOMPARE(GetTag(GetTag(held, BedTag(bed)), kName), GetTag(guest, kName));
+        QVERIFY(arrived < Clock::Now().toString(u"yyyy-MM-dd HH:mm"));
+        QVERIFY(GetTag(guest, kDeparture) >= Clock::DateText());
+        QCOMPARE(u"20%1-%2-%3"_s.arg(folio.mid(0, 2), folio.mid(2, 2), folio.mid(4, 2)),
+                 GetTag(guest, kArrivalDate));
+        if (GetTag(guest, kDocumentKind) == kIdentityCard) {
+            QVERIFY(HasItsCheckCharacter(GetTag(guest, kDocumentNumber)));
+            QVERIFY(!GetTag(guest, kAddress).split(u',').contains(QString()));
+        }
+        house.roomsByFolio[folio].insert(room);
+        house.documents.insert(GetTag(guest, kDocumentNumber));
+        house.arrivalDates.insert(GetTag(guest, kArrivalDate));
+    }
+
+    static void checkRoom(House& house, const RoomEntry& room) {
+        const QString status = GetTag(room.record, room_record::kStatus);
+        const QString guests = GetKfrzxx(room.number);
+        const int present = RecordsOf(guests);
+        QCOMPARE(GetTag(room.record, room_record::kGuests).toInt(), present);
+        QVERIFY(present <= BedsOfRoom(room.record));
+        if (present == 0)
+            return;
+        QVERIFY(!IsVacant(status));
+        ++house.rooms;
+        ++house.roomsByStatus[status];
+        house.guests += present;
+        for (int bed = 1; bed <= kBedLimit; ++bed) {
+            const QString guest = GetTag(guests, GuestTag(bed));
+            if (guest.isEmpty())
+                continue;
+            QCOMPARE(GetTag(guest, guest_text::kStatus), status);
+            checkGuest(house, room.number, bed, guest);
+        }
+    }
+
+private Q_SLOTS:
+    void addsUp_data() {
+        QTest::addColumn<QTime>("time");
+        QTest::newRow("in the morning") << QTime(10, 0);
+        QTest::newRow("just behind midnight") << QTime(0, 4, 30);
+        QTest::newRow("late") << QTime(23, 59, 59);
+    }
+
+    // Whenever it is opened: rooms, guests, folios, ledgers, journals and the register agree.
+    void addsUp() {
+        QFETCH(QTime, time);
+        TestHotel hotel(TestHotel::Start::NobodyLoggedIn);
+        const MessageRecorder messages;
+        const QDateTime opening(QDate(2026, 3, 5), time);
+        BringInGuests(opening, [&hotel](const QDateTime& now) { hotel.setServerClock(now); });
+        QCOMPARE(Clock::Now(), opening);
+        QCOMPARE(messages.words(), QStringList());
+        hotel.desk().logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+
+        House house;
+        for (const RoomEntry& room : LoadRooms()) {
+            checkRoom(house, room);
+            if (QTest::currentTestFailed())
+                QFAIL(qPrintable(room.number));
+        }
+        QVERIFY2(house.rooms >= 35 && house.rooms <= 50, qPrintable(QString::number(house.rooms)));
+        for (const QStringView status :
+             {u"包房", u"散客", u"长包", u"钟点", u"会议", u"团队", u"免费"})
+            QVERIFY2(house.roomsByStatus.contains(status.toString()),
+                     qPrintable(status.toString()));
+
+        const QStringList folios = LoadJzhQd();
+        QCOMPARE(QSet<QString>(folios.begin(), folios.end()),
+                 QSet<QString>(house.roomsByFolio.keyBegin(), house.roomsByFolio.keyEnd()));
+        qsizetype largest = 0;
+        for (const auto& rooms : house.roomsByFolio)
+            largest = std::max(largest, rooms.size());
+        QCOMPARE(largest, 12);
+
+        int registered = 0;
+        int journalled = 0;
+        for (const QString& date : house.arrivalDates) {
+            registered += RecordsOf(
+                ReadProject(StayRegisterFile(date, Clock::Today()), stay_register::kProject));
+            const QString project = PostingProject(kDepositPosting);
+            journalled += RecordsOf(
+                ReadProject(JournalFile(project, QDate::fromString(date, u"yyyy-MM-dd")), project));
+        }
+        QCOMPARE(registered, house.guests);
+        QCOMPARE(journalled, int(folios.size()));
+        for (const QString& folio : folios)
+            QVERIFY(!LoadJzhLastRec(folio, PostingProject(kDepositPosting)).isEmpty());
+    }
+
+    // A house that isn't empty takes no second party in the same beds, and says so.
+    void saysWhatDoesNotComeOut() {
+        TestHotel hotel(TestHotel::Start::NobodyLoggedIn);
+        const auto bringIn = [&hotel] {
+            BringInGuests(TestHotel::Moment(),
+                          [&hotel](const QDateTime& now) { hotel.setServerClock(now); });
+        };
+        bringIn();
+        QVERIFY_EXCEPTION_THROWN(bringIn(), DemoFailure);
+        hotel.stopServer();
+        QVERIFY_EXCEPTION_THROWN(bringIn(), DemoFailure);
+    }
+};
+
+HOTEL_TEST(DemoGuestsTest)
+#include "test_demo_guests.moc"
