@@ -22,6 +22,13 @@ constexpr int kLargestWidth = 1920; // enough to read a document by
 constexpr float kSlowestRate = 10;  // pictures a second; below that nobody can aim
 constexpr int kJpegQuality = 90;
 
+// The toolkit's own choice reaches cameras only with plug-ins that it does not bring along; this one
+// asks the system itself.
+void ChooseBackend() {
+    if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
+        qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+}
+
 QCameraDevice FindDevice(const QString& device) {
     if (device.isEmpty())
         return QMediaDevices::defaultVideoInput();
@@ -79,6 +86,7 @@ class SystemCamera : public Camera {
 public:
     bool CamConnect(const QString& device) override {
         CamDisConnect();
+        ChooseBackend();
         const QCameraDevice found = FindDevice(device);
         if (found.isNull())
             return false;
