@@ -6,14 +6,9 @@
 #include <QStringList>
 #include <QStringView>
 
-namespace hotel {
+#include "house/folio_summary.h"
 
-struct FolioSummary {
-    QString payer; // the paying guest; where none is entered, the first guest
-    QStringList rooms;
-    QStringList guests; // names, bed by bed
-};
-FolioSummary SummaryOf(QStringView openRecord);
+namespace hotel {
 
 // A folio's searchable words: its rooms, and its guests by name and by pinyin initials.
 QStringList SearchWords(const FolioSummary& folio);

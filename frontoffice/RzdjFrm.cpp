@@ -11,6 +11,7 @@
 
 #include "frontoffice/photo_capture.h"
 #include "house/folio.h"
+#include "house/folio_summary.h"
 #include "house/guest_text.h"
 #include "house/room_record.h"
 #include "house/room_status.h"
@@ -65,6 +66,17 @@ const QList<FormField> kFields = {
 };
 constexpr int kColumns = 3;
 
+// An open folio as the clerk picks it: its number, then what it is known by.
+QString FolioChoice(const QString& number, const FolioSummary& folio) {
+    constexpr int kShownRooms = 3;
+    const qsizetype rooms = folio.rooms.size();
+    QStringList words{number, folio.payer};
+    words += folio.rooms.mid(0, kShownRooms);
+    if (rooms > kShownRooms)
+        words.append(u"共%1间"_s.arg(rooms));
+    return words.join(u' ');
+}
+
 // What can be lacking, by the flags of the test.
 struct Lack {
     GuestLack flag;
@@ -81,10 +93,6 @@ constexpr int kIdentityLengths[] = {15, 18};
 
 bool HasIdentityLength(const QString& number) {
     return std::ranges::find(kIdentityLengths, number.size()) != std::end(kIdentityLengths);
-}
-
-QString AddressOf(const IdentityNumber& identity) {
-    return QStringList{identity.province, identity.city, identity.county}.join(u',');
 }
 
 } // namespace
@@ -145,7 +153,12 @@ RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
 
 void RzdjFrm::load(const QVariant&) {
     form_->loadCategories();
-    form_->setChoices(u"Jzh", LoadJzhQd());
+    folios_ = LoadJzhQd();
+    const QHash<QString, FolioSummary> summaries = LoadFolioSummaries();
+    QStringList choices;
+    for (const QString& folio : folios_)
+        choices.append(FolioChoice(folio, summaries.value(folio)));
+    form_->setChoices(u"Jzh", choices);
     form_->load(SetTag(NewGuestForm(Clock::Now()), kReceptionist, CurrentSession().userName));
     SetForm(1, 1);
 }
@@ -246,7 +259,7 @@ int RzdjFrm::testKrJbxxFail() {
     const bool fills = form_->text(u"Zjzl") == kIdentityCard && form_->text(u"Hkszd").isEmpty();
     if (fills && HasIdentityLength(number)) {
         if (const auto identity = AnalyseIdentityNumber(number)) {
-            form_->setText(u"Hkszd", AddressOf(*identity));
+            form_->setText(u"Hkszd", identity->address());
             form_->setText(u"Krnl", identity->age);
             form_->setText(u"Krxb", identity->sex);
         }
@@ -257,10 +270,8 @@ int RzdjFrm::testKrJbxxFail() {
 // A moment whose folio number nobody has yet: two payers within a second would share one account.
 QDateTime RzdjFrm::folioMoment() const {
     QDateTime moment = Clock::Now();
-    const auto* folios = form_->editor<QComboBox>(u"Jzh");
-    const auto isTaken = [&](const QString& number) {
-        return set_.contains(number) || folios->findText(number) >= 0 ||
-               folios->currentText() == number;
+    const auto isTaken = [this](const QString& number) {
+        return set_.contains(number) || folios_.contains(number) || form_->text(u"Jzh") == number;
     };
     while (isTaken(NewFolioNumber(moment)))
         moment = moment.addSecs(1);
@@ -278,6 +289,8 @@ void RzdjFrm::Field_Edited(const QString& control) {
         Ffkr_Click();
     else if (control == u"Fjzl")
         Fjzl_Click();
+    else if (control == u"Jzh")
+        Jzh_Click();
 }
 
 void RzdjFrm::Field_Left(const QString& control) {
@@ -303,12 +316,12 @@ void RzdjFrm::Zjhm_KeyPress() {
     }
     if (const auto identity = AnalyseIdentityNumber(number)) {
         form_->setText(u"Zjzl", kIdentityCard.toString());
-        form_->setText(u"Hkszd", AddressOf(*identity));
+        form_->setText(u"Hkszd", identity->address());
         form_->setText(u"Krnl", identity->age);
         form_->setText(u"Krxb", identity->sex);
         form_->setText(u"Tssm",
                        WithBirthday(form_->text(u"Tssm"), identity->birthDate, Clock::Today()));
-        setStatus(u"%1，%2 岁，%3"_s.arg(identity->sex, identity->age, AddressOf(*identity)));
+        setStatus(u"%1，%2 岁，%3"_s.arg(identity->sex, identity->age, identity->address()));
     } else {
         setStatus(u"证件号码不是有效的身份证号码，请核对"_s);
     }
@@ -362,6 +375,17 @@ void RzdjFrm::Skhz_Click() {
 void RzdjFrm::Ffkr_Click() {
     if (form_->text(u"Ffkr") == u"1")
         form_->setText(u"Jzh", NewFolioNumber(folioMoment()));
+}
+
+// Of a choice only the number stays; who joins an open folio doesn't pay it.
+void RzdjFrm::Jzh_Click() {
+    const QString chosen = form_->text(u"Jzh");
+    const QString number = chosen.left(kFolioLength);
+    if (chosen == number || !folios_.contains(number))
+        return;
+    form_->setText(u"Jzh", number);
+    form_->setText(u"Ffkr", u"0"_s);
+    setStatus(u"记入结账号 "_s + chosen);
 }
 
 void RzdjFrm::Fjzl_Click() {

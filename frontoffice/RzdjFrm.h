@@ -61,6 +61,7 @@ private:
     void Skhz_Click();
     void Ffkr_Click();
     void Fjzl_Click();
+    void Jzh_Click();
     void Field_Edited(const QString& control);
     void Field_Left(const QString& control);
     void finishField();
@@ -85,6 +86,7 @@ private:
     QString set_;
     QList<ChosenRoom> rooms_;
     FormPlace place_;
+    QStringList folios_; // open ones
     QString copied_;
     RateChoice rates_;
     QString ratesOf_; // the room type that rates_ belongs to

@@ -1,5 +1,6 @@
 #include "screen/category_box.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -75,6 +76,9 @@ void CategoryBox::fill() {
 
 void CategoryBox::showPopup() {
     fill();
+    constexpr int kWidest = 480;
+    constexpr int kScrollBar = 32;
+    view()->setMinimumWidth(std::min(kWidest, view()->sizeHintForColumn(0) + kScrollBar));
     QComboBox::showPopup();
 }
 

@@ -267,6 +267,23 @@ private Q_SLOTS:
             QCOMPARE(StoredRoom(room, room_record::kStatus), u"团队"_s);
             QCOMPARE(StoredNames(room), QStringList{u"客人01 王领队"_s});
         }
+
+        OnGuestForm(desk, [&](RzdjFrm& form) { // one more of them comes later
+            TypeGuest(form, u"迟到者"_s, kNumber.toString());
+            auto* folios = form.findChild<QComboBox*>(u"Jzh"_s);
+            QCOMPARE(folios->itemText(0), u"260305100000 王领队 8201 8202 8203 共7间"_s);
+            folios->setCurrentIndex(0);
+            Q_EMIT folios->activated(0);
+            QCOMPARE(Form(form).text(u"Jzh"), u"260305100000"_s);
+            QCOMPARE(Form(form).text(u"Ffkr"), u"0"_s);
+            ChooseRate(form, u"团队价");
+            Key(Qt::Key_F8);
+        });
+        GoToRoomBox(desk);
+        TypeLine(u"8302"_s);
+        Key(Qt::Key_Enter);
+        Confirm();
+        QCOMPARE(LoadJzhQd().size(), 1);
     }
 
     void halfTypedGuestIsNotLostUnasked() {
