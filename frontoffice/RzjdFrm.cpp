@@ -256,10 +256,7 @@ void RzjdFrm::DjCmd_Click() {
         return;
     workingSet_ = form->workingSet();
     showCounts();
-    if (typedGuests() > 0)
-        command(u"QrCmd")->setFocus();
-    else
-        roomBox_->setFocus();
+    goTo(typedGuests() > 0 ? command(u"QrCmd") : static_cast<QWidget*>(roomBox_));
 }
 
 void RzjdFrm::QrCmd_Click() {

@@ -284,6 +284,15 @@ void Screen::moveOn(bool back) {
     to->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
 }
 
+void Screen::goTo(QWidget* control) {
+    if (refusing_ && !control->isEnabled()) {
+        focusBefore_ = control;
+        focusMeanwhile_ = focusWidget();
+        return;
+    }
+    control->setFocus();
+}
+
 void Screen::setFieldOrder(const QList<QWidget*>& fields) {
     for (qsizetype i = 1; i < fields.size(); ++i)
         QWidget::setTabOrder(fields[i - 1], fields[i]);

@@ -146,6 +146,10 @@ public:
     // command.
     void moveOn(bool back = false);
 
+    // Gives a control the focus: now, or, where the running handler has its command disabled, as soon
+    // as the handler has returned.
+    void goTo(QWidget* control);
+
     // The order in which Enter and Tab go through the fields. Controls that are left out keep to
     // Tab.
     void setFieldOrder(const QList<QWidget*>& fields);

@@ -159,6 +159,7 @@ private Q_SLOTS:
             QCOMPARE(FocusName(), u"Qrfj"_s); // a front-desk rate is open to negotiation
             form.findChild<QLineEdit*>(u"Qrfj"_s)->selectAll();
             TypeLine(u"250"_s);
+            QTRY_VERIFY(!desk.command(u"QrCmd")->isEnabled()); // refused meanwhile, visibly
             Key(Qt::Key_F8);
         });
         TypeLine(u"８２０３"_s);
