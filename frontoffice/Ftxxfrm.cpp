@@ -27,7 +27,7 @@ namespace hotel {
 
 namespace {
 
-constexpr int kSideWidth = 400;
+constexpr int kSideWidth = 432;
 constexpr int kToldNotices = 15; // in one message; further ones are counted
 
 constexpr QStringView kNumericTitles[] = {u"序号", room_record::kBeds, room_record::kGuests};
@@ -131,12 +131,12 @@ QWidget* Ftxxfrm::makeSide() {
 
     auto* figures = new QTabWidget;
     figures->setObjectName(u"figures"_s);
-    figures->addTab(FttjQd, u"房态统计"_s);
-    figures->addTab(LctjQd, u"楼层统计"_s);
-    figures->addTab(FxtjQd, u"房型统计"_s);
+    figures->addTab(FttjQd, u"房态统计数据"_s);
+    figures->addTab(LctjQd, u"楼层统计数据"_s);
+    figures->addTab(FxtjQd, u"房型统计数据"_s);
     figures->addTab(lists, u"显示选择"_s);
     for (GridView* counts : {FttjQd, LctjQd, FxtjQd})
-        counts->setAccessibleName(figures->tabText(figures->indexOf(counts)) + u"数据"_s);
+        counts->setAccessibleName(figures->tabText(figures->indexOf(counts)));
 
     auto* side = new QWidget;
     side->setFixedWidth(kSideWidth);
@@ -161,24 +161,29 @@ GridView* Ftxxfrm::makeCounts(const QString& name) {
 void Ftxxfrm::load(const QVariant&) {
     saveSettings(); // of a board that is asked for again
     settingsRead_ = false;
-    places_ = LoadStatusPlaces();
-    statuses_->setPlaces(places_);
-    Xslc->setEntries(LoadLcQd());
-    Xsfx->setEntries(LoadRoomTypes());
-    counts_ = EmptyCounts(places_, Xslc->entries(), Xsfx->entries());
-    loadSettings();
     KfztTb->setFocus();
     FreshCmd_Click();
 }
 
-// What could not be read is not written back when the board closes.
-void Ftxxfrm::loadSettings() {
+// What the board counts by, and what of it the user wants to see. Without the server it stays as it is,
+// to be read by the next refresh; and what could not be read is not written back when the board closes.
+void Ftxxfrm::readSettings() {
+    const StatusPlaces places = LoadStatusPlaces();
+    const QStringList floors = LoadLcQd();
+    const QStringList types = LoadRoomTypes();
     const BoardSettings settings =
-        LoadBoardSettings(CurrentSession().userId, kStatusPlaces, Xslc->count(), Xsfx->count());
+        LoadBoardSettings(CurrentSession().userId, kStatusPlaces, floors.size(), types.size());
+    if (!Link().isUp())
+        return;
+    places_ = places;
+    counts_ = EmptyCounts(places, floors, types);
+    statuses_->setPlaces(places);
     statuses_->setTicks(settings.statuses);
+    Xslc->setEntries(floors);
     Xslc->setTicks(settings.floors);
+    Xsfx->setEntries(types);
     Xsfx->setTicks(settings.types);
-    settingsRead_ = Link().isUp() && !stopRequested();
+    settingsRead_ = !stopRequested();
 }
 
 void Ftxxfrm::saveSettings() {
@@ -196,26 +201,30 @@ bool Ftxxfrm::closing() {
 
 // Until all is read the board shows what it showed before.
 void Ftxxfrm::FreshCmd_Click() {
+    if (!settingsRead_)
+        readSettings();
     TextTable list(BoardTitles());
     const auto notice = LoadFtQd(list, places_, [this](int done, int all) {
         progress(done, all, u"正在读取住客姓名"_s);
         return stillOpen() && Link().isUp();
     });
-    if (list.dataRows() == 0 && KfztQd->table().dataRows() > 0) {
-        setStatus(u"没有读到客房，显示的仍是以前的房态"_s);
+    const bool whole = !stopRequested() && Link().isUp();
+    const bool showsRooms = KfztQd->table().dataRows() > 0;
+    if (list.dataRows() == 0 && (showsRooms || !whole)) {
+        setStatus(showsRooms ? u"没有读到客房，显示的仍是以前的房态"_s : u"没有读到客房"_s);
         return;
     }
     showList(list);
     KfztTb->setLines(MakeFtTb(list, places_, filter()));
     const QList<Notice> uncounted = count();
-    const bool whole = !stopRequested() && Link().isUp();
     setStatus(u"%1 共 %2 间客房"_s.arg(Clock::TimeText()).arg(list.dataRows()) +
               (whole ? QString() : u"，刷新没有完成，住客姓名不全"_s));
     if (stopRequested())
         return;
     if (notice)
-        Tell(*notice);
-    TellAll(uncounted);
+        Tell(*notice); // rooms without a status are not counted, either: told with this
+    else
+        TellAll(uncounted);
 }
 
 void Ftxxfrm::showList(const TextTable& list) {
@@ -300,6 +309,8 @@ void Ftxxfrm::Place_Click(int place) {
     const StatusChange change = SetStatusByHand(room, wished.word);
     if (change.refusal)
         Tell(*change.refusal);
+    if (!Link().isUp())
+        setStatus(u"与服务器的连接断开，房间 %1 的房态可能没有改变"_s.arg(room));
     if (!change.changed)
         return;
     KfztTb->setColour(room, wished.colour);

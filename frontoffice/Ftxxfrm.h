@@ -41,7 +41,7 @@ private:
     void Tick_Change();
     void Room_Change(); // another room is selected
 
-    void loadSettings();
+    void readSettings();
     void saveSettings();
     void showList(const TextTable& list);
     QList<Notice> count(); // what could not be counted

@@ -288,8 +288,7 @@ private Q_SLOTS:
 
         SaveProject(CategoryFile(), category::kRoomStates, {});
         open();
-        const QStringList words = told();
-        QCOMPARE(words.first(), u"系统设定错误: 房态中没有表示空闲房态的默认值"_s);
+        QCOMPARE(told(), QStringList{u"系统设定错误: 房态中没有表示空闲房态的默认值"_s});
         QCOMPARE(listed(3, u"房态"), QString());
         QVERIFY(!control<QWidget>(u"Fttl01"_s)->isVisible());
         QCOMPARE(map_->table().dataRows(), 0);
@@ -324,6 +323,10 @@ private Q_SLOTS:
         QCOMPARE(colour(1, 5), kDirty);
         click(u"FreshCmd"_s); // the board keeps what it had
         QCOMPARE(map_->table().dataRows(), 3);
+        board_->run([this] { board_->load({}); }); // asked for again by the menu
+        QVERIFY(control<QWidget>(u"Fttl01"_s)->isVisible());
+        close();
+        open();
         QCOMPARE(told(), QStringList());
         close();
     }
