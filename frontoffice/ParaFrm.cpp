@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "house/working_days.h"
+#include "link/Wck_comm.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "screen/date_text.h"
@@ -101,7 +102,6 @@ ParaFrm::ParaFrm() : Screen(u"ParaFrm"_s, u"宾馆系统基本参数"_s) {
     tabs->addTab(makeWorkingDays(), u"特殊工作日"_s);
     setContent(tabs);
     addCommands({{u"ExitCmd"_s, u"关闭"_s, [this] { close(); }, Qt::Key_Escape}});
-    setStatus(u"参数修改后立即有效，程序结束后恢复原来的设定"_s);
     resize(1180, 690);
 }
 
@@ -155,10 +155,21 @@ void ParaFrm::load(const QVariant&) {
         for (const FormField& field : form->fields())
             form->setText(field.control, Param(field.control));
     }
+    if (!daysChanged_)
+        readDays();
+}
+
+// Saving replaces all that is stored, so a list that could not be read is not to be changed.
+void ParaFrm::readDays() {
     GzrQd->setTable(LoadWorkingDays());
     day_->clear();
     day_->setText(u"Rq", Clock::DateText());
     showDays(false);
+    const bool read = Link().isUp();
+    setCommandEnabled(u"AddRq", read);
+    setCommandEnabled(u"DelRq", read);
+    setStatus(read ? u"参数修改后立即有效，程序结束后恢复原来的设定"_s
+                   : u"与服务器的连接断开，没有读到特殊工作日；连接恢复后请再次打开系统参数"_s);
 }
 
 // --- parameters ---

@@ -37,6 +37,7 @@ private:
     bool SaveRq_Click(); // false when it could not be written
 
     bool dateIsGood(); // tells the user when not, and goes back to today
+    void readDays();
     void showDays(bool changed);
 
     QList<FieldForm*> parameters_; // one a group

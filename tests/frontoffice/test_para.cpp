@@ -199,6 +199,8 @@ private Q_SLOTS:
     void unsavedDaysAreAskedFor() {
         QFETCH(QString, answer);
         add(u"劳动节"_s, u"2026-05-01"_s, u"星期天"_s);
+        form_->run([this] { form_->load({}); }); // asked for again by the menu
+        QCOMPARE(days_->table().dataRows(), 1);
         messages_->answerNext(answer);
         QVERIFY(form_->close());
         QTEST(!storedDay(u"001"_s).isEmpty(), "saved");
@@ -210,6 +212,8 @@ private Q_SLOTS:
         press(u"SaveRq");
         QVERIFY(messages_->words().contains(u"工作日定义信息保存失败？！"_s));
         QVERIFY(form_->command(u"SaveRq")->isEnabled());
+        open();
+        QVERIFY(!form_->command(u"AddRq")->isEnabled());
     }
 };
 
