@@ -123,6 +123,8 @@ void RoomSet::KfQd_Click(int row) {
     const QString picture = row == 0 ? QString() : KfQd->table().text(row, kPicture);
     if (!picture.isEmpty() && !SetRemotePhoto(photo_, RoomPictureFile(picture)))
         MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
+    if (KfQd->currentRow() != row) // the user went on meanwhile
+        KfQd_RowChange(KfQd->currentRow());
 }
 
 void RoomSet::ZpCmd_Click() {
