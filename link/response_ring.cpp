@@ -2,6 +2,7 @@
 
 #include "record/literals.h"
 #include "record/numbers.h"
+#include "record/tag_search.h"
 
 namespace hotel {
 
@@ -15,7 +16,7 @@ constexpr qsizetype kHeadLength = 11; // "<CmdID:nnn>"
 
 void ResponseRing::receive(QStringView text) {
     while (!text.isEmpty()) {
-        const qsizetype nextHead = text.indexOf(kHead, 1);
+        const qsizetype nextHead = FindText(text, kHead, 1);
         const QStringView piece = nextHead < 0 ? text : text.first(nextHead);
         if (piece.startsWith(kHead) || slots_[writeIndex_].text.size() >= kFullSlot) {
             writeIndex_ = (writeIndex_ + 1) % kSlots;
@@ -74,7 +75,7 @@ void ResponseRing::dropUnfinished() {
 void ResponseRing::Slot::append(QStringView piece) {
     text += piece;
     qsizetype mark;
-    while ((mark = text.indexOf(kEndMark, searched)) >= 0) {
+    while ((mark = FindText(text, kEndMark, searched)) >= 0) {
         endMarks.append(mark);
         searched = mark + kEndMark.size();
     }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include <QStringList>
-
 #include "record/record_text.h"
+#include "record/tag_search.h"
 
 namespace hotel {
 
@@ -18,28 +17,41 @@ static bool HasDriveLetter(QStringView text) {
     return text.size() >= 2 && text[1] == u':' && text[0].isLetter();
 }
 
-static std::optional<StorePath> ParseSteps(QString text) {
-    text.replace(u'/', kPathSeparator);
-    if (text.startsWith(kPathSeparator) || HasDriveLetter(text) || HoldsForbidden(text))
+static bool IsSeparator(QChar c) {
+    return c == kPathSeparator || c == u'/';
+}
+
+static std::optional<StorePath> ParseSteps(QStringView text) {
+    const bool isAbsolute = !text.isEmpty() && IsSeparator(text.front());
+    if (isAbsolute || HasDriveLetter(text) || HoldsForbidden(text))
         return std::nullopt;
-    QStringList steps = text.split(kPathSeparator, Qt::SkipEmptyParts);
-    steps.removeAll(u"."_s);
-    if (steps.contains(u".."_s))
-        return std::nullopt;
-    const QString name = steps.join(kPathSeparator);
+    QString name;
+    name.reserve(text.size());
+    while (!text.isEmpty()) {
+        const auto end = std::find_if(text.begin(), text.end(), IsSeparator);
+        const QStringView step = text.first(end - text.begin());
+        text = text.sliced(qMin(step.size() + 1, text.size()));
+        if (step == u"..")
+            return std::nullopt;
+        if (step.isEmpty() || step == u".")
+            continue;
+        if (!name.isEmpty())
+            name += kPathSeparator;
+        name += step;
+    }
     return StorePath{name.toCaseFolded(), name};
 }
 
 std::optional<StorePath> ParseFilePath(QStringView text) {
-    const QString trimmed = TrimWhite(text);
-    if (trimmed.endsWith(u'\\') || trimmed.endsWith(u'/'))
+    const QStringView trimmed = TrimmedWhite(text);
+    if (trimmed.isEmpty() || IsSeparator(trimmed.back()))
         return std::nullopt;
     const std::optional<StorePath> path = ParseSteps(trimmed);
     return path && !path->key.isEmpty() ? path : std::nullopt;
 }
 
 std::optional<StorePath> ParseFolderPath(QStringView text) {
-    return ParseSteps(TrimWhite(text));
+    return ParseSteps(TrimmedWhite(text));
 }
 
 std::optional<QString> ParseName(QStringView text) {
