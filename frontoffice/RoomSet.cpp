@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "house/paths.h"
 #include "house/room_edit.h"
@@ -213,6 +214,11 @@ void RoomSet::showOutcome(const RoomEditOutcome& outcome, const QString& room) {
         MsgBox(outcome.notice->words, outcome.notice->title);
     if (outcome.done)
         showRoom(room);
+    const auto missing = std::ranges::find(kBoxes, outcome.missing, &FormField::tag);
+    if (missing != kBoxes.end()) {
+        boxes_->editor(missing->control)->setFocus();
+        return;
+    }
     auto* number = boxes_->editor<QLineEdit>(u"Fjh");
     number->setFocus();
     number->selectAll();

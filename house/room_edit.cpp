@@ -33,8 +33,8 @@ constexpr Required kRequired[] = {
 
 constexpr QStringView kNoSuchRoom = u"房间信息不存在，必须首先增加";
 
-RoomEditOutcome Refuse(QStringView words) {
-    return {false, Notice{u"错误"_s, words.toString()}};
+RoomEditOutcome Refuse(QStringView words, QStringView missing = {}) {
+    return {false, Notice{u"错误"_s, words.toString()}, missing};
 }
 
 QString Box(QStringView boxes, QStringView field) {
@@ -71,7 +71,7 @@ RoomEditOutcome Save(QStringView room, const QString& record) {
 RoomEditOutcome AddRoom(QStringView boxes, const QString& picturePath) {
     for (const Required& required : kRequired) {
         if (Box(boxes, required.field).isEmpty())
-            return Refuse(required.words);
+            return Refuse(required.words, required.field);
     }
     const QString room = Box(boxes, kNumber);
     if (!GetKfjbxx(room).isEmpty())

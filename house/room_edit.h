@@ -15,6 +15,7 @@ namespace hotel {
 struct RoomEditOutcome {
     bool done = false; // the room's record has changed or is gone
     std::optional<Notice> notice;
+    QStringView missing = {}; // the field that must be filled first
 };
 
 // Adds a room that doesn't exist yet. `picturePath` is a file of this workstation, or empty; a picture

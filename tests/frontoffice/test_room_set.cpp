@@ -115,14 +115,18 @@ private Q_SLOTS:
     void refusesToAdd_data() {
         QTest::addColumn<QStringList>("room");
         QTest::addColumn<QString>("words");
-        const auto row = [](const char* name, const QStringList& room, const QString& words) {
-            QTest::newRow(name) << room << words;
+        QTest::addColumn<QString>("focus");
+        const auto row = [](const char* name, const QStringList& room, const QString& words,
+                            const QString& focus = u"Fjh"_s) {
+            QTest::newRow(name) << room << words << focus;
         };
         row("nothing", {{}, {}, {}, {}}, u"错误: 房间号错误，必须输入！"_s);
         row("blanks", {u"  "_s, u"1"_s, u"2"_s, u"三人房"_s}, u"错误: 房间号错误，必须输入！"_s);
-        row("no floor", {u"103"_s, {}, {}, {}}, u"错误: 楼层号错误，必须输入！"_s);
-        row("no beds", {u"103"_s, u"1"_s, {}, {}}, u"错误: 房间内床位数量错误，必须输入！"_s);
-        row("no type", {u"103"_s, u"1"_s, u"2"_s, {}}, u"错误: 房间类型错误，必须选择！"_s);
+        row("no floor", {u"103"_s, {}, {}, {}}, u"错误: 楼层号错误，必须输入！"_s, u"Lch"_s);
+        row("no beds", {u"103"_s, u"1"_s, {}, {}}, u"错误: 房间内床位数量错误，必须输入！"_s,
+            u"Cws"_s);
+        row("no type", {u"103"_s, u"1"_s, u"2"_s, {}}, u"错误: 房间类型错误，必须选择！"_s,
+            u"Fjlx"_s);
         row("there", {u"101 "_s, u"1"_s, u"2"_s, u"三人房"_s},
             u"错误: 房间信息已经存在，请使用修改命令"_s);
     }
@@ -131,6 +135,7 @@ private Q_SLOTS:
         fill(room[0], room[1], room[2], room[3]);
         press(u"CmdAdd");
         QTEST(told(), "words");
+        QTEST(rooms_->focusWidget()->objectName(), "focus");
         QCOMPARE(list_->table().dataRows(), 3);
     }
 
