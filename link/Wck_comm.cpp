@@ -3,6 +3,12 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QNetworkProxy>
+#include <QStringBuilder>
+
+#include <array>
+
+#include <poll.h>
+#include <sys/socket.h>
 
 #include "link/serv_api.h"
 #include "link/server_memos.h"
@@ -26,6 +32,7 @@ constexpr int kSocketWait = 20;       // and altogether, before a wait lets them
 constexpr int kWakeUp = 100;          // milliseconds after which a wait looks at the clock
 constexpr double kPumpSeconds = 0.2;
 constexpr int kFirstFatalError = 10001;
+constexpr size_t kArrival = 65536;       // bytes that are taken at once
 constexpr qsizetype kTraceLimit = 16384; // characters a direction
 constexpr qsizetype kLogLimit = 500;     // lines
 
@@ -38,6 +45,8 @@ Wck_comm* currentLink = nullptr;
 class CommandTime {
 public:
     CommandTime() : start_(Clock::SecondsSinceMidnight()) { real_.start(); }
+
+    qint64 milliseconds() const { return real_.elapsed(); }
 
     bool isOver() const {
         const double now = Clock::SecondsSinceMidnight();
@@ -136,7 +145,8 @@ QString Wck_comm::DoCommand(QString& text) {
     ring_.clearAnswer(number);
     const CommandTime time;
     const quint64 connection = connection_;
-    text += u"<命令流水号>CmdID:%1</命令流水号>\r\n"_s.arg(number, 3, 10, QChar(u'0'));
+    text += u"<命令流水号>CmdID:" % QString::number(number).rightJustified(3, u'0') %
+            u"</命令流水号>\r\n";
     send_data(text);
 
     const QString answer = waitForAnswer(number, connection, time);
@@ -316,8 +326,6 @@ bool Wck_comm::attemptFailed() const {
 // Gives the empty text when no answer came. Most answers come within a millisecond, which is too
 // short to bother the screens with events; only a longer wait lets them through.
 QString Wck_comm::waitForAnswer(int number, quint64 connection, const CommandTime& time) {
-    QElapsedTimer waited;
-    waited.start();
     while (true) {
         Process_buff();
         if (!ring_.answer(number).isEmpty())
@@ -329,14 +337,28 @@ QString Wck_comm::waitForAnswer(int number, quint64 connection, const CommandTim
         const bool answerCanCome = isUp() && connection_ == connection;
         if (!answerCanCome)
             return {};
-        if (waited.elapsed() < kSocketWait)
+        if (time.milliseconds() < kSocketWait)
             sleepOnSocket();
         else
             sleepInEventLoop();
     }
 }
 
+// Takes the bytes straight from the system: by way of the socket they would be counted first and
+// copied twice. The end of the connection, and whatever is not the simple case, is left to the socket.
 void Wck_comm::sleepOnSocket() {
+    const int descriptor = int(socket_.socketDescriptor());
+    pollfd arrival{descriptor, POLLIN, 0};
+    if (socket_.bytesToWrite() == 0 && socket_.bytesAvailable() == 0) {
+        if (::poll(&arrival, 1, kSocketSleep) == 0)
+            return;
+        std::array<char, kArrival> bytes;
+        const ssize_t count = ::recv(descriptor, bytes.data(), bytes.size(), MSG_DONTWAIT);
+        if (count > 0) {
+            takeText(QByteArrayView(bytes.data(), count));
+            return;
+        }
+    }
     socket_.waitForReadyRead(kSocketSleep);
     socket_DataArrival();
 }
@@ -375,7 +397,7 @@ void Wck_comm::socket_DataArrival() {
         takeText(bytes);
 }
 
-void Wck_comm::takeText(const QByteArray& bytes) {
+void Wck_comm::takeText(QByteArrayView bytes) {
     const QString text = decoder_.decode(bytes);
     ring_.receive(text);
     if (TraceChk) {
@@ -385,8 +407,18 @@ void Wck_comm::takeText(const QByteArray& bytes) {
     idleSeconds_.reset();
 }
 
+// Hands the bytes straight to the system, unless others wait ahead of them: the socket would keep them
+// first and switch its notifier on and off. What the system doesn't take, or can't, the socket gets.
 void Wck_comm::sendBytes(const QByteArray& bytes) {
-    socket_.write(bytes);
+    ssize_t sent = 0;
+    if (socket_.bytesToWrite() == 0)
+        sent = ::send(int(socket_.socketDescriptor()), bytes.constData(), size_t(bytes.size()),
+                      MSG_DONTWAIT | MSG_NOSIGNAL);
+    if (sent == bytes.size()) {
+        socket_SendProgress();
+        return;
+    }
+    socket_.write(bytes.sliced(qMax<qsizetype>(sent, 0)));
     socket_.flush();
 }
 

@@ -155,7 +155,7 @@ private:
     void sleepInEventLoop();
 
     void sendBytes(const QByteArray& bytes);
-    void takeText(const QByteArray& bytes);
+    void takeText(QByteArrayView bytes);
     void setLinkState(const QString& state);
     QString peer() const;
     void TraceAppend(QString& trace, const QString& text);

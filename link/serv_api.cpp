@@ -35,7 +35,7 @@ QString Field(QStringView tag, QStringView value) {
 }
 
 QString Line(QStringView tag, QStringView value) {
-    return Field(tag, value) + kCrLf;
+    return u'<' % tag % u'>' % value % u"</" % tag % u'>' % kCrLf;
 }
 
 QString OptionalField(QStringView tag, QStringView value) {
@@ -47,7 +47,7 @@ QString CommandLine(QStringView command) {
 }
 
 QString Place(QStringView file, QStringView project, QStringView record) {
-    return Line(kFile, file) + Line(kProject, project) + Line(kRecord, record);
+    return Line(kFile, file) % Line(kProject, project) % Line(kRecord, record);
 }
 
 QString TrimmedPlace(QStringView file, QStringView project, QStringView record) {
