@@ -11,6 +11,7 @@
 #include "server/server_thread.h"
 #include "server/store.h"
 #include "server/tree.h"
+#include "session/operation_log.h"
 #include "session/parameters.h"
 #include "session/session.h"
 
@@ -113,6 +114,12 @@ QString TestHotel::stored(const QString& file, const QString& project, const QSt
     }
     SetLink(current);
     return IsError(value) ? QString() : value;
+}
+
+QString TestHotel::logged(QStringView field, const QString& second) {
+    return GetTag(stored(OperationLogFile(u"2026-03-05", Moment().date()),
+                         operation_log::kProject.toString(), second),
+                  field);
 }
 
 } // namespace hotel

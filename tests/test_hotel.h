@@ -58,6 +58,8 @@ public:
 
     // A record as the server holds it, asked for by a desk of its own; empty when there is none.
     QString stored(const QString& file, const QString& project, const QString& record);
+    // A field of the operation log's record of that second, likewise.
+    QString logged(QStringView field, const QString& second = QStringLiteral("100000"));
 
     static QDateTime Moment();
     static constexpr QLatin1StringView kAdminPassword{"admin888"};

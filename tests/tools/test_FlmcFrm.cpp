@@ -1,17 +1,13 @@
 #include <QComboBox>
-#include <QDir>
-#include <QFile>
 #include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "link/serv_api.h"
-#include "record/literals.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
 #include "session/parameters.h"
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 #include "tests/test_hotel.h"
 #include "tests/type_text.h"
 #include "tools/FlmcFrm.h"
@@ -30,6 +26,7 @@ private Q_SLOTS:
         form_->show();
         form_->run([this] { form_->load({}); });
         list_ = form_->findChild<GridView*>(u"FlxxQd"_s);
+        names_ = form_->findChild<QComboBox*>(u"FlmcQd"_s);
     }
     void cleanup() {
         form_.reset();
@@ -37,27 +34,14 @@ private Q_SLOTS:
         hotel_.reset();
     }
 
-    void offersTheCategories() {
-        const auto* names = form_->findChild<QComboBox*>(u"FlmcQd"_s);
-        QVERIFY(names->findText(u"客房类型"_s) >= 0);
-        QVERIFY(names->findText(u"信用等级"_s) >= 0);
-        QVERIFY(names->findText(u"库说明"_s) < 0);
-        QVERIFY(!form_->command(u"CmdSave")->isEnabled());
-    }
-
-    void rowsOfSomeCategoriesAreFixed_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("mayGrow");
-        QTest::newRow("room states") << u"房态"_s << false;
-        QTest::newRow("guarantees") << u"信用保证种类"_s << false;
-        QTest::newRow("room types") << u"客房类型"_s << true;
-    }
     void rowsOfSomeCategoriesAreFixed() {
-        QFETCH(QString, name);
-        choose(name);
-        QVERIFY(list_->table().dataRows() > 3);
-        QTEST(form_->command(u"CmdAdd")->isEnabled(), "mayGrow");
-        QTEST(form_->command(u"cmdDel")->isEnabled(), "mayGrow");
+        QVERIFY(!form_->command(u"CmdSave")->isEnabled());
+        for (const QString& name : {u"房态"_s, u"信用保证种类"_s, u"客房类型"_s}) {
+            choose(name);
+            QVERIFY(list_->table().dataRows() > 3);
+            QCOMPARE(form_->command(u"CmdAdd")->isEnabled(), name == u"客房类型");
+            QCOMPARE(form_->command(u"cmdDel")->isEnabled(), name == u"客房类型");
+        }
     }
 
     void addsTypesAndSaves() {
@@ -79,10 +63,8 @@ private Q_SLOTS:
         QCOMPARE(CategoryEntries(stored(u"停留事由"_s)).size(), rows + 1);
         QVERIFY(!list_->isModified());
 
-        const QString log = hotel_->stored(OperationLogFile(u"2026-03-05", QDate(2026, 3, 5)),
-                                           operation_log::kProject.toString(), u"100000"_s);
-        QCOMPARE(GetTag(log, operation_log::kOperation), u"修改分类名称定义"_s);
-        QCOMPARE(GetTag(log, operation_log::kRemark), u"停留事由"_s);
+        QCOMPARE(hotel_->logged(operation_log::kOperation), u"修改分类名称定义"_s);
+        QCOMPARE(hotel_->logged(operation_log::kRemark), u"停留事由"_s);
     }
 
     void deletesAllButTheLastRow() {
@@ -102,18 +84,14 @@ private Q_SLOTS:
     // What is chosen again is not read again: unsaved typing stays.
     void choosingTheSameKeepsWhatWasTyped() {
         choose(u"行业"_s);
+        press(u"CmdSave"_s);
+        QVERIFY(messages_->entries().isEmpty()); // nothing to save
         list_->setCurrent(1, 1);
         TypeText(list_, u"A"_s);
         choose(u"行业"_s);
         QVERIFY(list_->isModified());
         choose(u"信用等级"_s);
         QVERIFY(!list_->isModified());
-    }
-
-    void savesNothingUntyped() {
-        choose(u"行业"_s);
-        press(u"CmdSave"_s);
-        QVERIFY(messages_->entries().isEmpty());
     }
 
     void tellsThatSavingFailed() {
@@ -132,39 +110,30 @@ private Q_SLOTS:
         messages_->answerNext(folder.path() + u"\\Txt\\信用等级260305.txt"_s);
         press(u"CmdFile"_s);
         QCOMPARE(messages_->entries().first().title, u"保存文件提示"_s);
-        QFile file(folder.path() + u"/Txt/信用等级260305.txt"_s);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QVERIFY(QString::fromUtf8(file.readAll()).contains(u"01    优        Y"_s));
+        QVERIFY(
+            FileText(folder.path() + u"/Txt/信用等级260305.txt"_s).contains(u"01    优        Y"));
     }
 
-    void enterMovesThroughTheCells_data() {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("nextRow");
-        QTest::addColumn<int>("nextColumn");
-        QTest::newRow("to the next column") << 1 << 1 << 1 << 2;
-        QTest::newRow("to the next row") << 1 << 2 << 2 << 1;
-        QTest::newRow("up from rows not filled in") << 2 << 2 << 2 << 1;
-        QTest::newRow("up from an empty last row") << 4 << 1 << 2 << 2;
-    }
     void enterMovesThroughTheCells() {
         TextTable table({u"编号"_s, u"内容"_s, u"快捷键"_s});
         table.addRow({u"01"_s, u"甲"_s});
         table.addRow({u"02"_s, u"乙"_s});
         table.addRow({u"03"_s});
         table.addRow({u"04"_s});
-        QFETCH(int, row);
-        QFETCH(int, column);
-        const GridCell next = NextCategoryCell(table, {row, column});
-        QTEST(next.row, "nextRow");
-        QTEST(next.column, "nextColumn");
+        const auto row = [&](const char* name, GridCell from, GridCell to) {
+            Check(name, NextCategoryCell(table, from).row, to.row);
+            Check(name, NextCategoryCell(table, from).column, to.column);
+        };
+        row("to the next column", {1, 1}, {1, 2});
+        row("to the next row", {1, 2}, {2, 1});
+        row("up from rows not filled in", {2, 2}, {2, 1});
+        row("up from an empty last row", {4, 1}, {2, 2});
     }
 
 private:
     void choose(const QString& name) {
-        auto* names = form_->findChild<QComboBox*>(u"FlmcQd"_s);
-        names->setCurrentText(name);
-        Q_EMIT names->activated(names->currentIndex());
+        names_->setCurrentText(name);
+        Q_EMIT names_->activated(names_->currentIndex());
     }
     void press(const QString& command) { form_->command(command)->click(); }
     QString stored(const QString& name) { return hotel_->stored(CategoryFile(), {}, name); }
@@ -173,6 +142,7 @@ private:
     std::unique_ptr<MessageRecorder> messages_;
     std::unique_ptr<FlmcFrm> form_;
     GridView* list_ = nullptr;
+    QComboBox* names_ = nullptr;
 };
 
 HOTEL_TEST(FlmcFrmTest)

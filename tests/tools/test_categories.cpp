@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tools/categories.h"
@@ -27,22 +25,16 @@ class CategoriesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void readsEntries_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("entries");
-        QTest::newRow("as they stand")
-            << Row(1, u"护照"_s) + Row(2, u" 身份证 "_s) + Row(3, u"护照"_s)
-            << QStringList{u"护照"_s, u" 身份证 "_s, u"护照"_s};
-        QTest::newRow("ends at a missing row")
-            << Row(1, u"护照"_s) + Row(3, u"身份证"_s) << QStringList{u"护照"_s};
-        QTest::newRow("by number, not by place")
-            << Row(2, u"护照"_s) + Row(1, u"身份证"_s) << QStringList{u"身份证"_s, u"护照"_s};
-        QTest::newRow("refused") << u"<ERROR>没有该记录</ERROR>"_s << QStringList();
-        QTest::newRow("empty") << QString() << QStringList();
-    }
     void readsEntries() {
-        QFETCH(QString, text);
-        QTEST(CategoryEntries(text), "entries");
+        const auto row = [](const char* name, const QString& text, const QStringList& entries) {
+            Check(name, CategoryEntries(text), entries);
+        };
+        row("as they stand", Row(1, u"护照"_s) + Row(2, u" 身份证 "_s) + Row(3, u"护照"_s),
+            {u"护照"_s, u" 身份证 "_s, u"护照"_s});
+        row("ends at a missing row", Row(1, u"护照"_s) + Row(3, u"身份证"_s), {u"护照"_s});
+        row("by number, not by place", Row(2, u"护照"_s) + Row(1, u"身份证"_s),
+            {u"身份证"_s, u"护照"_s});
+        row("refused", u"<ERROR>没有该记录</ERROR>"_s, {});
     }
 
     void keepsToItsLimits() {

@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTest>
 
 #include "record/conditions.h"
 #include "record/record_text.h"
@@ -55,6 +54,10 @@ struct Form {
     }
     void type(const QString& box, const QString& text) const {
         TypeText(list(box)->lineEdit(), text);
+    }
+    void search() const {
+        QTRY_VERIFY(screen.command(u"Search_cmd")->isEnabled());
+        screen.command(u"Search_cmd")->click();
     }
     QWidget* focus() const { return screen.focusWidget(); }
 
@@ -117,25 +120,14 @@ private Q_SLOTS:
     void leavesTextAndLogsIt() {
         const Form form(*query_);
         form.add(u"或者"_s, u"姓名"_s, u"为空"_s, {});
-        QTRY_VERIFY(query_->command(u"Search_cmd")->isEnabled());
-        query_->command(u"Search_cmd")->click();
+        form.search();
         const QString text =
             u"<记录查询条件>\r\n<00>\r\n <关系>或者</关系>\r\n <对象>姓名</对象>\r\n"
             " <条件>为空</条件>\r\n</00>\r\n</记录查询条件>\r\n"_s;
         QCOMPARE(query_->conditionText(), text);
         QCOMPARE(form.listed(), 0);
-        const QString entry =
-            hotel_->stored(u"BglogRec\\26\\03\\260305.qvr"_s, u"操作记录信息"_s, u"100000"_s);
-        QCOMPARE(GetTag(entry, u"操作内容"), u"执行查询功能"_s);
-        QCOMPARE(GetTag(entry, u"备注"), text);
-    }
-
-    void closedWithoutAnAnswer() {
-        const Form form(*query_);
-        form.add(u"并且"_s, u"姓名"_s, u"非空"_s, {});
-        QTest::keyClick(query_.get(), Qt::Key_Escape);
-        QVERIFY(!query_->accepted());
-        QVERIFY(query_->conditionText().isEmpty());
+        QCOMPARE(hotel_->logged(u"操作内容"), u"执行查询功能"_s);
+        QCOMPARE(hotel_->logged(u"备注"), text);
     }
 
     void refusesTheHundredAndFirst() {
@@ -155,36 +147,32 @@ private Q_SLOTS:
         const Form form(*query_);
         form.add(u"并且"_s, u"姓名"_s, u"等于"_s, u"王"_s);
         form.add(u"或者"_s, u"姓名"_s, u"等于"_s, u"王"_s);
-        QCOMPARE(form.listed(), 2);
         form.add(u"并且"_s, u"姓名"_s, u"等于"_s, u"王"_s);
         QCOMPARE(form.listed(), 2);
         QCOMPARE(recorder_->last(), u"完全重复的条件！"_s);
         QVERIFY(form.list(u"Vl"_s)->findText(u"王"_s) >= 0); // history of the session
+        QTest::keyClick(query_.get(), Qt::Key_Escape);
+        QVERIFY(!query_->accepted());
+        QVERIFY(query_->conditionText().isEmpty());
     }
 
-    void asksAboutDates_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QString>("target");
-        QTest::newRow("taken") << u"2026.3.5"_s << u"ok"_s << u"2026-03-05"_s;
-        QTest::newRow("declined") << u"2026.3.5"_s << u"cancel"_s << u"2026.3.5"_s;
-        QTest::newRow("not asked") << u"2026.3."_s << u""_s << u"2026.3."_s;
-        QTest::newRow("tag marks go") << u"<1990>"_s << u""_s << u"1990"_s;
-    }
     void asksAboutDates() {
-        QFETCH(QString, typed);
-        QFETCH(QString, answer);
+        const QString question = u"您输入的可能是不标准的日期/时间参数，需要规范为标准形式吗？"_s;
         const Form form(*query_);
-        if (!answer.isEmpty())
+        const auto row = [&](const char* name, const QString& typed, const QString& answer,
+                             const QString& target) {
+            recorder_->clear();
             recorder_->answerNext(answer);
-        form.add(u"并且"_s, u"生日"_s, u"等于"_s, typed);
-        QTEST(form.conditions()->table().text(1, 3), "target");
-        QCOMPARE(recorder_->entries().size(), answer.isEmpty() ? 0 : 1);
-        if (!answer.isEmpty()) {
-            QCOMPARE(recorder_->entries()[0].title, u"自动日期时间格式调整"_s);
-            QCOMPARE(recorder_->last(),
-                     u"您输入的可能是不标准的日期/时间参数，需要规范为标准形式吗？"_s);
-        }
+            form.add(u"并且"_s, u"生日"_s, u"等于"_s, typed);
+            const TextTable& listed = form.conditions()->table();
+            Check(name, listed.text(listed.dataRows(), 3), target);
+            Check(name, recorder_->words(),
+                  answer.isEmpty() ? QStringList() : QStringList{question});
+        };
+        row("taken", u"2026.3.5"_s, u"ok"_s, u"2026-03-05"_s);
+        row("declined", u"2026.3.5"_s, u"cancel"_s, u"2026.3.5"_s);
+        row("not asked", u"2026.3."_s, {}, u"2026.3."_s);
+        row("tag marks go", u"<1990>"_s, {}, u"1990"_s);
     }
 
     void takesConditionsOut() {
@@ -241,12 +229,11 @@ private Q_SLOTS:
         const Form form(*query_);
         form.type(u"BxTj"_s, u"一，二,三,四,五,六,七,八,九,十"_s);
         form.type(u"PcTj"_s, u"1,2,3,4,5,6,7,8,9,10,11"_s);
-        QTRY_VERIFY(query_->command(u"Search_cmd")->isEnabled());
-        query_->command(u"Search_cmd")->click();
+        form.search();
         QVERIFY(!query_->accepted()); // eleven are too many
         QCOMPARE(recorder_->last(), u"每栏最多10个关键词！"_s);
         form.list(u"PcTj"_s)->setEditText(u"团队"_s);
-        query_->command(u"Search_cmd")->click();
+        form.search();
         QCOMPARE(query_->conditionText(),
                  u"<记录查询条件>\r\n<必选条件>一,二,三,四,五,六,七,八,九,十</必选条件>\r\n"
                  "<排除条件>团队</排除条件>\r\n</记录查询条件>\r\n"_s);
@@ -259,8 +246,7 @@ private Q_SLOTS:
         query_->useDates();
         form.type(u"BxTj"_s, u"王"_s);
         query_->findChild<QLineEdit*>(u"EndDay"_s)->setText(u"2026-2-30"_s);
-        QTRY_VERIFY(query_->command(u"Search_cmd")->isEnabled());
-        query_->command(u"Search_cmd")->click();
+        form.search();
         QVERIFY(!query_->accepted());
         QCOMPARE(recorder_->words().size(), 1);
     }
@@ -278,8 +264,7 @@ private Q_SLOTS:
         form.add(u"并且"_s, u"单位"_s, u"等于"_s, u"一店"_s);
         QCOMPARE(form.list(u"Rlt"_s)->currentText(), QString());
         form.add({}, u"年"_s, u"为空"_s, {});
-        QTRY_VERIFY(query.command(u"Search_cmd")->isEnabled());
-        query.command(u"Search_cmd")->click();
+        form.search();
         QVERIFY(query.accepted());
         QVERIFY(query.conditionText().endsWith(u"</记录查询条件>\r\n"
                                                "<记录查询字段>工作经历</记录查询字段>\r\n"));

@@ -1,11 +1,8 @@
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "platform/clock.h"
-#include "record/literals.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 #include "tools/list_export.h"
 #include "tools/list_statistics.h"
 #include "tools/list_totals.h"
@@ -21,11 +18,6 @@ TextTable Charges() {
     list.addRow({u"餐饮"_s, u"12元5角"_s, u"2026-03-06"_s, u"0.00005"_s});
     list.addRow({u"退款"_s, u"-5"_s, u""_s, u"-0.1"_s});
     return list;
-}
-
-QString FileText(const QString& name) {
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 } // namespace
@@ -60,48 +52,38 @@ private Q_SLOTS:
         QVERIFY(list.text(4, 2).size() > 15); // more than fits stays at the greatest amount
     }
 
-    void statistics_data() {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QStringList>("values"); // from 最大值 on
-        QTest::addColumn<QStringList>("cells");
-        QTest::newRow("amounts") << 1 << QStringList{u"1200.5"_s, u"5"_s,       u"1330.5"_s,
-                                                     u"443.50"_s, u"537.517"_s, u"1195.5"_s}
-                                 << QStringList{u"1,200.50"_s, u"-5"_s};
-        QTest::newRow("words only")
-            << 0 << QStringList{u"0"_s, u"0"_s, u"0"_s, u"0.00"_s, u"0"_s, u"0"_s}
-            << QStringList{u"房费"_s, u"房费"_s};
-    }
     void statistics() {
-        QFETCH(int, column);
-        QFETCH(QStringList, values);
-        QFETCH(QStringList, cells);
         const TextTable list = Charges();
-        const TextTable table = StatisticsTable(list, ColumnBlock(list, column));
-        QCOMPARE(table.text(1, 1), u"3"_s); // the number column doesn't count
-        QCOMPARE(table.text(2, 1), u"3"_s);
-        QStringList read;
-        for (int row = 3; row < table.rows(); ++row)
-            read.append(table.text(row, 1));
-        QCOMPARE(read, values);
-        QCOMPARE(table.text(3, 2), cells[0]);
-        QCOMPARE(table.text(4, 2), cells[1]);
-    }
+        // The values from 最大值 on, and the cells of the first two.
+        const auto row = [&](const char* name, int column, const QString& values,
+                             const QString& cells) {
+            const TextTable table = StatisticsTable(list, ColumnBlock(list, column));
+            Check(name, table.text(1, 1), u"3"_s); // the number column doesn't count
+            Check(name, table.text(2, 1), u"3"_s);
+            QStringList read;
+            for (int n = 3; n < table.rows(); ++n)
+                read.append(table.text(n, 1));
+            Check(name, read.join(u' '), values);
+            Check(name, table.text(3, 2) + u' ' + table.text(4, 2), cells);
+        };
+        row("amounts", 1, u"1200.5 5 1330.5 443.50 537.517 1195.5"_s, u"1,200.50 -5"_s);
+        row("words only", 0, u"0 0 0 0.00 0 0"_s, u"房费 房费"_s);
 
-    void statisticsOfABlockAndOfNothing() {
-        const TextTable list = Charges();
         QCOMPARE(StatisticsOf(list, {2, 3, 1, 1}).sum, 130.0);
         QCOMPARE(StatisticsOf(list, {1, 3, 1, 3}).greatestText, u"2026-03-06"_s);
         const TextTable empty({u"序号"_s, u"金额"_s});
-        const TextTable table = StatisticsTable(empty, ColumnBlock(empty, 1));
-        for (int row = 1; row < table.rows(); ++row)
-            QCOMPARE(table.text(row, 1), QString());
+        const TextTable none = StatisticsTable(empty, ColumnBlock(empty, 1));
+        for (int n = 1; n < none.rows(); ++n)
+            QCOMPARE(none.text(n, 1), QString());
     }
 
-    void layouts_data() {
-        QTest::addColumn<QString>("layout");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const QString& layout, const QString& text) {
-            QTest::newRow(qPrintable(layout)) << layout << text;
+    void layouts() {
+        TextTable list({u"号"_s, u"姓名"_s});
+        list.addRow({u"1"_s, u"王\"伟"_s});
+        list.addRow({u"12345678"_s, u""_s});
+        const auto row = [&](const QString& layout, const QString& text) {
+            Check(qPrintable(layout), ExportText(list, layout, {6, 6}), text);
+            QVERIFY(ExportLayouts().contains(layout));
         };
         row(u"逗号，"_s, u"号，姓名\r\n1，王\"伟\r\n12345678，\r\n"_s);
         row(u"逗号,"_s, u"号,姓名\r\n1,王\"伟\r\n12345678,\r\n"_s);
@@ -110,14 +92,6 @@ private Q_SLOTS:
         row(u"空格紧缩"_s, u"号 姓名\r\n1 王\"伟\r\n12345678 \r\n"_s);
         row(u"空格对齐"_s, u"号    姓名  \r\n1     王\"伟 \r\n12345678      \r\n"_s);
         row(u"表停字符"_s, u"号    \t姓名  \r\n1     \t王\"伟 \r\n12345678\t      \r\n"_s);
-    }
-    void layouts() {
-        QFETCH(QString, layout);
-        TextTable list({u"号"_s, u"姓名"_s});
-        list.addRow({u"1"_s, u"王\"伟"_s});
-        list.addRow({u"12345678"_s, u""_s});
-        QTEST(ExportText(list, layout, {6, 6}), "text");
-        QVERIFY(ExportLayouts().contains(layout));
     }
 
     void widths() {

@@ -1,6 +1,3 @@
-#include <QTest>
-
-#include "record/literals.h"
 #include "tests/hotel_test.h"
 #include "tools/pinyin.h"
 
@@ -10,11 +7,9 @@ class PinyinTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void givesInitials_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("initials");
+    void givesInitials() {
         const auto row = [](const char* name, const QString& text, const QString& initials) {
-            QTest::newRow(name) << text << initials;
+            Check(name, PinyinInitials(text), initials);
         };
         row("first of each letter", u"啊芭擦搭蛾发噶哈击喀垃妈拿哦啪期然撒塌挖昔压匝"_s,
             u"ABCDEFGHJKLMNOPQRSTWXYZ"_s);
@@ -28,30 +23,22 @@ private Q_SLOTS:
         row("position without a character", u"盄"_s, u" "_s);
         row("empty", u""_s, u""_s);
     }
-    void givesInitials() {
-        QFETCH(QString, text);
-        QTEST(PinyinInitials(text), "initials");
-    }
 
-    void findsEntries_data() {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("initials");
-        QTest::addColumn<int>("index");
-        QTest::newRow("by initials") << u""_s << u"BJ"_s << 1;
-        QTest::newRow("small letters") << u""_s << u"bj"_s << 1;
-        QTest::newRow("the first of several") << u""_s << u"S"_s << 2;
-        QTest::newRow("by the second part") << u"上"_s << u""_s << 2;
-        QTest::newRow("either") << u"上"_s << u"BJ"_s << 1;
-        QTest::newRow("not by the first part") << u"020"_s << u""_s << -1;
-        QTest::newRow("none") << u""_s << u"X"_s << -1;
-        QTest::newRow("nothing typed") << u""_s << u""_s << -1;
-    }
     void findsEntries() {
-        const QStringList entries = {u"010"_s, u"010,北京,BJ"_s, u"021,上海,SH"_s,
-                                     u"0755,深圳,SZ"_s};
-        QFETCH(QString, code);
-        QFETCH(QString, initials);
-        QTEST(int(FindListEntry(entries, code, initials)), "index");
+        const auto row = [](const char* name, const QString& code, const QString& initials,
+                            int index) {
+            const QStringList entries = {u"010"_s, u"010,北京,BJ"_s, u"021,上海,SH"_s,
+                                         u"0755,深圳,SZ"_s};
+            Check(name, int(FindListEntry(entries, code, initials)), index);
+        };
+        row("by initials", u""_s, u"BJ"_s, 1);
+        row("small letters", u""_s, u"bj"_s, 1);
+        row("the first of several", u""_s, u"S"_s, 2);
+        row("by the second part", u"上"_s, u""_s, 2);
+        row("either", u"上"_s, u"BJ"_s, 1);
+        row("not by the first part", u"020"_s, u""_s, -1);
+        row("none", u""_s, u"X"_s, -1);
+        row("nothing typed", u""_s, u""_s, -1);
     }
 
     void matchesWhatIsTyped() {

@@ -1,9 +1,7 @@
-#include <QTemporaryDir>
-#include <QtTest>
-
 #include "platform/clock.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 #include "tests/tools/print_items.h"
 #include "tools/PrtSubs.h"
 
@@ -28,13 +26,9 @@ private:
         return ItemTexts(script.previewPage(1));
     }
 
-    QTemporaryDir folder_;
-    QString folderBefore_ = QDir::currentPath();
+    WorkingFolder folder_;
 
 private Q_SLOTS:
-    void initTestCase() { QDir::setCurrent(folder_.path()); }
-    void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
-
     void init() {
         OpenPrintJob(21, 28);
         SetPrintMargins(1, 1, 2, 2);
@@ -45,11 +39,13 @@ private Q_SLOTS:
         Clock::Resume();
     }
 
-    void placesTexts_data() {
-        QTest::addColumn<std::function<void()>>("print");
-        QTest::addColumn<QStringList>("items");
-        const auto row = [](const char* name, std::function<void()> print,
-                            const QStringList& items) { QTest::newRow(name) << print << items; };
+    void placesTexts() {
+        const auto row = [this](const char* name, const std::function<void()>& print,
+                                const QStringList& items) {
+            init();
+            print();
+            Check(name, itemsOfPage(), items);
+        };
         row("left", [] { PrintTextLeft(1, 2.001, u"你好"_s, kSong10); },
             {u"text 1134,2268 宋体10 你好"_s});
         row("length cut to whole twips", [] { PrintTextLeft(0.0034, 0, u"你"_s, kSong10); },
@@ -120,39 +116,26 @@ private Q_SLOTS:
             {u"box 567,1134-1134,1701 w1 fill #00ff00"_s});
     }
 
-    void placesTexts() {
-        QFETCH(std::function<void()>, print);
-        print();
-        QTEST(itemsOfPage(), "items");
-    }
-
-    void dropsTextsOutsideThePaper_data() {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        QTest::addColumn<bool>("dropped");
-        QTest::newRow("inside the margin") << -0.5 << -1.5 << false;
-        QTest::newRow("at the edge") << -1.0 << -2.0 << false;
-        QTest::newRow("left of the paper") << -1.01 << 0.0 << true;
-        QTest::newRow("above") << 0.0 << -2.01 << true;
-        QTest::newRow("right of it") << 20.01 << 0.0 << true;
-        QTest::newRow("below") << 0.0 << 26.01 << true;
-        QTest::newRow("nowhere") << qQNaN() << 0.0 << true;
-        QTest::newRow("endlessly far") << qInf() << 0.0 << true;
-    }
-
     void dropsTextsOutsideThePaper() {
-        QFETCH(double, x);
-        QFETCH(double, y);
-        QFETCH(bool, dropped);
         MessageRecorder messages;
-        PrintTextLeft(x, y, u"甲"_s, kSong10);
-        PrintTextLeft(x, y, u"乙"_s, kSong10);
-        QCOMPARE(itemsOfPage().isEmpty(), dropped);
-        QCOMPARE(messages.entries().size(), dropped ? 1 : 0);
-        if (dropped) {
-            QCOMPARE(messages.entries().first().title, u"PrintInCen"_s);
-            QCOMPARE(messages.last(), u"坐标系统错误，可能没有设定合理的纸张大小，请调用初始化"_s);
-        }
+        const auto row = [&](const char* name, double x, double y, bool dropped) {
+            init();
+            messages.clear();
+            PrintTextLeft(x, y, u"甲"_s, kSong10);
+            PrintTextLeft(x, y, u"乙"_s, kSong10);
+            Check(name, itemsOfPage().isEmpty(), dropped);
+            Check(name, messages.entries().size(), dropped ? 1 : 0);
+        };
+        row("inside the margin", -0.5, -1.5, false);
+        row("at the edge", -1.0, -2.0, false);
+        row("left of the paper", -1.01, 0.0, true);
+        row("above", 0.0, -2.01, true);
+        row("right of it", 20.01, 0.0, true);
+        row("below", 0.0, 26.01, true);
+        row("nowhere", qQNaN(), 0.0, true);
+        row("endlessly far", qInf(), 0.0, true);
+        QCOMPARE(messages.entries().first().title, u"PrintInCen"_s);
+        QCOMPARE(messages.last(), u"坐标系统错误，可能没有设定合理的纸张大小，请调用初始化"_s);
     }
 
     void printsHeadAndFootIntoTheMargins() {
@@ -213,11 +196,14 @@ private Q_SLOTS:
                  (PaperFormat{21, 10, 1, 2, 0.8, 4}));
     }
 
-    void paintsBlocks_data() {
-        QTest::addColumn<QString>("block");
-        QTest::addColumn<QStringList>("items");
-        const auto row = [](const char* name, const QString& block, const QStringList& items) {
-            QTest::newRow(name) << block << items;
+    void paintsBlocks() {
+        const auto row = [this](const char* name, const QString& block, const QStringList& items) {
+            init();
+            Clock::Freeze(QDateTime(QDate(2026, 3, 5), QTime(9, 7, 2)));
+            const QString form = u"<表头><高度>2.5</高度>"_s + block + u"</表头>"_s;
+            const double height = PrintFormBlock(form, tag::kFormHead, 0, 0.001);
+            Check(name, itemsOfPage(), items);
+            QCOMPARE(height, form.size() > kFormatTextLimit ? 0 : 2.5);
         };
         const QString place = u"<左边界>1</左边界><上边界>1</上边界>"
                               u"<单元宽>2.002</单元宽><单元高>2</单元高>"_s;
@@ -267,15 +253,6 @@ private Q_SLOTS:
             {u"text 567,1134 楷体9 甲"_s});
         row("too long a text has no fields",
             cell(u"<文本>甲</文本>"_s) + QString(kFormatTextLimit, u'x'), {});
-    }
-
-    void paintsBlocks() {
-        QFETCH(QString, block);
-        Clock::Freeze(QDateTime(QDate(2026, 3, 5), QTime(9, 7, 2)));
-        const QString form = u"<表头><高度>2.5</高度>"_s + block + u"</表头>"_s;
-        const double height = PrintFormBlock(form, tag::kFormHead, 0, 0.001);
-        QTEST(itemsOfPage(), "items");
-        QCOMPARE(height, form.size() > kFormatTextLimit ? 0 : 2.5);
     }
 
     void putsDataIntoBlocks() {

@@ -4,16 +4,14 @@
 #include <QPdfWriter>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTreeWidget>
-#include <QtTest>
 
 #include "platform/printers.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
-#include "screen/picture.h"
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 #include "tests/test_hotel.h"
 #include "tests/tools/print_items.h"
 #include "tools/PrtForm.h"
@@ -102,19 +100,16 @@ private:
         });
     }
 
-    QTemporaryDir folder_;
-    QString folderBefore_ = QDir::currentPath();
+    WorkingFolder folder_;
     std::unique_ptr<MessageRecorder> messages_;
     std::unique_ptr<TestPrinters> printers_;
 
 private Q_SLOTS:
     void initTestCase() {
-        QDir::setCurrent(folder_.path());
         RegisterScreen(
             u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
         RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     }
-    void cleanupTestCase() { QDir::setCurrent(folderBefore_); }
 
     void init() {
         messages_ = std::make_unique<MessageRecorder>();
@@ -128,26 +123,19 @@ private Q_SLOTS:
         Printers::Install(nullptr);
     }
 
-    void findsTheZoom_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("zoom");
-        QTest::newRow("percentage") << u"150"_s << 150.0;
-        QTest::newRow("with its sign") << u"80%"_s << 80.0;
-        QTest::newRow("too small") << u"24"_s << 25.0;
-        QTest::newRow("too large") << u"9000"_s << 500.0;
-        QTest::newRow("no number") << u"大"_s << 100.0;
-        QTest::newRow("nothing") << QString() << 100.0;
-        QTest::newRow("height") << u"页高"_s << 50.0;
-        QTest::newRow("width") << u"页宽"_s << 80.0;
-        QTest::newRow("both") << u"整页"_s << 50.0;
-    }
-
     void findsTheZoom() {
-        QFETCH(QString, text);
-        QTEST(ZoomOf(text, QSizeF(1000, 2000), QSizeF(800, 1000)), "zoom");
-    }
-
-    void fitsAnySize() {
+        const auto row = [](const char* name, const QString& text, double zoom) {
+            Check(name, ZoomOf(text, QSizeF(1000, 2000), QSizeF(800, 1000)), zoom);
+        };
+        row("percentage", u"150"_s, 150.0);
+        row("with its sign", u"80%"_s, 80.0);
+        row("too small", u"24"_s, 25.0);
+        row("too large", u"9000"_s, 500.0);
+        row("no number", u"大"_s, 100.0);
+        row("nothing", {}, 100.0);
+        row("height", u"页高"_s, 50.0);
+        row("width", u"页宽"_s, 80.0);
+        row("both", u"整页"_s, 50.0);
         QCOMPARE(ZoomOf(u"整页"_s, QSizeF(), QSizeF(800, 1000)), 100.0);
         QCOMPARE(ZoomOf(u"整页"_s, QSizeF(1000, 2000), QSizeF(10, 10)), 25.0);
     }
@@ -216,27 +204,21 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(u"_$$_TEMP.TMP"_s));
     }
 
-    void printsThePagesChosen_data() {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<int>("sheets");
-        QTest::newRow("all") << 1 << 5 << 5;
-        QTest::newRow("one in the middle") << 2 << 2 << 1;
-        QTest::newRow("the end follows the start") << 4 << 3 << 1;
-    }
-
     void printsThePagesChosen() {
-        QFETCH(int, first);
-        QFETCH(int, last);
         Screen* screen = preview(5);
-        onModal([&](Screen* settings) {
-            QCOMPARE(Find<QLabel>(settings, u"tPag"_s)->text(), u"5"_s);
-            Find<QComboBox>(settings, u"sPag"_s)->setCurrentIndex(first - 1);
-            Find<QComboBox>(settings, u"ePag"_s)->setCurrentIndex(last - 1);
-            settings->command(u"Command1")->click();
-        });
-        screen->command(u"PrintCmd")->click();
-        QTEST(printers_->sheets, "sheets");
+        const auto row = [&](const char* name, int first, int last, int sheets) {
+            onModal([&](Screen* settings) {
+                QCOMPARE(Find<QLabel>(settings, u"tPag"_s)->text(), u"5"_s);
+                Find<QComboBox>(settings, u"sPag"_s)->setCurrentIndex(first - 1);
+                Find<QComboBox>(settings, u"ePag"_s)->setCurrentIndex(last - 1);
+                settings->command(u"Command1")->click();
+            });
+            screen->command(u"PrintCmd")->click();
+            Check(name, printers_->sheets, sheets);
+        };
+        row("all", 1, 5, 5);
+        row("one in the middle", 2, 2, 1);
+        row("the end follows the start", 4, 3, 1);
         QCOMPARE(printers_->targets.first().printer, u"前台打印机"_s);
         QCOMPARE(printers_->targets.first().paper, QSizeF(21, 28));
         QCOMPARE(messages_->words(), QStringList());
@@ -309,9 +291,7 @@ private Q_SLOTS:
         const auto goOn = [](int, int) { return true; };
         messages_->answerNext(folder_.filePath(u"a.pdf"_s));
         QVERIFY(PrintPages(job, 2, 3, goOn));
-        QFile file(folder_.filePath(u"a.pdf"_s));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
+        const QByteArray content = FileBytes(folder_.filePath(u"a.pdf"_s));
         QCOMPARE(content.count("/Type /Page\n"), 2);
         QVERIFY(content.contains("/MediaBox [0 0 595")); // 21 cm
 
@@ -387,11 +367,6 @@ private Q_SLOTS:
         PrintScript script = ScriptOfJob();
         QVERIFY(script.hasPage(1));
         QVERIFY(TextsOf(script.previewPage(1)).size() > 20);
-        if (const QString folder = qEnvironmentVariable("PRINT_SAMPLES"); !folder.isEmpty()) {
-            QTest::qWait(100);
-            SavePicture(form, folder + u"/PrtForm.png"_s);
-            SavePicture(FindScreen(u"PrtPrev"), folder + u"/PrtPrev.png"_s);
-        }
     }
 };
 

@@ -1,8 +1,7 @@
 #include <QImage>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 #include "tests/tools/print_items.h"
 #include "tools/print_macros.h"
 
@@ -33,11 +32,13 @@ class PrintScriptTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void drawsWhatTheScriptSays_data() {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("items");
-        const auto row = [](const char* name, const QString& script, const QStringList& items) {
-            QTest::newRow(name) << u"#startpage|"_s + script + u"|#endpage"_s << items;
+    void drawsWhatTheScriptSays() {
+        const auto row = [](const char* name, const QString& script, QStringList items) {
+            PrintScript reader = ScriptOf(u"#startpage|"_s + script + u"|#endpage"_s);
+            Check(name, reader.pageCount(), 1);
+            Check(name, ItemTexts(reader.previewPage(1)), items);
+            items.removeIf([](const QString& item) { return item.startsWith(u"background"); });
+            Check(name, Sheets(reader, 1, 1), {items});
         };
         row("a text in the standing font", u"#x|100|#y|200|#txt|你好"_s,
             {u"text 100,200 黑体12 你好"_s});
@@ -77,35 +78,20 @@ private Q_SLOTS:
         row("no directive at all", u"a|b"_s, {});
     }
 
-    void drawsWhatTheScriptSays() {
-        QFETCH(QString, script);
-        QFETCH(QStringList, items);
-        PrintScript reader = ScriptOf(script);
-        QCOMPARE(reader.pageCount(), 1);
-        QCOMPARE(ItemTexts(reader.previewPage(1)), items);
-        items.removeIf([](const QString& item) { return item.startsWith(u"background"); });
-        QCOMPARE(Sheets(reader, 1, 1), QList<QStringList>{items});
-    }
-
-    void findsThePages_data() {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<int>("pages");
-        QTest::newRow("nothing") << QString() << 0;
-        QTest::newRow("no page") << u"#txt|a"_s << 0;
-        QTest::newRow("one blank page") << u"#startpage|#endpage"_s << 1;
-        QTest::newRow("page without end") << u"#startpage|#txt|a|#startpage|#txt|b"_s << 2;
-        QTest::newRow("cut off within a directive") << u"#startpage|#box|1|2|3"_s << 1;
-        QTest::newRow("page mark as an argument") << u"#startpage|#fontname|#startpage"_s << 1;
-    }
-
     void findsThePages() {
-        QFETCH(QString, script);
-        QFETCH(int, pages);
-        PrintScript reader = ScriptOf(script);
-        QCOMPARE(reader.pageCount(), pages);
-        QVERIFY(!reader.hasPage(pages + 1));
-        QVERIFY(!reader.hasPage(0));
-        QVERIFY(reader.previewPage(pages + 1).isEmpty());
+        const auto row = [](const char* name, const QString& script, int pages) {
+            PrintScript reader = ScriptOf(script);
+            Check(name, reader.pageCount(), pages);
+            QVERIFY(!reader.hasPage(pages + 1));
+            QVERIFY(!reader.hasPage(0));
+            QVERIFY(reader.previewPage(pages + 1).isEmpty());
+        };
+        row("nothing", {}, 0);
+        row("no page", u"#txt|a"_s, 0);
+        row("one blank page", u"#startpage|#endpage"_s, 1);
+        row("page without end", u"#startpage|#txt|a|#startpage|#txt|b"_s, 2);
+        row("cut off within a directive", u"#startpage|#box|1|2|3"_s, 1);
+        row("page mark as an argument", u"#startpage|#fontname|#startpage"_s, 1);
     }
 
     void readsLinesEndedByEither() {
@@ -140,35 +126,24 @@ private Q_SLOTS:
                      {u"text 0,0 黑体12 +"_s, u"text 0,0 黑体12 2"_s, u"text 0,0 黑体12 -"_s}}));
     }
 
-    void printsTheChosenPages_data() {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<QString>("sheets");
-        QTest::newRow("all") << 1 << 5 << u"12345"_s;
-        QTest::newRow("one in the middle") << 2 << 2 << u"2"_s;
-        QTest::newRow("the last") << 5 << 5 << u"5"_s;
-        QTest::newRow("beyond the end") << 4 << 9 << u"45"_s;
-        QTest::newRow("nothing") << 6 << 9 << QString();
-        QTest::newRow("backwards") << 3 << 2 << QString();
-    }
-
     void printsTheChosenPages() {
-        QFETCH(int, first);
-        QFETCH(int, last);
-        PrintScript script = NumberedPages(5);
-        QString sheets;
-        script.printPages(first, last, [&](const PrintPage& page) {
-            sheets += TextsOf(page).first().text;
-            return true;
-        });
-        QTEST(sheets, "sheets");
-    }
-
-    void stopsWhenTheSheetSaysSo() {
-        PrintScript script = NumberedPages(5);
+        const auto row = [](const char* name, int first, int last, const QString& pages) {
+            PrintScript script = NumberedPages(5);
+            QString printed;
+            script.printPages(first, last, [&](const PrintPage& page) {
+                printed += TextsOf(page).first().text;
+                return true;
+            });
+            Check(name, printed, pages);
+        };
+        row("all", 1, 5, u"12345"_s);
+        row("one in the middle", 2, 2, u"2"_s);
+        row("beyond the end", 4, 9, u"45"_s);
+        row("nothing", 6, 9, {});
+        row("backwards", 3, 2, {});
         int sheets = 0;
-        script.printPages(1, 5, [&](const PrintPage&) { return ++sheets < 2; });
-        QCOMPARE(sheets, 2);
+        NumberedPages(5).printPages(1, 5, [&](const PrintPage&) { return ++sheets < 2; });
+        QCOMPARE(sheets, 2); // stopped by the sheet
     }
 
     // The first page of a long list must not wait for the rest of it.
@@ -188,10 +163,7 @@ private Q_SLOTS:
     void writesWaitingLinesInOnePiece() {
         QTemporaryDir folder;
         const QString name = folder.filePath(u"a.tmp"_s);
-        const auto content = [&] {
-            QFile file(name);
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("?");
-        };
+        const auto content = [&] { return FileBytes(name); };
         ScriptWriter writer;
         QVERIFY(writer.start(name));
         for (int line = 0; line < ScriptWriter::kLinesWaiting; ++line)
@@ -218,11 +190,7 @@ private Q_SLOTS:
     // A page of odd things on a real surface: what can be drawn is drawn.
     void drawsAnything() {
         QTemporaryDir folder;
-        const QString broken = folder.filePath(u"broken.jpg"_s);
-        QFile file(broken);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("no picture");
-        file.close();
+        const QString broken = WriteBytes(folder.filePath(u"broken.jpg"_s), "no picture");
         PrintScript script = ScriptOf(
             u"#startpage|#background|none.jpg|#img|none.jpg|0|0|9|9|#img|%1|0|0|9|9|"
             u"#img|none.jpg|0|0|-9|x|#fontname||#fontsize|99999|#txt|大|#fontname|无此字体|#txt|中|"
@@ -239,28 +207,24 @@ private Q_SLOTS:
         QCOMPARE(surface.pixelColor(15, 15), QColor(Qt::red));
     }
 
-    void expandsMacros_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expanded");
-        QTest::newRow("none") << u"房号"_s << u"房号"_s;
-        QTest::newRow("date") << u"$YY年$MM月$DD日/$yy-$dd"_s << u"2026年03月05日/26-05"_s;
-        QTest::newRow("time") << u"$HH:$mm:$SS $ss"_s << u"09:07:02 02"_s;
-        QTest::newRow("whole") << u"$DT $TM"_s << u"2026/03/05 09:07:02"_s;
-        QTest::newRow("unknown code") << u"$QQ$YY"_s << u" QQ2026"_s;
-        QTest::newRow("case counts") << u"$Yy"_s << u" Yy"_s;
-        QTest::newRow("cut off") << u"a$Y$"_s << u"a Y "_s;
-        QTest::newRow("twice the mark") << u"$$YY"_s << u" 2026"_s;
-        QTest::newRow("empty amount") << u"合计 0.00元"_s << u"合计     元"_s;
-        QTest::newRow("an amount that ends so") << u"10.00"_s << u"10.00"_s;
-        QTest::newRow("nothing ahead") << u"0.00"_s << u"0.00"_s;
-        QTest::newRow("count of none") << u"计 0 天, 10 天"_s << u"计   天, 10 天"_s;
-        QTest::newRow("side by side") << u"x 0 0 0.00 0 y"_s << u"x            y"_s;
-    }
-
     void expandsMacros() {
-        QFETCH(QString, text);
-        const QDateTime now(QDate(2026, 3, 5), QTime(9, 7, 2));
-        QTEST(ExpandPrintMacros(text, now), "expanded");
+        const auto row = [](const char* name, const QString& text, const QString& expanded) {
+            const QDateTime now(QDate(2026, 3, 5), QTime(9, 7, 2));
+            Check(name, ExpandPrintMacros(text, now), expanded);
+        };
+        row("none", u"房号"_s, u"房号"_s);
+        row("date", u"$YY年$MM月$DD日/$yy-$dd"_s, u"2026年03月05日/26-05"_s);
+        row("time", u"$HH:$mm:$SS $ss"_s, u"09:07:02 02"_s);
+        row("whole", u"$DT $TM"_s, u"2026/03/05 09:07:02"_s);
+        row("unknown code", u"$QQ$YY"_s, u" QQ2026"_s);
+        row("case counts", u"$Yy"_s, u" Yy"_s);
+        row("cut off", u"a$Y$"_s, u"a Y "_s);
+        row("twice the mark", u"$$YY"_s, u" 2026"_s);
+        row("empty amount", u"合计 0.00元"_s, u"合计     元"_s);
+        row("an amount that ends so", u"10.00"_s, u"10.00"_s);
+        row("nothing ahead", u"0.00"_s, u"0.00"_s);
+        row("count of none", u"计 0 天, 10 天"_s, u"计   天, 10 天"_s);
+        row("side by side", u"x 0 0 0.00 0 y"_s, u"x            y"_s);
     }
 };
 

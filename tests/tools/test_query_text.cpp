@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "tests/hotel_test.h"
 #include "tools/query_text.h"
 
@@ -9,67 +7,38 @@ class QueryTextTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void normalisesTargets_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("target");
+    void normalisesTargets() {
         const auto row = [](const QString& typed, const QString& target) {
-            QTest::newRow(qPrintable(typed + u" -> "_s + target)) << typed << target;
+            Check(qPrintable(typed), NormalisedTarget(typed), target);
         };
-        const auto kept = [&](const QString& typed) { row(typed, typed); };
-        row(u"2026.3.5"_s, u"2026-03-05"_s);
-        row(u"2026/3/5"_s, u"2026-03-05"_s);
-        row(u"2026-3-5"_s, u"2026-03-05"_s);
-        row(u"26.3.5"_s, u"2026-03-05"_s);
+        for (const QString& typed : {u"2026.3.5"_s, u"2026/3/5"_s, u"2026-3-5"_s, u"26.3.5"_s})
+            row(typed, u"2026-03-05"_s);
         row(u"6.3.5"_s, u"2006-03-05"_s);
         row(u"29-1-1"_s, u"2029-01-01"_s);
         row(u"30-1-1"_s, u"1930-01-01"_s);
         row(u"2024.2.29"_s, u"2024-02-29"_s);
         row(u"9:5"_s, u"09:05:00"_s);
         row(u"9:5:7"_s, u"09:05:07"_s);
-        row(u"23:59:59"_s, u"23:59:59"_s);
-        kept(u"2026-03-05"_s);
-        kept(u"2026.3."_s);    // ends in the second separator
-        kept(u".3.5"_s);       // begins with the first
-        kept(u"2026.3.5.1"_s); // a third
-        kept(u"2026.3/5"_s);   // two kinds
-        kept(u"2026.2.29"_s);  // no such day
-        kept(u"2026.13.1"_s);
-        kept(u"192.168.1"_s); // an address that is cut off
-        kept(u"126.3.5"_s);   // no year has three digits
-        kept(u"a.b.c"_s);
-        kept(u"2026-3-5 9:05"_s);
-        kept(u"12.50"_s);
-        kept(u"9:"_s);
-        kept(u":5"_s);
-        kept(u"9:5:"_s);
-        kept(u"24:00"_s);
-        kept(u"1:2:3:4"_s);
-        kept(u""_s);
-        kept(u"．．．"_s);
-    }
-    void normalisesTargets() {
-        QFETCH(QString, typed);
-        QTEST(NormalisedTarget(typed), "target");
+        // One separator too many or too few, two kinds, no such day or time, no year: kept as typed.
+        for (const QString& kept :
+             {u"2026-03-05"_s, u"2026.3."_s, u".3.5"_s, u"2026.3.5.1"_s, u"2026.3/5"_s,
+              u"2026.2.29"_s, u"2026.13.1"_s, u"192.168.1"_s, u"126.3.5"_s, u"a.b.c"_s,
+              u"2026-3-5 9:05"_s, u"12.50"_s, u"9:"_s, u":5"_s, u"24:00"_s, u"1:2:3:4"_s, u""_s})
+            row(kept, kept);
     }
 
-    void completeConditions_data() {
-        QTest::addColumn<QString>("object");
-        QTest::addColumn<QString>("op");
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<bool>("complete");
-        QTest::newRow("all") << u"房态"_s << u"等于"_s << u"散客"_s << true;
-        QTest::newRow("no field") << u""_s << u"等于"_s << u"散客"_s << false;
-        QTest::newRow("no operator") << u"房态"_s << u""_s << u"散客"_s << false;
-        QTest::newRow("no value") << u"房态"_s << u"等于"_s << u""_s << false;
-        QTest::newRow("none wanted") << u"房态"_s << u"为空"_s << u""_s << true;
-        QTest::newRow("greatest text") << u"房态"_s << u"最大"_s << u""_s << true;
-        QTest::newRow("greatest number wants one") << u"房态"_s << u"数值最大"_s << u""_s << false;
-    }
     void completeConditions() {
-        QFETCH(QString, object);
-        QFETCH(QString, op);
-        QFETCH(QString, target);
-        QTEST(IsComplete({{}, object, op, target}), "complete");
+        const auto row = [](const char* name, const QString& object, const QString& op,
+                            const QString& target, bool complete) {
+            Check(name, IsComplete({{}, object, op, target}), complete);
+        };
+        row("all", u"房态"_s, u"等于"_s, u"散客"_s, true);
+        row("no field", u""_s, u"等于"_s, u"散客"_s, false);
+        row("no operator", u"房态"_s, u""_s, u"散客"_s, false);
+        row("no value", u"房态"_s, u"等于"_s, u""_s, false);
+        row("none wanted", u"房态"_s, u"为空"_s, u""_s, true);
+        row("greatest text", u"房态"_s, u"最大"_s, u""_s, true);
+        row("greatest number wants one", u"房态"_s, u"数值最大"_s, u""_s, false);
     }
 
     void writesConditions() {
@@ -113,43 +82,33 @@ private Q_SLOTS:
                     .endsWith(u"</记录查询条件>\r\n<记录查询字段>工作经历</记录查询字段>\r\n"));
     }
 
-    void normalisesKeywords_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("keywords");
-        QTest::addColumn<int>("count");
-        QTest::newRow("none") << u""_s << u""_s << 0;
-        QTest::newRow("one") << u" 散客 "_s << u"散客"_s << 1;
-        QTest::newRow("full-width comma") << u"散客，王 伟"_s << u"散客,王 伟"_s << 2;
-        QTest::newRow("nothing between commas") << u",a,, ,b,"_s << u"a,b"_s << 2;
-        QTest::newRow("tag marks") << u"</必选条件>a"_s << u"/必选条件a"_s << 1;
-    }
     void normalisesKeywords() {
-        QFETCH(QString, typed);
-        QFETCH(int, count);
-        const QString keywords = NormalisedKeywords(typed);
-        QTEST(keywords, "keywords");
-        QCOMPARE(KeywordCount(keywords), count);
+        const auto row = [](const char* name, const QString& typed, const QString& keywords,
+                            int count) {
+            Check(name, NormalisedKeywords(typed), keywords);
+            Check(name, KeywordCount(keywords), count);
+        };
+        row("none", u""_s, u""_s, 0);
+        row("one", u" 散客 "_s, u"散客"_s, 1);
+        row("full-width comma", u"散客，王 伟"_s, u"散客,王 伟"_s, 2);
+        row("nothing between commas", u",a,, ,b,"_s, u"a,b"_s, 2);
+        row("tag marks", u"</必选条件>a"_s, u"/必选条件a"_s, 1);
     }
 
-    void matchesKeywords_data() {
-        QTest::addColumn<QString>("required");
-        QTest::addColumn<QString>("optional");
-        QTest::addColumn<QString>("excluded");
-        QTest::addColumn<bool>("matches");
-        QTest::newRow("none asked for") << u""_s << u""_s << u""_s << true;
-        QTest::newRow("all held") << u"王伟,散客"_s << u""_s << u""_s << true;
-        QTest::newRow("one missing") << u"王伟,长包"_s << u""_s << u""_s << false;
-        QTest::newRow("one of them held") << u""_s << u"长包,散客"_s << u""_s << true;
-        QTest::newRow("none of them held") << u"王伟"_s << u"长包,团队"_s << u""_s << false;
-        QTest::newRow("excluded") << u"王伟"_s << u"散客"_s << u"团队,8101"_s << false;
-        QTest::newRow("the tags count") << u"房态"_s << u""_s << u""_s << true;
-    }
     void matchesKeywords() {
-        QFETCH(QString, required);
-        QFETCH(QString, optional);
-        QFETCH(QString, excluded);
-        const QString record = u"<房间号>8101</房间号>\r\n<姓名>王伟</姓名>\r\n<房态>散客</房态>"_s;
-        QTEST(MatchesKeywords(record, {required, optional, excluded}), "matches");
+        const auto row = [](const char* name, const QString& required, const QString& optional,
+                            const QString& excluded, bool matches) {
+            const QString record =
+                u"<房间号>8101</房间号>\r\n<姓名>王伟</姓名>\r\n<房态>散客</房态>"_s;
+            Check(name, MatchesKeywords(record, {required, optional, excluded}), matches);
+        };
+        row("none asked for", u""_s, u""_s, u""_s, true);
+        row("all held", u"王伟,散客"_s, u""_s, u""_s, true);
+        row("one missing", u"王伟,长包"_s, u""_s, u""_s, false);
+        row("one of them held", u""_s, u"长包,散客"_s, u""_s, true);
+        row("none of them held", u"王伟"_s, u"长包,团队"_s, u""_s, false);
+        row("excluded", u"王伟"_s, u"散客"_s, u"团队,8101"_s, false);
+        row("the tags count", u"房态"_s, u""_s, u""_s, true);
     }
 };
 

@@ -1,5 +1,4 @@
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
 
 #include "link/serv_api.h"
@@ -58,36 +57,27 @@ private Q_SLOTS:
         hotel_.reset();
     }
 
-    void showsWhatIsFound_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("names");
-        QTest::newRow("by a condition") << ConditionText({{{}, u"姓名"_s, u"包含"_s, u"王"_s}}, {})
-                                        << QStringList{u"1"_s, u"3"_s};
-        QTest::newRow("by keywords")
-            << KeywordText({u"王"_s, u"东,西"_s, u"伟"_s}) << QStringList{u"3"_s};
-        // With keywords the conditions are not sent.
-        QTest::newRow("by both") << KeywordText({u"李"_s, {}, {}}) +
-                                        ConditionText({{{}, u"姓名"_s, u"等于"_s, u"x"_s}}, {})
-                                 << QStringList{u"2"_s};
-        QTest::newRow("the greatest")
-            << ConditionText({{{}, u"记录名"_s, u"数值最大"_s, {}}}, {}) << QStringList{u"3"_s};
-        QTest::newRow("none") << ConditionText({{{}, u"姓名"_s, u"等于"_s, u"x"_s}}, {})
-                              << QStringList();
-        QTest::newRow("cut off") << kAll.left(30) << QStringList{u"1"_s, u"2"_s, u"3"_s};
-    }
     void showsWhatIsFound() {
-        QFETCH(QString, text);
         Fill(kFile, 0);
         DbModifyRecord(kFile, kProject, u"1", u"<姓名> 王伟\r\n</姓名>\r\n<备注>a\r\nb　</备注>");
         DbModifyRecord(kFile, kProject, u"2", u"<姓名>李东</姓名>");
         DbModifyRecord(kFile, kProject, u"3", u"<姓名>王东</姓名>");
-        QCOMPARE(QueryToGrid(kFile, kProject, text, 0, *list_), WalkEnd::Finished);
-        QStringList names;
-        for (int row = 1; row < list_->Grd().rows(); ++row)
-            names.append(list_->Grd().text(row, 0));
-        QTEST(names, "names");
-        if (names.value(0) == u"1")
-            QCOMPARE(list_->Grd().row(1), (QStringList{u"1"_s, u"王伟"_s, u"a b"_s}));
+        const auto row = [&](const char* name, const QString& text, const QString& found) {
+            list_->Grd().clearRows();
+            QVERIFY2(QueryToGrid(kFile, kProject, text, 0, *list_) == WalkEnd::Finished, name);
+            QStringList names;
+            for (int n = 1; n < list_->Grd().rows(); ++n)
+                names.append(list_->Grd().text(n, 0));
+            Check(name, names.join(u' '), found);
+        };
+        const QString noX = ConditionText({{{}, u"姓名"_s, u"等于"_s, u"x"_s}}, {});
+        row("by keywords", KeywordText({u"王"_s, u"东,西"_s, u"伟"_s}), u"3"_s);
+        row("by both: the conditions are not sent", KeywordText({u"李"_s, {}, {}}) + noX, u"2"_s);
+        row("the greatest", ConditionText({{{}, u"记录名"_s, u"数值最大"_s, {}}}, {}), u"3"_s);
+        row("none", noX, u""_s);
+        row("cut off", kAll.left(30), u"1 2 3"_s);
+        row("by a condition", ConditionText({{{}, u"姓名"_s, u"包含"_s, u"王"_s}}, {}), u"1 3"_s);
+        QCOMPARE(list_->Grd().row(1), (QStringList{u"1"_s, u"王伟"_s, u"a b"_s}));
     }
 
     void nothingToSearch() {
@@ -135,9 +125,9 @@ private Q_SLOTS:
     }
 
     void stopsAndCloses_data() {
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("the stop command") << false;
-        QTest::newRow("closing the window") << true;
+        const Columns<bool> row("closes");
+        row("the stop command", false);
+        row("closing the window", true);
     }
     void stopsAndCloses() {
         QFETCH(bool, closes);
@@ -223,27 +213,21 @@ private Q_SLOTS:
         QTRY_COMPARE(list_->GrdView()->table().dataRows(), 2); // shown at the end
     }
 
-    void filesOfAPeriod_data() {
-        QTest::addColumn<QDate>("first");
-        QTest::addColumn<QDate>("last");
-        QTest::addColumn<QString>("days");
-        QTest::addColumn<QString>("months");
-        QTest::newRow("over a month's end") << QDate(2024, 2, 28) << QDate(2024, 3, 1)
-                                            << u"240228 240229 240301"_s << u"2402 2403"_s;
-        QTest::newRow("one day") << QDate(2026, 1, 1) << QDate(2026, 1, 1) << u"260101"_s
-                                 << u"2601"_s;
-        QTest::newRow("over a year's end")
-            << QDate(2025, 12, 31) << QDate(2026, 1, 1) << u"251231 260101"_s << u"2512 2601"_s;
-        QTest::newRow("turned round") << QDate(2026, 2, 1) << QDate(2026, 1, 1) << u""_s << u""_s;
-        QTest::newRow("no dates") << QDate() << QDate() << u""_s << u""_s;
-    }
     void filesOfAPeriod() {
-        QFETCH(QDate, first);
-        QFETCH(QDate, last);
-        const auto day = [](QDate date) { return date.toString(u"yyMMdd"); };
-        const auto month = [](QDate date) { return date.toString(u"yyMM"); };
-        QTEST(DayFiles(first, last, day).join(u' '), "days");
-        QTEST(MonthFiles(first, last, month).join(u' '), "months");
+        const auto row = [](const char* name, QDate first, QDate last, const QString& days,
+                            const QString& months) {
+            const auto day = [](QDate date) { return date.toString(u"yyMMdd"); };
+            const auto month = [](QDate date) { return date.toString(u"yyMM"); };
+            Check(name, DayFiles(first, last, day).join(u' '), days);
+            Check(name, MonthFiles(first, last, month).join(u' '), months);
+        };
+        row("over a month's end", QDate(2024, 2, 28), QDate(2024, 3, 1), u"240228 240229 240301"_s,
+            u"2402 2403"_s);
+        row("one day", QDate(2026, 1, 1), QDate(2026, 1, 1), u"260101"_s, u"2601"_s);
+        row("over a year's end", QDate(2025, 12, 31), QDate(2026, 1, 1), u"251231 260101"_s,
+            u"2512 2601"_s);
+        row("turned round", QDate(2026, 2, 1), QDate(2026, 1, 1), u""_s, u""_s);
+        row("no dates", {}, {}, u""_s, u""_s);
     }
 
 private:
