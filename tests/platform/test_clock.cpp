@@ -1,7 +1,4 @@
-#include <QTest>
-
 #include "platform/clock.h"
-#include "record/literals.h"
 #include "tests/hotel_test.h"
 
 using namespace hotel;
@@ -22,28 +19,23 @@ private Q_SLOTS:
         QCOMPARE(Clock::SecondsSinceMidnight(), 0.25);
     }
 
-    void takesOnlyFullTexts_data() {
-        QTest::addColumn<QString>("date");
-        QTest::addColumn<QString>("time");
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("both") << u"2007-12-31"_s << u"08:30:00"_s << true;
-        QTest::newRow("no such day or minute") << u"2007-02-30"_s << u"08:60:00"_s << false;
-        QTest::newRow("other form") << u"2007/12/31"_s << u"083000"_s << false;
-        QTest::newRow("something behind") << u"2007-12-31 "_s << u"08:30:00.5"_s << false;
-        QTest::newRow("error") << u"<ERROR>"_s << u"<ERROR>"_s << false;
-        QTest::newRow("empty") << u""_s << u""_s << false;
-    }
     void takesOnlyFullTexts() {
-        QFETCH(QString, date);
-        QFETCH(QString, time);
-        QFETCH(bool, taken);
-        const QDateTime before = Clock::Now();
-        QCOMPARE(Clock::SetDate(date), taken);
-        QCOMPARE(Clock::SetTime(time), taken);
-        if (taken)
-            QCOMPARE(Clock::DateText() + Clock::TimeText(), date + time);
-        else
-            QCOMPARE(Clock::Now(), before);
+        const auto row = [](const char* name, const QString& date, const QString& time,
+                            bool taken) {
+            const QDateTime before = Clock::Now();
+            Check(name, Clock::SetDate(date), taken);
+            Check(name, Clock::SetTime(time), taken);
+            if (taken)
+                QCOMPARE(Clock::DateText() + Clock::TimeText(), date + time);
+            else
+                Check(name, Clock::Now(), before);
+        };
+        row("both", u"2007-12-31"_s, u"08:30:00"_s, true);
+        row("no such day or minute", u"2007-02-30"_s, u"08:60:00"_s, false);
+        row("other form", u"2007/12/31"_s, u"083000"_s, false);
+        row("something behind", u"2007-12-31 "_s, u"08:30:00.5"_s, false);
+        row("error", u"<ERROR>"_s, u"<ERROR>"_s, false);
+        row("empty", u""_s, u""_s, false);
     }
 
     void goesOnFromTheServersTime() {
