@@ -61,7 +61,7 @@ QString Normalised(Editor editor, const QString& typed) {
     case Editor::ShortTime:
         return TimeFromTyped(typed).left(5);
     case Editor::Amount:
-        if (const auto amount = typed.isEmpty() ? std::nullopt : amountReader(typed))
+        if (const auto amount = TrimWhite(typed).isEmpty() ? std::nullopt : amountReader(typed))
             return FormatNumber(*amount, u"#0.00");
         return {};
     default:
@@ -159,9 +159,10 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     }
     default: {
         auto* box = new QLineEdit;
-        SetKeyFilter(box, FilterOf(field.editor), field.maxBytes);
-        if (field.editor == Editor::Password)
+        if (field.editor == Editor::Password) // every sign counts
             box->setEchoMode(QLineEdit::Password);
+        else
+            SetKeyFilter(box, FilterOf(field.editor), field.maxBytes);
         if (field.editor == Editor::Amount)
             box->setAlignment(Qt::AlignRight);
         connect(box, &QLineEdit::textEdited, this, tellEdited);
@@ -201,7 +202,7 @@ QString FieldForm::typedText(QStringView control) const {
         return box->currentText();
     if (const auto* box = qobject_cast<QCheckBox*>(widget))
         return box->isChecked() ? u"1"_s : u"0"_s;
-    return qobject_cast<QPlainTextEdit*>(widget)->toPlainText().replace(u'\n', kCrLf);
+    return WithoutMarks(qobject_cast<QPlainTextEdit*>(widget)->toPlainText().replace(u'\n', kCrLf));
 }
 
 QString FieldForm::text(QStringView control) const {

@@ -80,16 +80,20 @@ QString PlainForm(QStringView text) {
     return plain;
 }
 
+QString WithoutMarks(QString text) {
+    return text.replace(u'<', u'＜').replace(u'>', u'＞');
+}
+
 QString FilterTyped(KeyFilter filter, QStringView typed) {
     if (filter == KeyFilter::Any)
-        return typed.toString();
+        return WithoutMarks(typed.toString());
     QString taken = PlainForm(typed);
     if (filter == KeyFilter::Letters || filter == KeyFilter::Capitals)
         taken = taken.toUpper();
     if (filter == KeyFilter::Amount || filter == KeyFilter::Expression)
         taken.replace(u'。', u'.');
     taken.removeIf([filter](QChar c) { return !Passes(filter, c); });
-    return taken;
+    return WithoutMarks(taken);
 }
 
 QString TypedText(const QKeyEvent& key) {

@@ -1,7 +1,8 @@
 #pragma once
 
 // What may be typed where. Full-width digits, letters and signs, as a Chinese input method gives
-// them, count as their plain forms wherever a filter is at work.
+// them, count as their plain forms wherever a filter but Any is at work. "<" and ">" are the marks of
+// record text, which knows no escaping: in whatever goes into a record they are typed full-width.
 
 #include <QString>
 #include <QStringView>
@@ -22,6 +23,9 @@ enum class KeyFilter {
 
 // `text` with full-width letters, digits, signs and blanks in their plain forms.
 QString PlainForm(QStringView text);
+
+// `text` with "<" and ">" full-width, so that it can stand as a value in a record.
+QString WithoutMarks(QString text);
 
 // What is taken of a typed (or pasted) text.
 QString FilterTyped(KeyFilter filter, QStringView typed);

@@ -24,6 +24,9 @@ private Q_SLOTS:
         const QString mixed = u"aＢ3４.。-+号 "_s;
         QTest::newRow("any") << KeyFilter::Any << mixed << mixed;
         QTest::newRow("letters") << KeyFilter::Letters << mixed << u"AB"_s;
+        QTest::newRow("marks of record text") << KeyFilter::Any << u"</内容>"_s << u"＜/内容＞"_s;
+        QTest::newRow("marks, plain and full-width")
+            << KeyFilter::Capitals << u"<a＞"_s << u"＜A＞"_s;
         QTest::newRow("capitals") << KeyFilter::Capitals << mixed << u"AB34.。-+号 "_s;
         QTest::newRow("digits") << KeyFilter::Digits << mixed << u"34"_s;
         QTest::newRow("amount") << KeyFilter::Amount << mixed << u"34.."_s;
