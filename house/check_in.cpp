@@ -187,12 +187,13 @@ QString WithUploadedPhotographs(QStringView guest) {
     QString moved = guest.toString();
     for (const QStringView tag : {guest_text::kDocumentPhotograph, guest_text::kPortrait}) {
         const QString path = GetTag(guest, tag);
-        if (path.isEmpty() || !QFileInfo(path).isFile())
-            continue;
         const QString name = QFileInfo(path).fileName();
-        const bool uploaded = UploadFile(path, GuestPhotographFile(name)) == 0;
-        QFile::remove(path);
-        moved = SetTag(moved, tag, uploaded ? name : QString());
+        bool lost = false;
+        if (QFileInfo(path).isFile()) {
+            lost = UploadFile(path, GuestPhotographFile(name)) != 0;
+            QFile::remove(path);
+        }
+        moved = SetTag(moved, tag, lost ? QString() : name);
     }
     return moved;
 }

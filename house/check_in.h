@@ -33,7 +33,8 @@ struct CheckInOutcome {
 CheckInOutcome ConfirmCheckIn(const QString& workingSet, const QList<ChosenRoom>& rooms);
 
 // `guest` with its photographs moved from this workstation to the house's folder; a field keeps the
-// bare file name, or becomes empty where the upload failed. What is no file here stays as it is.
+// bare file name, or becomes empty where the upload failed. A file that isn't here any more has been
+// moved with another guest, from whom this one was copied.
 QString WithUploadedPhotographs(QStringView guest);
 
 } // namespace hotel

@@ -13,8 +13,6 @@
 #include "tests/house/cut_line.h"
 #include "tests/house/small_house.h"
 
-#include <QTest>
-
 using namespace hotel;
 
 namespace {
@@ -174,29 +172,8 @@ private Q_SLOTS:
         QCOMPARE(RegisteredNames(u"kszl\\rzjl\\260304.qvr"_s), QStringList{u"王一"_s});
     }
 
-    void refusals_data() {
-        QTest::addColumn<QString>("status"); // of the room on the list
-        QTest::addColumn<QStringList>("guests");
-        QTest::addColumn<QString>("told");
-        const QString good = ValidGuest(u"王一"_s, kFolio, u"包房"_s);
-        const QString shared = ValidGuest(u"王一"_s, kFolio, u"散客"_s);
-        const QString bad = ValidGuest(u"王一"_s, u"1"_s, u"包房"_s);
-        const QString missing = u"请确认: 客房：101 客人信息还没有输入! 不能完成登记!"_s;
-        const QString mixed =
-            u"请确定房间使用状态: 客房：101 不能同时处于散客合住与包房类状态！不能继续"_s;
-        QTest::newRow("nothing typed") << u"空房"_s << QStringList() << missing;
-        QTest::newRow("only the second bed") << u"空房"_s << QStringList({bad, good}) << missing;
-        QTest::newRow("shared, nobody") << u"散客"_s << QStringList({bad}) << missing;
-        QTest::newRow("shared, the second bed")
-            << u"散客"_s << QStringList({bad, shared}) << QString();
-        QTest::newRow("mixed") << u"空房"_s << QStringList({good, shared}) << mixed;
-        QTest::newRow("the other way round") << u"散客"_s << QStringList({shared, good}) << mixed;
-        QTest::newRow("half a couple") << u"空房"_s << QStringList({good, bad}) << QString();
-    }
     void refusals() {
-        QFETCH(QString, status);
-        QFETCH(QStringList, guests);
-        QFETCH(QString, told);
+        const auto row = [](const char* name, const QString& status, const QStringList& guests, const QString& told) { // of the room on the list
         TestHotel hotel;
         const RoomSpec good{u"102"_s};
         const RoomSpec room{u"101"_s, status};
@@ -204,10 +181,24 @@ private Q_SLOTS:
         QString set = TypedSet({Chosen(good)}, {ValidGuest(u"好客"_s, kOther, u"包房"_s)});
         set += TypedSet({Chosen(room)}, guests, 2);
         const CheckInOutcome outcome = ConfirmCheckIn(set, {Chosen(good), Chosen(room)});
-        QCOMPARE(Words(outcome.notice), told);
+        Check(name, Words(outcome.notice), told);
         QCOMPARE(outcome.confirmed, told.isEmpty());
         QCOMPARE(StoredRoom(u"102"_s, room_record::kGuests), told.isEmpty() ? u"1"_s : QString());
-        QCOMPARE(RegisteredNames().isEmpty(), !told.isEmpty());
+        Check(name, RegisteredNames().isEmpty(), !told.isEmpty());
+        };
+        const QString good = ValidGuest(u"王一"_s, kFolio, u"包房"_s);
+        const QString shared = ValidGuest(u"王一"_s, kFolio, u"散客"_s);
+        const QString bad = ValidGuest(u"王一"_s, u"1"_s, u"包房"_s);
+        const QString missing = u"请确认: 客房：101 客人信息还没有输入! 不能完成登记!"_s;
+        const QString mixed =
+            u"请确定房间使用状态: 客房：101 不能同时处于散客合住与包房类状态！不能继续"_s;
+        row("nothing typed", u"空房"_s, {}, missing);
+        row("only the second bed", u"空房"_s, QStringList({bad, good}), missing);
+        row("shared, nobody", u"散客"_s, QStringList({bad}), missing);
+        row("shared, the second bed", u"散客"_s, QStringList({bad, shared}), {});
+        row("mixed", u"空房"_s, QStringList({good, shared}), mixed);
+        row("the other way round", u"散客"_s, QStringList({shared, good}), mixed);
+        row("half a couple", u"空房"_s, QStringList({good, bad}), {});
     }
     void nothingToConfirm() {
         TestHotel hotel;
@@ -224,6 +215,7 @@ private Q_SLOTS:
         const QString moved = WithUploadedPhotographs(guest);
         QCOMPARE(GetTag(moved, guest_text::kDocumentPhotograph), u"P1234.jpg"_s);
         QCOMPARE(GetTag(moved, guest_text::kPortrait), u"王一.jpg"_s); // moved before
+        QCOMPARE(WithUploadedPhotographs(guest), moved);               // a copy of the same guest
         QVERIFY(!QFile::exists(folder.filePath(u"P1234.jpg"_s)));
         QCOMPARE(DbDownloadFile(GuestPhotographFile(u"P1234.jpg"), folder.filePath(u"back"_s)), 0);
 
@@ -255,15 +247,8 @@ private Q_SLOTS:
         QCOMPARE(LoadJzhQd(), QStringList({kFolio, kOther}));
     }
 
-    void twoDesksSellBedsOfOneRoom_data() {
-        QTest::addColumn<QString>("status"); // of the room on both desks' lists
-        QTest::addColumn<int>("firstBed");   // that the second desk fills
-        QTest::newRow("shared already") << u"散客"_s << 2;
-        QTest::newRow("vacant when both looked") << u"空房"_s << 3;
-    }
     void twoDesksSellBedsOfOneRoom() {
-        QFETCH(QString, status);
-        QFETCH(int, firstBed);
+        const auto row = [](const char* name, const QString& status, int firstBed) { // of the room on both desks' lists; that the second desk fills
         TestHotel hotel;
         const RoomSpec room{u"105"_s, status, 0, 4};
         FillRooms({room});
@@ -285,7 +270,10 @@ private Q_SLOTS:
         const QStringList names = StoredNames(u"105"_s);
         QVERIFY(names.contains(u"客人01 王一"_s));
         QVERIFY(names.contains(GuestTag(firstBed) + u" 李二"_s));
-        QCOMPARE(names.contains(u"客人02 张三"_s), status == u"空房");
+        Check(name, names.contains(u"客人02 张三"_s), status == u"空房");
+        };
+        row("shared already", u"散客"_s, 2);
+        row("vacant when both looked", u"空房"_s, 3);
     }
 
     // Whatever is on the server when the line goes dead stays, the desk is told, and the next start
