@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "frontoffice/photo_capture.h"
@@ -109,6 +110,7 @@ RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
 
     form_->setChoices(u"Krxb", {u"男"_s, u"女"_s});
     SetKeyFilter(form_->editor<QLineEdit>(u"Zjhm"), KeyFilter::Capitals);
+    SetKeyFilter(form_->editor<QComboBox>(u"Jzh")->lineEdit(), KeyFilter::Capitals);
     form_->editor(u"Zjhm")->installEventFilter(this);
     onEnter(form_->editor(u"Zjhm"), [this] { Zjhm_KeyPress(); });
     on(form_, &FieldForm::edited, [this](const QString& control) { Field_Edited(control); });
@@ -153,6 +155,9 @@ RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
 
 void RzdjFrm::load(const QVariant&) {
     form_->loadCategories();
+    const auto* statuses = form_->editor<QComboBox>(u"Ft");
+    for (int i = 0; i < statuses->count(); ++i)
+        statuses_.append(statuses->itemText(i));
     folios_ = LoadJzhQd();
     const QHash<QString, FolioSummary> summaries = LoadFolioSummaries();
     QStringList choices;
@@ -179,8 +184,10 @@ QString RzdjFrm::bed() const {
 
 void RzdjFrm::SetForm(int roomIndex, int guestIndex) {
     place_ = {roomIndex, guestIndex};
-    const QString guest = GuestOfSet(set_, room(), bed());
-    fillForm(GuestForForm(guest, form_->store({}), folioMoment()));
+    const QString guest =
+        GuestForForm(GuestOfSet(set_, room(), bed()), form_->store({}), folioMoment());
+    // A house without statuses for a stay can't register anybody.
+    fillForm(statuses_.isEmpty() ? SetTag(guest, kStatus, {}) : guest);
     showPlace();
     form_->editor(u"Krxm")->setFocus();
     form_->editor<QLineEdit>(u"Krxm")->selectAll();
@@ -200,7 +207,7 @@ void RzdjFrm::showPlace() {
         u"%1 房   第 %2 床   %3"_s.arg(room(), form_->text(u"Cwh"), form_->text(u"Kflx"));
     if (rooms_.size() > 1)
         words += u"   （第 %1 间，共 %2 间）"_s.arg(place_.room).arg(rooms_.size());
-    banner_->setText(bed().isEmpty() ? room() + u" 房 已没有空床"_s : words);
+    banner_->setText(words);
     setStatus(u"本房间第 %1 位，可登记 %2 位"_s.arg(place_.guest).arg(beds().size()));
 }
 
@@ -242,18 +249,19 @@ QString RzdjFrm::formRecord() const {
     QString record = form_->store(GuestOfSet(set_, room(), bed()));
     for (const QStringView tag : {kName, kDocumentNumber})
         record = SetTag(record, tag, TrimWhite(GetTag(record, tag)));
+    if (const QString price = GetTag(record, kPrice); Money::FromText(price).text() != price)
+        record = SetTag(record, kPrice, {}); // what can't be reckoned
     record = SetTag(record, kPortrait, portraitFile_);
     record = SetTag(record, kDocumentPhotograph, documentFile_);
     return InWritingOrder(record);
 }
 
 void RzdjFrm::UpdateRec() {
-    if (!bed().isEmpty())
-        set_ = WithGuest(set_, room(), bed(), formRecord());
+    set_ = WithGuest(set_, room(), bed(), formRecord());
 }
 
 int RzdjFrm::testKrJbxxFail() {
-    if (form_->text(u"Jzh").size() != kFolioLength)
+    if (!IsFolioNumber(form_->text(u"Jzh")))
         form_->setText(u"Jzh", {});
     const QString number = TrimWhite(form_->text(u"Zjhm"));
     const bool fills = form_->text(u"Zjzl") == kIdentityCard && form_->text(u"Hkszd").isEmpty();
@@ -302,10 +310,13 @@ void RzdjFrm::Field_Left(const QString& control) {
         Yjld_LostFocus();
 }
 
-// A command's key leaves no field: what its leaving would do is done ahead of the command.
+// A command's key leaves no field: what its leaving would do is done ahead of the command, and not once
+// more when the command moves the focus on.
 void RzdjFrm::finishField() {
     if (const QWidget* field = focusWidget())
         Field_Left(field->objectName());
+    const QSignalBlocker done(form_);
+    form_->editor(u"Krxm")->setFocus(Qt::TabFocusReason);
 }
 
 void RzdjFrm::Zjhm_KeyPress() {
@@ -360,13 +371,10 @@ void RzdjFrm::Ft_Change() {
 
 // The status and the tick go together, whichever is changed.
 void RzdjFrm::Skhz_Click() {
-    const auto* statuses = form_->editor<QComboBox>(u"Ft");
-    QStringList offered;
-    for (int i = 0; i < statuses->count(); ++i)
-        offered.append(statuses->itemText(i));
+    const QString shared = SharedStatusAmong(statuses_);
     const bool shares = form_->text(u"Skhz") == u"1";
-    if (shares && !SharedStatusAmong(offered).isEmpty())
-        form_->setText(u"Ft", SharedStatusAmong(offered));
+    if (shares && !shared.isEmpty())
+        form_->setText(u"Ft", shared);
     else if (!shares && IsShared(form_->text(u"Ft")))
         form_->setText(u"Ft", kWholeRoom.toString());
     Ft_Change();
@@ -408,7 +416,10 @@ void RzdjFrm::move(FormMove step) {
     }
     if (decided.store)
         UpdateRec();
-    SetForm(decided.to.room, decided.to.guest);
+    if (decided.to == place_)
+        showPlace(); // nowhere to go: whoever is half typed stays
+    else
+        SetForm(decided.to.room, decided.to.guest);
 }
 
 void RzdjFrm::KsCmd_Click() {
@@ -465,7 +476,8 @@ void RzdjFrm::Rxpz_Click() {
 
 // --- leaving ---
 
-// Whoever isn't complete is not registered; if somebody has been typed, the clerk is asked first.
+// Whoever isn't complete is not registered; if somebody who has been typed would be lost, the clerk is
+// asked first.
 bool RzdjFrm::closing() {
     finishField();
     const int lack = testKrJbxxFail();
@@ -474,7 +486,8 @@ bool RzdjFrm::closing() {
         return true;
     }
     const bool isFirst = place_ == FormPlace{};
-    const bool isTyped = !form_->text(u"Krxm").isEmpty() || !form_->text(u"Zjhm").isEmpty();
+    const bool isTyped = !form_->text(u"Krxm").isEmpty() || !form_->text(u"Zjhm").isEmpty() ||
+                         (isFirst && ValidGuestsOfSet(set_) > 0);
     const QString words = isFirst ? u"第一位客人的主要信息不全，离开将清除本次登记，要离开吗？"_s
                                   : u"这位客人的主要信息不全，离开后不登记这位客人，要离开吗？"_s;
     if (isTyped && !AskYesNo(words, u"请检查"_s)) {

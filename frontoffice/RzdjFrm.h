@@ -31,7 +31,7 @@ class RzdjFrm : public Screen {
     Q_OBJECT
 
 public:
-    // The set as OpenWorkingSet has made it for these rooms.
+    // The set as OpenWorkingSet has made it for these rooms, each with a bed on offer.
     RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms);
 
     // Reads the categories and rates, and shows the first guest.
@@ -44,8 +44,8 @@ public:
     void SetForm(int roomIndex, int guestIndex);
     // Writes the form back into the working set.
     void UpdateRec();
-    // What the guest on the form lacks (see GuestLack). Empties a folio number of a wrong length, and
-    // fills address, age and sex from a good identity number while the address is empty.
+    // What the guest on the form lacks (see GuestLack). Empties what is no folio number, and fills
+    // address, age and sex from a good identity number while the address is empty.
     int testKrJbxxFail();
 
 protected:
@@ -74,7 +74,7 @@ private:
     void move(FormMove step);
     QString room() const; // where the form is
     QStringList beds() const;
-    QString bed() const; // empty where the room has no bed on offer
+    QString bed() const;
     QString formRecord() const;
     void fillForm(const QString& guest);
     void showRates(const QString& roomType);
@@ -86,7 +86,8 @@ private:
     QString set_;
     QList<ChosenRoom> rooms_;
     FormPlace place_;
-    QStringList folios_; // open ones
+    QStringList folios_;   // open ones
+    QStringList statuses_; // that a stay may have
     QString copied_;
     RateChoice rates_;
     QString ratesOf_; // the room type that rates_ belongs to

@@ -10,7 +10,6 @@
 #include "frontoffice/RzdjFrm.h"
 #include "frontoffice/registration_form_print.h"
 #include "house/check_in.h"
-#include "house/guest_text.h"
 #include "house/offered_rooms.h"
 #include "house/paths.h"
 #include "house/rate_table.h"
@@ -225,24 +224,15 @@ void RzjdFrm::Kxkfqd_Click(int row) {
 
 // --- the party ---
 
-qsizetype RzjdFrm::typedGuests() const {
-    qsizetype guests = 0;
-    for (const QString& room : RoomsOfSet(workingSet_)) {
-        for (const QString& bed : BedsOfSet(workingSet_, room))
-            guests += IsValidGuest(GuestOfSet(workingSet_, room, bed));
-    }
-    return guests;
-}
-
 void RzjdFrm::showCounts() {
     Kxnum->setText(FormatNumber(Kxkfqd->table().dataRows(), u"#0"));
     Yxnum->setText(FormatNumber(Yxkfqd->table().dataRows(), u"#0"));
-    setStatus(
-        u"已选客房 %1 间，已登记客人 %2 位"_s.arg(Yxkfqd->table().dataRows()).arg(typedGuests()));
+    setStatus(u"已选客房 %1 间，已登记客人 %2 位"_s.arg(Yxkfqd->table().dataRows())
+                  .arg(ValidGuestsOfSet(workingSet_)));
 }
 
 bool RzjdFrm::maySetAside(const QString& words) {
-    return typedGuests() == 0 || AskYesNo(words, u"提示"_s);
+    return ValidGuestsOfSet(workingSet_) == 0 || AskYesNo(words, u"提示"_s);
 }
 
 void RzjdFrm::DjCmd_Click() {
@@ -250,13 +240,25 @@ void RzjdFrm::DjCmd_Click() {
     if (rooms.isEmpty())
         return;
     workingSet_ = KeepRooms(OpenWorkingSet(workingSet_, rooms), rooms);
+    for (const ChosenRoom& room : rooms) {
+        if (BedsOfSet(workingSet_, room.number).isEmpty())
+            return refuseFullRoom(room.number);
+    }
     ModalScreen<RzdjFrm> form(this, workingSet_, rooms);
     form.show();
     if (!form.get())
         return;
     workingSet_ = form->workingSet();
     showCounts();
-    goTo(typedGuests() > 0 ? command(u"QrCmd") : static_cast<QWidget*>(roomBox_));
+    goTo(ValidGuestsOfSet(workingSet_) > 0 ? command(u"QrCmd") : static_cast<QWidget*>(roomBox_));
+}
+
+// Other desks have filled it since it was offered.
+void RzjdFrm::refuseFullRoom(const QString& room) {
+    showCounts();
+    MsgBox(u"客房："_s + room + u" 已没有空床，请退回这间客房再登记！"_s, u"请检查"_s);
+    Yxkfqd->setCurrent(Yxkfqd->table().find(Yxkfqd->table().column(kNumber), room));
+    goTo(Yxkfqd);
 }
 
 void RzjdFrm::QrCmd_Click() {

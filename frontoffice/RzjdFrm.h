@@ -46,7 +46,7 @@ private:
     void loadOffered();
     void moveRows(GridView* from, GridView* to, const QStringList& rooms);
     void showCounts();
-    qsizetype typedGuests() const;
+    void refuseFullRoom(const QString& room);
     bool maySetAside(const QString& words); // what has been typed; asks when there is something
 
     QString workingSet_;

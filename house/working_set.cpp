@@ -87,6 +87,15 @@ QString GuestOfSet(QStringView set, QStringView room, QStringView bedTag) {
     return GetTag(GetTag(set, room), bedTag);
 }
 
+int ValidGuestsOfSet(QStringView set) {
+    int guests = 0;
+    for (FieldWalk room(set); room.next();) {
+        for (FieldWalk bed(room.value()); bed.next();)
+            guests += IsValidGuest(bed.value());
+    }
+    return guests;
+}
+
 QString WithGuest(QStringView set, QStringView room, QStringView bedTag, QStringView guest) {
     return SetTag(set.toString(), room, SetTag(GetTag(set, room), bedTag, guest));
 }

@@ -46,6 +46,7 @@ QStringList RoomsOfSet(QStringView set);
 QStringList BedsOfSet(QStringView set, QStringView room);
 
 QString GuestOfSet(QStringView set, QStringView room, QStringView bedTag);
+int ValidGuestsOfSet(QStringView set);
 QString WithGuest(QStringView set, QStringView room, QStringView bedTag, QStringView guest);
 
 // Quick registration: every room (up to kQuickRooms) whose first guest isn't valid gets a copy of the

@@ -14,6 +14,7 @@
 #include "house/records.h"
 #include "house/room_record.h"
 #include "house/stay_register.h"
+#include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/field_walk.h"
 #include "record/literals.h"
@@ -25,6 +26,7 @@
 #include "tests/house/small_house.h"
 #include "tests/test_hotel.h"
 #include "tests/type_text.h"
+#include "tools/categories.h"
 #include "tools/form_tools.h"
 
 using namespace hotel;
@@ -221,6 +223,9 @@ private Q_SLOTS:
             QCOMPARE(fields.text(u"Fh"), u"8203"_s);
             QCOMPARE(fields.text(u"Qrfj"), QString());
             QCOMPARE(fields.editor<QComboBox>(u"Fjzl")->itemText(0), u"房价"_s);
+            TypeText(fields.editor(u"Krxm"), u"半"_s);
+            Key(Qt::Key_PageDown, Qt::ControlModifier); // it is the last room
+            QCOMPARE(fields.text(u"Krxm"), u"半"_s);
             Key(Qt::Key_F4);
             QCOMPARE(fields.text(u"Krxm"), u"李秀英"_s);
             QCOMPARE(fields.text(u"Fh"), u"8203"_s);
@@ -294,8 +299,12 @@ private Q_SLOTS:
         Show(desk);
         OnGuestForm(desk, [&](RzdjFrm& form) {
             TypeGuest(form, u"张伟"_s, kNumber.toString());
+            form.findChild<QLineEdit*>(u"Krnl"_s)->setFocus();
+            form.findChild<QLineEdit*>(u"Krnl"_s)->selectAll();
+            TypeText(QApplication::focusWidget(), u"85"_s);
             Key(Qt::Key_F8); // no rate yet
             QVERIFY(form.isVisible());
+            QCOMPARE(messages.entries().size(), 2); // the age is told once
             QCOMPARE(messages.entries().last().kind, MessageRecorder::Kind::YesNo);
             QCOMPARE(FocusName(), u"Fjzl"_s);
             messages.answerNext(u"yes"_s);
@@ -316,6 +325,23 @@ private Q_SLOTS:
         GoToRoomBox(desk);
         TypeLine(u"8201 9999"_s);
         QVERIFY(messages.last().contains(u"8201,9999"));
+    }
+
+    void withoutStatusesNobodyIsRegistered() {
+        const TestHotel hotel;
+        MessageRecorder messages;
+        DbDeleteProject(CategoryFile(), u"入住房态");
+        RzjdFrm desk;
+        Show(desk);
+        OnGuestForm(desk, [&](RzdjFrm& form) {
+            TypeGuest(form, u"张伟"_s, kNumber.toString());
+            ChooseRate(form, u"房价");
+            QCOMPARE(form.testKrJbxxFail(), int(kLacksStatus));
+            messages.answerNext(u"yes"_s);
+        });
+        TypeLine(u"8201"_s);
+        Key(Qt::Key_Enter);
+        QCOMPARE(messages.entries().size(), 1);
     }
 
     // Both desks see the room vacant; each confirms in turn.
