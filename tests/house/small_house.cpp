@@ -9,6 +9,10 @@
 
 namespace hotel {
 
+QString Words(const std::optional<Notice>& notice) {
+    return notice ? notice->title + u": "_s + notice->words : QString();
+}
+
 QString RoomText(const RoomSpec& room) {
     QString text = SetTag({}, room_record::kNumber, room.number);
     text = SetTag(text, room_record::kFloor, room.floor);

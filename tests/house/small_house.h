@@ -10,6 +10,9 @@
 
 namespace hotel {
 
+// "title: words"; empty when there is nothing to tell.
+QString Words(const std::optional<Notice>& notice);
+
 struct RoomSpec {
     QString number;
     QString status = {}; // empty: none in the record

@@ -10,16 +10,11 @@
 #include "session/operation_log.h"
 #include "tests/hotel_test.h"
 #include "tests/house/small_house.h"
-
-#include <QTest>
+#include "tests/test_files.h"
 
 using namespace hotel;
 
 namespace {
-
-QString Words(const std::optional<Notice>& notice) {
-    return notice ? notice->title + u": "_s + notice->words : QString();
-}
 
 StatusPlaces Places(const QStringList& words) {
     QString category;
@@ -41,13 +36,6 @@ QStringList Lines(const QList<MapLine>& map) {
         lines.append(line.floor + u": "_s + cells.join(u' '));
     }
     return lines;
-}
-
-// The log's entries of the moment, as the record of the second.
-QString LastLogEntry() {
-    return GetTag(DbReadRecord(OperationLogFile(u"2026-03-05", TestHotel::Moment().date()),
-                               operation_log::kProject, u"100000"),
-                  operation_log::kRemark);
 }
 
 } // namespace
@@ -131,7 +119,7 @@ private Q_SLOTS:
         FillRooms({{u"101"_s, u"脏房"_s}, {u"102"_s, u"散客"_s, 1}});
         QVERIFY(SetStatusByHand(u"101", u"空房").changed);
         QCOMPARE(StoredRoom(u"101"_s, room_record::kStatus), u"空房"_s);
-        QCOMPARE(LastLogEntry(), u"房间:101从：脏房变为:空房"_s);
+        QCOMPARE(hotel.logged(operation_log::kRemark), u"房间:101从：脏房变为:空房"_s);
         QVERIFY(!SetStatusByHand(u"101", u"空房").changed);
         QVERIFY(SetStatusByHand(u"102", u"空房").refusal);
         QVERIFY(!SetStatusByHand(u"999", u"空房").changed);
@@ -191,41 +179,29 @@ private Q_SLOTS:
         QVERIFY(CheckWorkingDay(today.addDays(-1), today));
     }
 
-    void roomsAreAdded_data() {
-        QTest::addColumn<QString>("boxes");
-        QTest::addColumn<QString>("notice");
+    void roomsAreAdded() {
+        const auto row = [](const char* name, const QString& boxes, const QString& notice) {
+            TestHotel hotel;
+            FillRooms({{u"101"_s}});
+            Check(name, Words(AddRoom(boxes, {}).notice), notice);
+        };
         const QString full = u"<房间号> 301 </房间号><楼层号>3</楼层号><床位数>02</床位数>"
                              "<客房类型>套房</客房类型>"_s;
-        QTest::newRow("nothing") << QString() << u"错误: 房间号错误，必须输入！"_s;
-        QTest::newRow("blank number")
-            << u"<房间号>  </房间号>"_s << u"错误: 房间号错误，必须输入！"_s;
-        QTest::newRow("no floor") << SetTag(full, u"楼层号", {})
-                                  << u"错误: 楼层号错误，必须输入！"_s;
-        QTest::newRow("no beds") << SetTag(full, u"床位数", {})
-                                 << u"错误: 房间内床位数量错误，必须输入！"_s;
-        QTest::newRow("no type") << SetTag(full, u"客房类型", {})
-                                 << u"错误: 房间类型错误，必须选择！"_s;
-        QTest::newRow("there already")
-            << SetTag(full, u"房间号", u"101") << u"错误: 房间信息已经存在，请使用修改命令"_s;
-        QTest::newRow("new") << full << QString();
-    }
-    void roomsAreAdded() {
-        QFETCH(QString, boxes);
-        TestHotel hotel;
-        FillRooms({{u"101"_s}});
-        QTEST(Words(AddRoom(boxes, {}).notice), "notice");
+        row("nothing", {}, u"错误: 房间号错误，必须输入！"_s);
+        row("blank number", u"<房间号>  </房间号>"_s, u"错误: 房间号错误，必须输入！"_s);
+        row("no floor", SetTag(full, u"楼层号", {}), u"错误: 楼层号错误，必须输入！"_s);
+        row("no beds", SetTag(full, u"床位数", {}), u"错误: 房间内床位数量错误，必须输入！"_s);
+        row("no type", SetTag(full, u"客房类型", {}), u"错误: 房间类型错误，必须选择！"_s);
+        row("there already", SetTag(full, u"房间号", u"101"),
+            u"错误: 房间信息已经存在，请使用修改命令"_s);
+        row("new", full, {});
     }
 
     void roomsAreChangedAndDeleted() {
         TestHotel hotel;
         FillRooms({{u"101"_s, u"散客"_s, 1}});
         QTemporaryDir folder;
-        const QString picture = folder.filePath(u"101.jpg"_s);
-        QFile file(picture);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("picture");
-        file.close();
-
+        const QString picture = WriteBytes(folder.filePath(u"101.jpg"_s), "picture");
         QVERIFY(!ChangeRoom(u"<房间号>999</房间号>", {}).done);
         QVERIFY(
             ChangeRoom(u"<房间号>101</房间号><床位数>03</床位数><楼层号> </楼层号>", picture).done);

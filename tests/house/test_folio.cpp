@@ -12,8 +12,6 @@
 #include "tests/house/cut_line.h"
 #include "tests/house/small_house.h"
 
-#include <QTest>
-
 using namespace hotel;
 
 namespace {
@@ -69,29 +67,27 @@ private Q_SLOTS:
         QCOMPARE(PersonalFile(u"QT01"), u"QVR\\QT01\\Personal.qvr"_s);
     }
 
-    void aPostingIsInLedgerAndJournalOnceEach_data() {
-        QTest::addColumn<int>("kind");
-        for (int kind = kDepositPosting; kind <= kServicePosting; ++kind)
-            QTest::newRow(qUtf8Printable(PostingProject(kind))) << kind;
-    }
     void aPostingIsInLedgerAndJournalOnceEach() {
-        QFETCH(int, kind);
-        TestHotel hotel;
-        const QString project = PostingProject(kind);
-        const QString journal = JournalFile(project, kToday);
-        QCOMPARE(SaveBills(u"260302120000", kind, Charge(u"10.00"_s)).status, 0);
-        const Posted first = SaveBills(kFolio, kind, Charge(u"18.00"_s));
-        const Posted second = SaveBills(kFolio, kind, Charge(u"20.00"_s));
-        QCOMPARE(first.status, 0);
-        QCOMPARE(first.key, u"1"_s);
-        QCOMPARE(second.key, u"2"_s);
-        QCOMPARE(StoredRecords(LedgerFile(kFolio), project),
-                 QStringList({Charge(u"18.00"_s) + u"\r\n<序号>1</序号>"_s,
-                              Charge(u"20.00"_s) + u"\r\n<序号>2</序号>"_s}));
-        QCOMPARE(StoredRecords(journal, project).size(), 3);
-        QCOMPARE(StoredRecords(journal, project).at(1), Charge(u"18.00"_s) +
-                                                            u"\r\n<序号>2</序号>\r\n<结账号>"_s +
-                                                            kFolio + u"</结账号>"_s);
+        const auto row = [](const char* name, int kind) {
+            TestHotel hotel;
+            const QString project = PostingProject(kind);
+            const QString journal = JournalFile(project, kToday);
+            QCOMPARE(SaveBills(u"260302120000", kind, Charge(u"10.00"_s)).status, 0);
+            const Posted first = SaveBills(kFolio, kind, Charge(u"18.00"_s));
+            const Posted second = SaveBills(kFolio, kind, Charge(u"20.00"_s));
+            QCOMPARE(first.status, 0);
+            QCOMPARE(first.key, u"1"_s);
+            QCOMPARE(second.key, u"2"_s);
+            QCOMPARE(StoredRecords(LedgerFile(kFolio), project),
+                     QStringList({Charge(u"18.00"_s) + u"\r\n<序号>1</序号>"_s,
+                                  Charge(u"20.00"_s) + u"\r\n<序号>2</序号>"_s}));
+            QCOMPARE(StoredRecords(journal, project).size(), 3);
+            Check(name, StoredRecords(journal, project).at(1),
+                  Charge(u"18.00"_s) + u"\r\n<序号>2</序号>\r\n<结账号>"_s + kFolio +
+                      u"</结账号>"_s);
+        };
+        for (int kind = kDepositPosting; kind <= kServicePosting; ++kind)
+            row(qUtf8Printable(PostingProject(kind)), kind);
     }
 
     void aDeletionIsAnsweredOnItsOwnDay() {
@@ -200,24 +196,20 @@ private Q_SLOTS:
         QVERIFY(!FindOpenFolio(u"269999999999"));
     }
 
-    void theAuditRetiresFoliosWithoutRooms_data() {
-        QTest::addColumn<QString>("record");
-        QTest::addColumn<bool>("retired");
-        QTest::newRow("payer only") << u"<基本信息><散住>0</散住></基本信息>"_s << true;
-        QTest::newRow("a room") << u"<101><床位01><散住>0</散住></床位01></101>"_s << false;
-        QTest::newRow("a room named by letters") << u"<A1><床位01>1</床位01></A1>"_s << true;
-        QTest::newRow("nothing at all") << QString() << true;
-    }
     void theAuditRetiresFoliosWithoutRooms() {
-        QFETCH(QString, record);
-        QFETCH(bool, retired);
-        TestHotel hotel;
-        SaveRecord(OpenFolioFile(), folio_record::kProject, kFolio, record);
-        Jzhjc();
-        QCOMPARE(!FindOpenFolio(kFolio), retired);
-        const QStringList gone =
-            StoredRecords(RetiredFolioFile(kToday), folio_record::kProject.toString());
-        QCOMPARE(gone, retired ? QStringList{record} : QStringList());
+        const auto row = [](const char* name, const QString& record, bool retired) {
+            TestHotel hotel;
+            SaveRecord(OpenFolioFile(), folio_record::kProject, kFolio, record);
+            Jzhjc();
+            Check(name, !FindOpenFolio(kFolio), retired);
+            const QStringList gone =
+                StoredRecords(RetiredFolioFile(kToday), folio_record::kProject.toString());
+            Check(name, gone, retired ? QStringList{record} : QStringList());
+        };
+        row("payer only", u"<基本信息><散住>0</散住></基本信息>"_s, true);
+        row("a room", u"<101><床位01><散住>0</散住></床位01></101>"_s, false);
+        row("a room named by letters", u"<A1><床位01>1</床位01></A1>"_s, true);
+        row("nothing at all", {}, true);
     }
 
     void ledgerRecordsOfAFoliosEnd() {

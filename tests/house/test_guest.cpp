@@ -5,8 +5,6 @@
 #include "tests/hotel_test.h"
 #include "tests/house/small_house.h"
 
-#include <QTest>
-
 using namespace hotel;
 
 namespace {
@@ -23,37 +21,32 @@ class GuestTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void lacks_data() {
-        QTest::addColumn<QString>("changes");
-        QTest::addColumn<int>("lacks");
+    void lacks() {
+        const auto row = [](const char* name, const QString& changes, int lacks) {
+            Check(name, TestKrRecFail(ValidGuest(u"王一"_s, u"260305140509"_s, u"包房"_s, changes)),
+                  lacks);
+        };
         const QString card = u"<证件种类>身份证</证件种类>"_s;
         const auto number = [card](const QString& digits) {
             return card + Field(guest_text::kDocumentNumber, digits);
         };
-        QTest::newRow("nothing") << QString() << 0;
-        QTest::newRow("name") << u"<客人姓名></客人姓名>"_s << int(kLacksName);
-        QTest::newRow("kind") << u"<证件种类></证件种类>"_s << int(kLacksDocumentKind);
-        QTest::newRow("passport of any length") << u"<证件号码>1</证件号码>"_s << 0;
-        QTest::newRow("card, 15") << number(u"110101850101123"_s) << 0;
-        QTest::newRow("card, 15 with a letter")
-            << number(u"11010185010112X"_s) << int(kLacksDocumentNumber);
-        QTest::newRow("card, 18") << number(u"110101198501011234"_s) << 0;
-        QTest::newRow("card, 18 with X") << number(u"11010119850101123X"_s) << 0;
-        QTest::newRow("card, 18 with X inside")
-            << number(u"1101011985010X1234"_s) << int(kLacksDocumentNumber);
-        QTest::newRow("card, 17") << number(u"11010119850101123"_s) << int(kLacksDocumentNumber);
-        QTest::newRow("card, full-width digits")
-            << number(u"１１０１０１８５０１０１１２３"_s) << int(kLacksDocumentNumber);
-        QTest::newRow("folio of 11") << u"<结账号>26030514050</结账号>"_s << int(kLacksFolio);
-        QTest::newRow("folio of 13") << u"<结账号>2603051405099</结账号>"_s << int(kLacksFolio);
-        QTest::newRow("status") << u"<房态></房态>"_s << int(kLacksStatus);
-        QTest::newRow("price") << u"<确认房价></确认房价>"_s << int(kLacksPrice);
-        QTest::newRow("several") << u"<客人姓名></客人姓名><房态></房态>"_s
-                                 << kLacksName + kLacksStatus;
-    }
-    void lacks() {
-        QFETCH(QString, changes);
-        QTEST(TestKrRecFail(ValidGuest(u"王一"_s, u"260305140509"_s, u"包房"_s, changes)), "lacks");
+        row("nothing", {}, 0);
+        row("name", u"<客人姓名></客人姓名>"_s, int(kLacksName));
+        row("kind", u"<证件种类></证件种类>"_s, int(kLacksDocumentKind));
+        row("passport of any length", u"<证件号码>1</证件号码>"_s, 0);
+        row("card, 15", number(u"110101850101123"_s), 0);
+        row("card, 15 with a letter", number(u"11010185010112X"_s), int(kLacksDocumentNumber));
+        row("card, 18", number(u"110101198501011234"_s), 0);
+        row("card, 18 with X", number(u"11010119850101123X"_s), 0);
+        row("card, 18 with X inside", number(u"1101011985010X1234"_s), int(kLacksDocumentNumber));
+        row("card, 17", number(u"11010119850101123"_s), int(kLacksDocumentNumber));
+        row("card, full-width digits", number(u"１１０１０１８５０１０１１２３"_s),
+            int(kLacksDocumentNumber));
+        row("folio of 11", u"<结账号>26030514050</结账号>"_s, int(kLacksFolio));
+        row("folio of 13", u"<结账号>2603051405099</结账号>"_s, int(kLacksFolio));
+        row("status", u"<房态></房态>"_s, int(kLacksStatus));
+        row("price", u"<确认房价></确认房价>"_s, int(kLacksPrice));
+        row("several", u"<客人姓名></客人姓名><房态></房态>"_s, kLacksName + kLacksStatus);
     }
     void anEmptyBedLacksAllButANumber() { QCOMPARE(TestKrRecFail({}), 63 - kLacksDocumentNumber); }
 
@@ -65,14 +58,15 @@ private Q_SLOTS:
     }
 
     // A party is typed once: what the first guest brought stays on the form for the next one.
-    void formCarriesOver_data() {
-        QTest::addColumn<QString>("guest");
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<QString>("shown");
+    void formCarriesOver() {
         const QString empty = u"<房间号>102</房间号><客房类型>标准双床房</客房类型>"_s;
-        const auto row = [](const QString& guest, QStringView tag, const QString& shown) {
-            QTest::addRow("%s %s", qUtf8Printable(guest), qUtf8Printable(tag.toString()))
-                << guest << tag.toString() << shown;
+        const QString form =
+            u"<房间号>101</房间号><客人姓名>王一</客人姓名><结账号>260305120000</结账号>"
+            "<年龄>40</年龄><付费客人>1</付费客人><工作单位>城建公司</工作单位><房态>团队</房态>"
+            "<客房类型>标准双床房</客房类型><房价种类>团队价</房价种类>"
+            "<确认房价>198.00</确认房价>"_s;
+        const auto row = [&](const QString& guest, QStringView tag, const QString& shown) {
+            Check(qUtf8Printable(guest + tag), GetTag(GuestForForm(guest, form, kNow), tag), shown);
         };
         row(empty, guest_text::kFolio, u"260305120000"_s);
         row(empty, guest_text::kEmployer, u"城建公司"_s);
@@ -86,16 +80,6 @@ private Q_SLOTS:
         row(empty + u"<结账号>260304090000</结账号>"_s, guest_text::kFolio, u"260304090000"_s);
         row(u"<客房类型>豪华套房</客房类型>"_s, guest_text::kPrice, {});
         row(u"<房态>散客合住</房态>"_s, guest_text::kSharesRoom, u"1"_s);
-    }
-    void formCarriesOver() {
-        QFETCH(QString, guest);
-        QFETCH(QString, tag);
-        const QString form =
-            u"<房间号>101</房间号><客人姓名>王一</客人姓名><结账号>260305120000</结账号>"
-            "<年龄>40</年龄><付费客人>1</付费客人><工作单位>城建公司</工作单位><房态>团队</房态>"
-            "<客房类型>标准双床房</客房类型><房价种类>团队价</房价种类>"
-            "<确认房价>198.00</确认房价>"_s;
-        QTEST(GetTag(GuestForForm(guest, form, kNow), tag), "shown");
     }
     void firstGuestOpensAFolioAndPays() {
         const QString shown = GuestForForm(u"<床位>1</床位>", NewGuestForm(kNow), kNow);
@@ -115,16 +99,14 @@ private Q_SLOTS:
                  u"<房间号>102</房间号><客人姓名>王一</客人姓名><床位>2</床位>"_s);
     }
 
-    void steps_data() {
-        QTest::addColumn<FormMove>("move");
-        QTest::addColumn<int>("room");
-        QTest::addColumn<int>("guest");
-        QTest::addColumn<bool>("complete");
-        QTest::addColumn<QString>("step"); // "room.guest", " stored", or the words of the refusal
+    void steps() {
+        // Told is "room.guest", " stored", or the words of the refusal.
         const auto row = [](FormMove move, int room, int guest, bool complete,
-                            const QString& step) {
-            QTest::addRow("%d from %d.%d %s", int(move), room, guest, complete ? "ok" : "bad")
-                << move << room << guest << complete << step;
+                            const QString& told) {
+            const FormStep step = DecideFormStep(move, {room, guest}, 3, 2, complete);
+            const QString to = u"%1.%2"_s.arg(step.to.room).arg(step.to.guest);
+            Check(qUtf8Printable(told),
+                  step.refusal ? step.refusal->words : to + (step.store ? u" stored" : u""), told);
         };
         const QString notNext = u"客人的主要信息不全，不能继续下一位"_s;
         const QString notNextRoom = u"第一个房间的客人都没有正确输入，不能输入下一个房间"_s;
@@ -140,25 +122,12 @@ private Q_SLOTS:
         row(FormMove::LastRoom, 3, 2, false, u"2.1"_s);
         row(FormMove::LastRoom, 1, 2, false, u"1.2"_s);
     }
-    void steps() {
-        QFETCH(FormMove, move);
-        QFETCH(int, room);
-        QFETCH(int, guest);
-        QFETCH(bool, complete);
-        const FormStep step = DecideFormStep(move, {room, guest}, 3, 2, complete);
-        const QString told = step.refusal ? step.refusal->words
-                                          : u"%1.%2%3"_s.arg(step.to.room)
-                                                .arg(step.to.guest)
-                                                .arg(step.store ? u" stored"_s : QString());
-        QTEST(told, "step");
-    }
 
-    void ages_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("kept");
-        QTest::addColumn<bool>("warns");
+    void ages() {
         const auto row = [](const QString& typed, const QString& kept, bool warns) {
-            QTest::newRow(qUtf8Printable(u'"' + typed + u'"')) << typed << kept << warns;
+            const AgeCheck check = CheckAge(typed);
+            Check(qUtf8Printable(typed), check.age, kept);
+            Check(qUtf8Printable(typed), check.notice.has_value(), warns);
         };
         row({}, {}, false);
         row(u"1"_s, u"1"_s, false);
@@ -169,18 +138,10 @@ private Q_SLOTS:
         row(u"0"_s, {}, true);
         row(u"abc"_s, {}, true);
     }
-    void ages() {
-        QFETCH(QString, typed);
-        const AgeCheck check = CheckAge(typed);
-        QTEST(check.age, "kept");
-        QTEST(check.notice.has_value(), "warns");
-    }
 
-    void arrivalTimes_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("time");
+    void arrivalTimes() {
         const auto row = [](const QString& typed, const QString& time) {
-            QTest::newRow(qUtf8Printable(u'"' + typed + u'"')) << typed << time;
+            Check(qUtf8Printable(typed), ArrivalTime(typed, kNow.time()), time);
         };
         row(u"9:5"_s, u"09:05"_s);
         row(u"23:59:30"_s, u"23:59"_s);
@@ -191,34 +152,21 @@ private Q_SLOTS:
         row(u"1:2:3:4"_s, u"14:05"_s);
         row(u"noon"_s, u"14:05"_s);
     }
-    void arrivalTimes() {
-        QFETCH(QString, typed);
-        QTEST(ArrivalTime(typed, kNow.time()), "time");
-    }
 
-    void birthdays_data() {
-        QTest::addColumn<QString>("remark");
-        QTest::addColumn<QString>("birthDate");
-        QTest::addColumn<QDate>("today");
-        QTest::addColumn<QString>("result");
+    void birthdays() {
+        const auto row = [](const char* name, const QString& remark, const QString& birthDate,
+                            QDate today, const QString& result) {
+            Check(name, WithBirthday(remark, birthDate, today), result);
+        };
         const QDate march5(2026, 3, 5);
         const QString none;
-        QTest::newRow("today") << none << u"1985-03-05"_s << march5 << u"生日:2026-03-05"_s;
-        QTest::newRow("in two days")
-            << u"高楼层"_s << u"1985-03-07"_s << march5 << u"高楼层; 生日:2026-03-07"_s;
-        QTest::newRow("in three days") << none << u"1985-03-08"_s << march5 << none;
-        QTest::newRow("yesterday") << none << u"1985-03-04"_s << march5 << none;
-        QTest::newRow("January from December")
-            << none << u"1985-01-01"_s << QDate(2026, 12, 31) << none;
-        QTest::newRow("leap day") << none << u"1984-02-29"_s << QDate(2026, 2, 28) << none;
-        QTest::newRow("told already")
-            << u"生日:2026-03-05"_s << u"1985-03-05"_s << march5 << u"生日:2026-03-05"_s;
-    }
-    void birthdays() {
-        QFETCH(QString, remark);
-        QFETCH(QString, birthDate);
-        QFETCH(QDate, today);
-        QTEST(WithBirthday(remark, birthDate, today), "result");
+        row("today", none, u"1985-03-05"_s, march5, u"生日:2026-03-05"_s);
+        row("in two days", u"高楼层"_s, u"1985-03-07"_s, march5, u"高楼层; 生日:2026-03-07"_s);
+        row("in three days", none, u"1985-03-08"_s, march5, none);
+        row("yesterday", none, u"1985-03-04"_s, march5, none);
+        row("January from December", none, u"1985-01-01"_s, QDate(2026, 12, 31), none);
+        row("leap day", none, u"1984-02-29"_s, QDate(2026, 2, 28), none);
+        row("told already", u"生日:2026-03-05"_s, u"1985-03-05"_s, march5, u"生日:2026-03-05"_s);
     }
 
     void photographNames() {
@@ -228,20 +176,17 @@ private Q_SLOTS:
         QCOMPARE(PortraitName(u"王一", kNow), u"王一2603051405.jpg"_s);
     }
 
-    void folioNumbers_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("clock") << u"260305140509"_s << true;
-        QTest::newRow("zeros and 1") << u"000000000001"_s << true;
-        QTest::newRow("11 digits") << u"26030514050"_s << false;
-        QTest::newRow("a letter") << u"26030514050A"_s << false;
-        QTest::newRow("a power") << u"1e0000000005"_s << false;
-        QTest::newRow("a sign") << u"-26030514050"_s << false;
-        QTest::newRow("full-width") << u"２６０３０５１４０５０９"_s << false;
-    }
     void folioNumbers() {
-        QFETCH(QString, text);
-        QTEST(IsFolioNumber(text), "valid");
+        const auto row = [](const char* name, const QString& text, bool valid) {
+            Check(name, IsFolioNumber(text), valid);
+        };
+        row("clock", u"260305140509"_s, true);
+        row("zeros and 1", u"000000000001"_s, true);
+        row("11 digits", u"26030514050"_s, false);
+        row("a letter", u"26030514050A"_s, false);
+        row("a power", u"1e0000000005"_s, false);
+        row("a sign", u"-26030514050"_s, false);
+        row("full-width", u"２６０３０５１４０５０９"_s, false);
     }
 };
 

@@ -1,8 +1,6 @@
 #include "house/room_status.h"
-#include "record/literals.h"
 #include "tests/hotel_test.h"
-
-#include <QTest>
+#include "tests/house/small_house.h"
 
 using namespace hotel;
 
@@ -10,13 +8,11 @@ class RoomStatusTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void words_data() {
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<bool>("vacant");
-        QTest::addColumn<bool>("shared");
-        QTest::addColumn<bool>("fromReception");
+    void words() {
         const auto row = [](const QString& status, bool vacant, bool shared, bool fromReception) {
-            QTest::newRow(qUtf8Printable(status)) << status << vacant << shared << fromReception;
+            Check(qUtf8Printable(status), IsVacant(status), vacant);
+            Check(qUtf8Printable(status), IsShared(status), shared);
+            Check(qUtf8Printable(status), IsReceptionStatus(status), fromReception);
         };
         row(u"空房"_s, true, false, false);
         row(u"空闲"_s, true, false, false);
@@ -28,25 +24,17 @@ private Q_SLOTS:
         row(u"免费"_s, false, false, false);
         row(u"脏房"_s, false, false, false);
     }
-    void words() {
-        QFETCH(QString, status);
-        QTEST(IsVacant(status), "vacant");
-        QTEST(IsShared(status), "shared");
-        QTEST(IsReceptionStatus(status), "fromReception");
-    }
 
-    void changeByHand_data() {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("wished");
-        QTest::addColumn<int>("guests");
-        QTest::addColumn<QString>("decision"); // "yes", "" for nothing to do, or title: words
+    void changeByHand() {
         const QString reception = u"不能操作: 这种房态不能直接设定，必须通过接待等渠道设定！"_s;
         const QString guestsInside =
             u"操作错误: 目前该房间还有客人,不能随便更换房态,请先给客人换房!"_s;
+        // The decision is "yes", "" for nothing to do, or title: words.
         const auto row = [](const QString& before, const QString& wished, int guests,
                             const QString& decision) {
-            QTest::addRow("%s to %s, %d", qUtf8Printable(before), qUtf8Printable(wished), guests)
-                << before << wished << guests << decision;
+            const StatusDecision made = DecideStatusChange(before, wished, guests);
+            const QString told = Words(made.refusal) + (made.change ? u"yes" : u"");
+            Check(qUtf8Printable(before + u" to " + wished), told, decision);
         };
         row(u"脏房"_s, u"空房"_s, 0, u"yes"_s);
         row(u"脏房"_s, u"脏房"_s, 0, {});
@@ -64,17 +52,6 @@ private Q_SLOTS:
         row(u"免费"_s, u"空房"_s, 1, guestsInside);
         row(u"免费"_s, u"包房"_s, 0, u"yes"_s);
         row(u"散客合住"_s, u"空房"_s, 1, u"yes"_s); // none of the six words
-    }
-    void changeByHand() {
-        QFETCH(QString, before);
-        QFETCH(QString, wished);
-        QFETCH(int, guests);
-        const StatusDecision decision = DecideStatusChange(before, wished, guests);
-        const QString told = decision.refusal
-                                 ? decision.refusal->title + u": "_s + decision.refusal->words
-                                 : (decision.change ? u"yes"_s : QString());
-        QTEST(told, "decision");
-        QVERIFY(!(decision.change && decision.refusal));
     }
 };
 

@@ -8,8 +8,6 @@
 #include "tests/hotel_test.h"
 #include "tests/house/small_house.h"
 
-#include <QTest>
-
 using namespace hotel;
 
 class RoomsAndRatesTest : public QObject {
@@ -30,38 +28,25 @@ private Q_SLOTS:
         QCOMPARE(RateTable({}).rows(), 1);
     }
 
-    void rateChoice_data() {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("offered");
-        QTest::newRow("single") << u"单人间"_s << u"房价 138.50,前台价 120.00"_s;
-        QTest::newRow("a blank is no price") << u"套房"_s << u"房价 388.00,协议价 300.00"_s;
-        QTest::newRow("unknown")
-            << u"别墅"_s << u"设定错误: 房型：别墅 没有确定可用房价，请在分类设定中定义！"_s;
-    }
     void rateChoice() {
-        QFETCH(QString, type);
-        const RateChoice choice = RatesOfType(RateTable(rates_), type);
-        QStringList offered;
-        for (const QString& kind : choice.kinds)
-            offered.append(kind + u' ' + choice.price(kind));
-        if (choice.notice)
-            offered.append(choice.notice->title + u": "_s + choice.notice->words);
-        QTEST(offered.join(u','), "offered");
-    }
-    void onlyFrontDeskRatesAreNegotiable() {
+        const auto row = [this](const QString& type, const QString& told) {
+            const RateChoice choice = RatesOfType(RateTable(rates_), type);
+            QStringList offered;
+            for (const QString& kind : choice.kinds)
+                offered.append(kind + u' ' + choice.price(kind));
+            Check(qUtf8Printable(type), offered.join(u',') + Words(choice.notice), told);
+        };
+        row(u"单人间"_s, u"房价 138.50,前台价 120.00"_s);
+        row(u"套房"_s, u"房价 388.00,协议价 300.00"_s); // a blank is no price
+        row(u"别墅"_s, u"设定错误: 房型：别墅 没有确定可用房价，请在分类设定中定义！"_s);
         QVERIFY(IsNegotiable(u"前台价"));
         QVERIFY(!IsNegotiable(u"协议价"));
     }
-
-    void offered_data() {
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<int>("guests");
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<bool>("offered");
+    void offered() {
         const auto row = [](const QString& status, int guests, const QString& filter,
                             bool offered) {
-            QTest::addRow("%s, %d, for %s", qUtf8Printable(status), guests, qUtf8Printable(filter))
-                << status << guests << filter << offered;
+            Check(qUtf8Printable(status), IsOffered(RoomText({u"101"_s, status, guests}), filter),
+                  offered);
         };
         const QString both = StatusFilter({u"空房"_s, u"散客"_s});
         row({}, -1, both, true);
@@ -72,12 +57,6 @@ private Q_SLOTS:
         row(u"包房"_s, 1, both, false);
         row(u"客"_s, 0, both, true); // part of a word of the filter
         row(u"散客合住"_s, 0, both, false);
-    }
-    void offered() {
-        QFETCH(QString, status);
-        QFETCH(int, guests);
-        QFETCH(QString, filter);
-        QTEST(IsOffered(RoomText({u"101"_s, status, guests}), filter), "offered");
     }
 
     void cells() {
