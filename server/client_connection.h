@@ -5,9 +5,10 @@
 
 #include <optional>
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTcpSocket>
+#include <QSocketNotifier>
 
 #include "server/command_table.h"
 #include "server/request_reader.h"
@@ -18,9 +19,10 @@ class ClientConnection : public QObject {
     Q_OBJECT
 
 public:
-    // Takes over `socket`. While more than `unsentLimit` bytes wait to be sent, no request is
-    // taken.
-    ClientConnection(QTcpSocket* socket, qsizetype unsentLimit, QObject* parent);
+    // Takes over the socket behind `descriptor`. While more than `unsentLimit` bytes wait to be
+    // sent, no request is taken.
+    ClientConnection(int descriptor, qsizetype unsentLimit, QObject* parent);
+    ~ClientConnection() override;
 
     Peer peer;
 
@@ -36,7 +38,7 @@ public:
     void answer(const QByteArray& number, const CommandAnswer& answer);
 
     // Sends what was queued, as far as the client takes it.
-    void flush() { socket_->flush(); }
+    void flush();
 
     // The client has gone.
     bool gone() const { return gone_; }
@@ -45,9 +47,9 @@ public:
     bool refused() const { return reader_.refused(); }
 
     // Ends the connection when the queued answers have been sent.
-    void close() { socket_->disconnectFromHost(); }
+    void close();
 
-    // Reads what has arrived up to now, without waiting for more.
+    // Reads what has arrived up to now, and from here on nothing more.
     void readArrived();
 
     // Waits up to `milliseconds` until the queued answers have been handed over.
@@ -64,17 +66,22 @@ Q_SIGNALS:
     void ready(hotel::ClientConnection* connection);
 
 private:
-    void socket_bytesWritten();
-    void socket_disconnected();
+    bool receive();
     void send(const QByteArray& number, const QString& text);
-    bool choked() const { return !gone_ && socket_->bytesToWrite() > unsentLimit_; }
+    void lose();
+    bool choked() const { return !gone_ && unsent_.size() > unsentLimit_; }
 
-    QTcpSocket* socket_;
+    int descriptor_;
+    QSocketNotifier arrival_; // on while requests are taken
+    QSocketNotifier room_;    // on while answers wait
     qsizetype unsentLimit_;
     RequestReader reader_;
+    QByteArray unsent_;         // answers that the system has not taken yet
     QElapsedTimer progress_;    // since the client last took something
+    bool arrived_ = false;      // the system has bytes for reader_
     bool waitsForRoom_ = false; // requests stay unread until the client has taken answers
     bool held_ = false;         // no request is taken until the next answer
+    bool closing_ = false;
     bool gone_ = false;
 };
 

@@ -5,7 +5,6 @@
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QTcpSocket>
 
 namespace hotel {
 
@@ -26,7 +25,7 @@ RecordServer::RecordServer(ServerSettings settings)
       store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
                                                               settings_.productId,
                                                               settings_.clock} {
-    connect(&listener_, &QTcpServer::newConnection, this, &RecordServer::listener_newConnection);
+    connect(&listener_, &Listener::accepted, this, &RecordServer::listener_accepted);
     connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
     listener_.setListenBacklogSize(kListenBacklog);
     if (!listener_.listen(settings_.listen, settings_.port))
@@ -40,12 +39,9 @@ RecordServer::RecordServer(ServerSettings settings)
 
 RecordServer::~RecordServer() = default;
 
-void RecordServer::listener_newConnection() {
-    while (QTcpSocket* socket = listener_.nextPendingConnection()) {
-        auto* connection = new ClientConnection(socket, settings_.unsentLimit, this);
-        connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
-        enqueue(connection);
-    }
+void RecordServer::listener_accepted(qintptr descriptor) {
+    auto* connection = new ClientConnection(int(descriptor), settings_.unsentLimit, this);
+    connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
 }
 
 // Out of descriptors: whoever waits is taken in when some have come free.

@@ -40,6 +40,17 @@ struct ServerSettings {
     int stallLimit = 60'000;                   // milliseconds after which it is dropped then
 };
 
+// Gives what it accepts as bare descriptors.
+class Listener : public QTcpServer {
+    Q_OBJECT
+
+Q_SIGNALS:
+    void accepted(qintptr descriptor);
+
+protected:
+    void incomingConnection(qintptr descriptor) override { Q_EMIT accepted(descriptor); }
+};
+
 class RecordServer : public QObject {
     Q_OBJECT
 
@@ -66,7 +77,7 @@ private:
         QElapsedTimer spent;                    // since the first of them
     };
 
-    void listener_newConnection();
+    void listener_accepted(qintptr descriptor);
     void listener_acceptError();
     void dispatcher_aboutToBlock();
     void enqueue(ClientConnection* connection);
@@ -82,7 +93,7 @@ private:
     Store store_;
     FailureLimit failures_;
     ServerState state_;
-    QTcpServer listener_;
+    Listener listener_;
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
     Turn turn_;

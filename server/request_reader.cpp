@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include <QStringBuilder>
-
 #include "record/code_page.h"
+#include "record/tag_search.h"
 
 namespace hotel {
 
@@ -42,6 +41,7 @@ bool IsDigit(char c) {
 Request::Request(QByteArray number, QString text)
     : number_(std::move(number)), text_(std::move(text)) {
     const QStringView all = text_;
+    fields_.reserve(kFieldLimit);
     qsizetype position = 0;
     for (int count = 0; count < kFieldLimit; ++count) {
         const qsizetype open = all.indexOf(u'<', position);
@@ -51,11 +51,12 @@ Request::Request(QByteArray number, QString text)
         const Span name{open + 1, bracket - open - 1};
         if (name.second > kFieldNameLimit)
             return;
-        const QString closing = u"</" % view(name) % u'>';
+        const TagMarks marks(view(name));
+        const QStringView closing = marks.closing();
         const bool free =
             std::find(kFreeTexts.begin(), kFreeTexts.end(), view(name)) != kFreeTexts.end();
         const qsizetype start = bracket + 1;
-        const qsizetype end = free ? all.lastIndexOf(closing) : all.indexOf(closing, start);
+        const qsizetype end = free ? all.lastIndexOf(closing) : FindText(all, closing, start);
         if (end < start) {
             position = start;
             continue;
