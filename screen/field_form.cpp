@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <utility>
 
+#include "platform/clock.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 #include "screen/category_box.h"
@@ -55,7 +56,7 @@ KeyFilter FilterOf(Editor editor) {
 QString Normalised(Editor editor, const QString& typed) {
     switch (editor) {
     case Editor::Date:
-        return DateFromTyped(typed);
+        return DateFromTyped(typed, Clock::Today());
     case Editor::Time:
         return TimeFromTyped(typed);
     case Editor::ShortTime:
