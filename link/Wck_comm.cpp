@@ -170,11 +170,13 @@ void Wck_comm::send_data(const QString& text) {
 void Wck_comm::Process_buff() {
     if (ring_.hasNews()) {
         ring_.noteScan();
-        for (int slot = 0; slot < ResponseRing::kSlots; ++slot) {
-            if (ring_.isEmpty(slot))
-                continue;
-            ring_.collect(slot);
-            PumpEvents();
+        for (int slot = ring_.oldest(); true; slot = (slot + 1) % ResponseRing::kSlots) {
+            if (!ring_.isEmpty(slot)) {
+                ring_.collect(slot);
+                PumpEvents();
+            }
+            if (slot == ring_.newest())
+                break;
         }
     }
     PumpEvents();

@@ -21,11 +21,19 @@ void ResponseRing::receive(QStringView text) {
         if (piece.startsWith(kHead) || slots_[writeIndex_].text.size() >= kFullSlot) {
             writeIndex_ = (writeIndex_ + 1) % kSlots;
             slots_[writeIndex_] = {};
+            if (oldest_ == writeIndex_) // overrun: the one behind is the oldest now
+                oldest_ = (oldest_ + 1) % kSlots;
         }
         slots_[writeIndex_].append(piece);
         text = text.sliced(piece.size());
         news_ = true;
     }
+}
+
+int ResponseRing::oldest() {
+    while (oldest_ != writeIndex_ && isEmpty(oldest_))
+        oldest_ = (oldest_ + 1) % kSlots;
+    return oldest_;
 }
 
 bool ResponseRing::collect(int slot) {

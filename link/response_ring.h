@@ -36,6 +36,9 @@ public:
     bool hasNews() const { return news_; }
     void noteScan() { news_ = false; }
 
+    // All slots with text stand from the oldest to the newest one, round the ring.
+    int oldest();
+    int newest() const { return writeIndex_; }
     bool isEmpty(int slot) const { return slots_[slot].text.isEmpty(); }
 
     // The finished answer of a command, empty while there is none. An answer with an empty body is
@@ -63,6 +66,7 @@ private:
 
     std::array<Slot, kSlots> slots_;
     std::array<QString, kSlots> answers_;
+    int oldest_ = 0; // no slot with text stands ahead of it
     int writeIndex_ = 0;
     bool news_ = false;
 };

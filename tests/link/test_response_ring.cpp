@@ -9,8 +9,11 @@ using namespace hotel;
 namespace {
 
 void Collect(ResponseRing& ring) {
-    for (int slot = 0; slot < ResponseRing::kSlots; ++slot)
+    for (int slot = ring.oldest(); true; slot = (slot + 1) % ResponseRing::kSlots) {
         ring.collect(slot);
+        if (slot == ring.newest())
+            return;
+    }
 }
 
 QString Frame(QStringView number, QStringView body) {
@@ -132,6 +135,17 @@ private Q_SLOTS:
             Collect(ring);
             QCOMPARE(ring.takeAnswer(number), body);
         }
+    }
+
+    // Answers that nobody collects are written over, the oldest first.
+    void overrun() {
+        ResponseRing ring;
+        for (int i = 0; i < ResponseRing::kSlots + 10; ++i)
+            ring.receive(Frame(u"%1"_s.arg(i % ResponseRing::kSlots, 3, 10, QChar(u'0')),
+                               QString::number(i)));
+        Collect(ring);
+        for (int i = 10; i < ResponseRing::kSlots + 10; ++i)
+            QCOMPARE(ring.takeAnswer(i % ResponseRing::kSlots), QString::number(i));
     }
 
     void dropKeepsWhatIsFinished() {
