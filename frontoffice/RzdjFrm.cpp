@@ -389,7 +389,7 @@ void RzdjFrm::Ffkr_Click() {
 void RzdjFrm::Jzh_Click() {
     const QString chosen = form_->text(u"Jzh");
     const QString number = chosen.left(kFolioLength);
-    if (chosen == number || !folios_.contains(number))
+    if (!folios_.contains(number))
         return;
     form_->setText(u"Jzh", number);
     form_->setText(u"Ffkr", u"0"_s);
