@@ -32,12 +32,7 @@ const QList<FormField> kFields = {
 ExampleScreen::ExampleScreen()
     : Screen(u"ExampleScreen"_s, u"住客信息"_s), form(new FieldForm(kFields, 3)),
       guests(new GridView(u"KrxxQd"_s)) {
-    guests->table().setHeaders({u"序号"_s, u"房间号"_s, u"客人姓名"_s, u"性别"_s, u"证件号码"_s,
-                                u"入住日期"_s, u"确认房价"_s, u"房态"_s, u"特殊说明"_s});
-    guests->setNumberColumn(0);
-    guests->setSortable(true);
-    guests->setColumnAlignment(0, Qt::AlignRight);
-    guests->setColumnAlignment(6, Qt::AlignRight);
+    guests->table().setHeaders({u"序号"_s, u"客人姓名"_s});
 
     auto* content = new QVBoxLayout;
     content->addWidget(form);
@@ -88,22 +83,6 @@ void ExampleScreen::pressWaitCmd(const std::function<void()>& steps) {
 bool ExampleScreen::closing() {
     ran += u"closing"_s;
     return mayClose;
-}
-
-void ExampleScreen::fillGuests(int rows) {
-    static const QStringList kNames = {u"王建国"_s, u"李红梅"_s, u"欧阳慧"_s, u"赵钱"_s,
-                                       u"阿依古丽·买买提"_s};
-    static const QStringList kStates = {u"散客"_s, u"包房"_s, u"团队"_s, u"长包"_s};
-    for (int i = 1; i <= rows; ++i) {
-        guests->table().addRow({QString::number(i), QString::number(8100 + (i * 37) % 900),
-                                kNames[i % 5], i % 3 ? u"男"_s : u"女"_s,
-                                u"51010219%1"_s.arg(6001011234 + i),
-                                u"2006-03-%1"_s.arg(i % 28 + 1, 2, 10, QChar(u'0')),
-                                QString::number(80 + (i * 53) % 700) + u".00"_s, kStates[i % 4],
-                                i % 7 ? QString() : u"加床一张，早餐送到房间"_s});
-    }
-    guests->refresh();
-    guests->autoFit();
 }
 
 } // namespace hotel

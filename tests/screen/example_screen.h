@@ -20,9 +20,6 @@ public:
     FieldForm* form;
     GridView* guests;
 
-    // Fills the list with so many rows.
-    void fillGuests(int rows);
-
     // What WaitCmd does: waits in an event loop (as a message does) or lets events through itself (as
     // the link does) until endWait().
     enum class Wait { InEventLoop, LettingEventsThrough };

@@ -4,9 +4,7 @@
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QSignalSpy>
-#include <QTest>
 
-#include "record/literals.h"
 #include "record/numbers.h"
 #include "screen/grid_view.h"
 #include "tests/hotel_test.h"
@@ -53,32 +51,26 @@ private Q_SLOTS:
     }
     void cleanup() { grid_.reset(); }
 
-    void typing_data() {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("cells");
-        QTest::addColumn<QString>("at"); // row and column of the cursor
-        QTest::newRow("behind the text")
-            << u"a"_s << u"01|现金a|XJ|1.00|02|支票|ZP|2.00"_s << u"1,1"_s;
-        QTest::newRow("backspace")
-            << u"[Back][Back][Back]卡"_s << u"01|卡|XJ|1.00|02|支票|ZP|2.00"_s << u"1,1"_s;
-        QTest::newRow("blanks are trimmed on leaving")
-            << u"[Esc] 卡 [Space][Down]"_s << u"01|卡|XJ|1.00|02|支票|ZP|2.00"_s << u"2,1"_s;
-        QTest::newRow("Enter goes to the next column")
-            << u"[Enter]"_s << u"01|现金|XJ|1.00|02|支票|ZP|2.00"_s << u"1,2"_s;
-        QTest::newRow("letters become capitals, others are dropped")
-            << u"[Right][Esc]x1y现"_s << u"01|现金|XY|1.00|02|支票|ZP|2.00"_s << u"1,2"_s;
-        QTest::newRow("an amount is reformatted on leaving")
-            << u"[Right][Right][Esc]a１2.5-[Enter]"_s << u"01|现金|XJ|12.50|02|支票|ZP|2.00"_s
-            << u"2,1"_s;
-        QTest::newRow("in the last cell Enter stays")
-            << u"[Down][Enter][Enter][Enter][Enter]"_s << u"01|现金|XJ|1.00|02|支票|ZP|2.00"_s
-            << u"2,3"_s;
-    }
     void typing() {
-        QFETCH(QString, keys);
-        type(keys);
-        QTEST(cells(), "cells");
-        QTEST(u"%1,%2"_s.arg(grid_->currentRow()).arg(grid_->currentColumn()), "at");
+        const auto row = [this](const char* name, const QString& keys, const QString& shown,
+                                const QString& at) {
+            init();
+            type(keys);
+            Check(name, cells(), shown);
+            Check(name, u"%1,%2"_s.arg(grid_->currentRow()).arg(grid_->currentColumn()), at);
+        };
+        row("behind the text", u"a"_s, u"01|现金a|XJ|1.00|02|支票|ZP|2.00"_s, u"1,1"_s);
+        row("backspace", u"[Back][Back][Back]卡"_s, u"01|卡|XJ|1.00|02|支票|ZP|2.00"_s, u"1,1"_s);
+        row("blanks are trimmed on leaving", u"[Esc] 卡 [Space][Down]"_s,
+            u"01|卡|XJ|1.00|02|支票|ZP|2.00"_s, u"2,1"_s);
+        row("Enter goes to the next column", u"[Enter]"_s, u"01|现金|XJ|1.00|02|支票|ZP|2.00"_s,
+            u"1,2"_s);
+        row("letters become capitals, others are dropped", u"[Right][Esc]x1y现"_s,
+            u"01|现金|XY|1.00|02|支票|ZP|2.00"_s, u"1,2"_s);
+        row("an amount is reformatted on leaving", u"[Right][Right][Esc]a１2.5-[Enter]"_s,
+            u"01|现金|XJ|12.50|02|支票|ZP|2.00"_s, u"2,1"_s);
+        row("in the last cell Enter stays", u"[Down][Enter][Enter][Enter][Enter]"_s,
+            u"01|现金|XJ|1.00|02|支票|ZP|2.00"_s, u"2,3"_s);
     }
 
     void onlyATypedCellCountsAsModified() {

@@ -7,10 +7,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
 
-#include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/wait_frm.h"
 #include "tests/hotel_test.h"
@@ -72,28 +70,24 @@ private Q_SLOTS:
         QCOMPARE(outer.entries().first().kind, MessageRecorder::Kind::Message);
     }
 
-    void realQuestions_data() {
-        QTest::addColumn<bool>("yesNo");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("agreed");
-        QTest::newRow("Enter on OK/Cancel") << false << int(Qt::Key_Return) << true;
-        QTest::newRow("Esc on OK/Cancel") << false << int(Qt::Key_Escape) << false;
-        QTest::newRow("Y") << true << int(Qt::Key_Y) << true;
-        QTest::newRow("N") << true << int(Qt::Key_N) << false;
-        QTest::newRow("Esc on Yes/No") << true << int(Qt::Key_Escape) << false;
-    }
     void realQuestions() {
-        QFETCH(bool, yesNo);
-        QFETCH(int, key);
-        QString title;
-        WithNextBox<QMessageBox>([&](QMessageBox* box) {
-            title = box->windowTitle();
-            QTest::keyClick(box, Qt::Key(key));
-        });
-        const bool agreed = yesNo ? AskYesNo(u"只结清部分房间床位?"_s, u"请确认"_s)
-                                  : AskOkCancel(u"确认要删除客房吗？"_s, u"请确认"_s);
-        QTEST(agreed, "agreed");
-        QCOMPARE(title, u"请确认"_s);
+        const auto row = [](const char* name, bool yesNo, Qt::Key key, bool agreed) {
+            QString title;
+            WithNextBox<QMessageBox>([&](QMessageBox* box) {
+                title = box->windowTitle();
+                QTest::keyClick(box, key);
+            });
+            Check(name,
+                  yesNo ? AskYesNo(u"只结清部分房间床位?"_s, u"请确认"_s)
+                        : AskOkCancel(u"确认要删除客房吗？"_s, u"请确认"_s),
+                  agreed);
+            Check(name, title, u"请确认"_s);
+        };
+        row("Enter on OK/Cancel", false, Qt::Key_Return, true);
+        row("Esc on OK/Cancel", false, Qt::Key_Escape, false);
+        row("Y", true, Qt::Key_Y, true);
+        row("N", true, Qt::Key_N, false);
+        row("Esc on Yes/No", true, Qt::Key_Escape, false);
     }
 
     void realInput() {

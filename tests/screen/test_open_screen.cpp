@@ -2,11 +2,9 @@
 
 #include <QPointer>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
 #include "example_screen.h"
-#include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "tests/hotel_test.h"
@@ -94,32 +92,28 @@ private Q_SLOTS:
         QVERIFY(!FindScreen(u"FolioScreen")); // the closing was remembered
     }
 
-    void aQuestionIsAnsweredCancelledOrLost_data() {
-        QTest::addColumn<QString>("act");
-        QTest::addColumn<bool>("answered");
-        QTest::newRow("accepted") << u"accept"_s << true;
-        QTest::newRow("closed") << u"close"_s << false;
-        QTest::newRow("the asking window vanishes") << u"vanish"_s << false;
-    }
     void aQuestionIsAnsweredCancelledOrLost() {
-        QFETCH(QString, act);
-        QFETCH(bool, answered);
-        auto* asking = new QWidget;
-        asking->show();
-        ModalScreen<FolioScreen> question(asking);
-        QTimer::singleShot(0, asking, [&] {
-            QVERIFY(question->isVisible());
-            if (act == u"accept")
-                question->command(u"QrCmd")->click();
-            else if (act == u"close")
-                question->close();
-            else
-                delete asking;
-        });
-        QCOMPARE(question.show(), answered);
-        QCOMPARE(question.get() == nullptr, act == u"vanish");
-        if (act != u"vanish")
-            delete asking; // takes the form along, which the holder survives
+        const auto row = [](const char* name, const QString& act, bool answered) {
+            auto* asking = new QWidget;
+            asking->show();
+            ModalScreen<FolioScreen> question(asking);
+            QTimer::singleShot(0, asking, [&] {
+                QVERIFY(question->isVisible());
+                if (act == u"accept")
+                    question->command(u"QrCmd")->click();
+                else if (act == u"close")
+                    question->close();
+                else
+                    delete asking;
+            });
+            Check(name, question.show(), answered);
+            Check(name, question.get() == nullptr, act == u"vanish");
+            if (act != u"vanish")
+                delete asking; // takes the form along, which the holder survives
+        };
+        row("accepted", u"accept"_s, true);
+        row("closed", u"close"_s, false);
+        row("the asking window vanishes", u"vanish"_s, false);
     }
 
     void aQuestionIsAskedAgainFromTheStart() {

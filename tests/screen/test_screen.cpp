@@ -5,20 +5,19 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <memory>
 
 #include "example_screen.h"
 #include "platform/events.h"
-#include "record/literals.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
 
 using namespace hotel;
 
 using Wait = ExampleScreen::Wait;
-Q_DECLARE_METATYPE(Wait)
+
+constexpr Wait kBothWaits[] = {Wait::InEventLoop, Wait::LettingEventsThrough};
 
 class ScreenTest : public QObject {
     Q_OBJECT
@@ -30,11 +29,6 @@ class ScreenTest : public QObject {
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(screen_->windowHandle(), key, modifiers);
     }
-    void bothWaits() {
-        QTest::addColumn<Wait>("wait");
-        QTest::newRow("event loop") << Wait::InEventLoop;
-        QTest::newRow("events let through") << Wait::LettingEventsThrough;
-    }
 
 private Q_SLOTS:
     void init() {
@@ -45,33 +39,35 @@ private Q_SLOTS:
     }
     void cleanup() { screen_.reset(); }
 
-    void commandsAreRefusedWhileAHandlerWaits_data() { bothWaits(); }
     void commandsAreRefusedWhileAHandlerWaits() {
-        QFETCH(Wait, wait);
-        screen_->wait = wait;
-        screen_->pressWaitCmd([this] {
+        for (const Wait wait : kBothWaits) {
+            init();
+            screen_->wait = wait;
+            screen_->pressWaitCmd([this] {
+                button(u"DyCmd")->click();
+                press(Qt::Key_F8);
+                QVERIFY(!screen_->run([] {}));
+                button(u"CmdStop")->click();
+            });
+            QCOMPARE(screen_->ran, QStringList({u"WaitCmd"_s, u"CmdStop"_s, u"WaitCmd ended"_s}));
             button(u"DyCmd")->click();
-            press(Qt::Key_F8);
-            QVERIFY(!screen_->run([] {}));
-            button(u"CmdStop")->click();
-        });
-        QCOMPARE(screen_->ran, QStringList({u"WaitCmd"_s, u"CmdStop"_s, u"WaitCmd ended"_s}));
-        button(u"DyCmd")->click();
-        QCOMPARE(screen_->ran.last(), u"DyCmd"_s);
+            QCOMPARE(screen_->ran.last(), u"DyCmd"_s);
+        }
     }
 
-    void aHandlerCalledByAnotherIsPartOfIt_data() { bothWaits(); }
     void aHandlerCalledByAnotherIsPartOfIt() {
-        QFETCH(Wait, wait);
-        screen_->wait = wait;
-        bool inner = false;
-        QVERIFY(screen_->run([&] {
-            screen_->pressWaitCmd([] {}); // an inner wait that is over
-            inner = screen_->run([] {});
-        }));
-        QVERIFY(inner);
-        QVERIFY(screen_->ran.contains(u"WaitCmd ended"_s));
-        QVERIFY(!screen_->busy());
+        for (const Wait wait : kBothWaits) {
+            init();
+            screen_->wait = wait;
+            bool inner = false;
+            QVERIFY(screen_->run([&] {
+                screen_->pressWaitCmd([] {}); // an inner wait that is over
+                inner = screen_->run([] {});
+            }));
+            QVERIFY(inner);
+            QVERIFY(screen_->ran.contains(u"WaitCmd ended"_s));
+            QVERIFY(!screen_->busy());
+        }
     }
 
     void aHandlerStartedFromAnotherScreensWaitRuns() {
@@ -98,23 +94,24 @@ private Q_SLOTS:
         QCOMPARE(focus(), button(u"WaitCmd"));
     }
 
-    void closingIsRememberedAndCarriedOut_data() { bothWaits(); }
     void closingIsRememberedAndCarriedOut() {
-        QFETCH(Wait, wait);
-        auto* screen = screen_.release();
-        const QPointer<Screen> stands = screen;
-        screen->setAttribute(Qt::WA_DeleteOnClose);
-        screen->wait = wait;
-        QStringList ran;
-        connect(screen, &Screen::closed, screen, [&] { ran = screen->ran; });
-        screen->pressWaitCmd([&] {
-            QVERIFY(!screen->close());
-            screen->close();
-            QVERIFY(screen->isVisible());
-            QVERIFY(screen->stopRequested());
-        });
-        QCOMPARE(ran, QStringList({u"WaitCmd"_s, u"WaitCmd ended"_s, u"closing"_s}));
-        QTRY_VERIFY(!stands);
+        for (const Wait wait : kBothWaits) {
+            init();
+            auto* screen = screen_.release();
+            const QPointer<Screen> stands = screen;
+            screen->setAttribute(Qt::WA_DeleteOnClose);
+            screen->wait = wait;
+            QStringList ran;
+            connect(screen, &Screen::closed, screen, [&] { ran = screen->ran; });
+            screen->pressWaitCmd([&] {
+                QVERIFY(!screen->close());
+                screen->close();
+                QVERIFY(screen->isVisible());
+                QVERIFY(screen->stopRequested());
+            });
+            QCOMPARE(ran, QStringList({u"WaitCmd"_s, u"WaitCmd ended"_s, u"closing"_s}));
+            QTRY_VERIFY(!stands);
+        }
     }
 
     void aScreenMayRefuseToClose() {

@@ -16,8 +16,9 @@ class TypingTest : public QObject {
 
 private Q_SLOTS:
     void filters() {
-        const auto row = [](const char* name, KeyFilter filter, const QString& typed, const QString& taken) {
-        Check(name, FilterTyped(filter, typed), taken);
+        const auto row = [](const char* name, KeyFilter filter, const QString& typed,
+                            const QString& taken) {
+            Check(name, FilterTyped(filter, typed), taken);
         };
         const QString mixed = u"aＢ3４.。-+号 "_s;
         row("any", KeyFilter::Any, mixed, mixed);
@@ -28,7 +29,8 @@ private Q_SLOTS:
         row("digits", KeyFilter::Digits, mixed, u"34"_s);
         row("amount", KeyFilter::Amount, mixed, u"34.."_s);
         row("expression", KeyFilter::Expression, mixed, u"34..-+ "_s);
-        row("a sign that can't be reckoned stays to be seen", KeyFilter::Expression, u"（１００×２）"_s, u"(100×2)"_s);
+        row("a sign that can't be reckoned stays to be seen", KeyFilter::Expression,
+            u"（１００×２）"_s, u"(100×2)"_s);
     }
 
     void boxTakesTypedTextInPlace() {
@@ -43,13 +45,14 @@ private Q_SLOTS:
     }
 
     void boxKeepsItsLimitInBytes() {
-        const auto row = [](const char* name, const QString& before, int cursor, const QString& after) {
-        QLineEdit box;
-        SetKeyFilter(&box, KeyFilter::Any, 5);
-        box.setText(before);
-        box.setCursorPosition(cursor);
-        TypeText(&box, u"客"_s);
-        Check(name, box.text(), after);
+        const auto row = [](const char* name, const QString& before, int cursor,
+                            const QString& after) {
+            QLineEdit box;
+            SetKeyFilter(&box, KeyFilter::Any, 5);
+            box.setText(before);
+            box.setCursorPosition(cursor);
+            TypeText(&box, u"客"_s);
+            Check(name, box.text(), after);
         };
         row("a double byte more than fits", u"王ab"_s, 3, u"王ab"_s);
         row("just fits", u"王a"_s, 2, u"王a客"_s);
@@ -58,7 +61,7 @@ private Q_SLOTS:
 
     void dates() {
         const auto row = [](const char* name, const QString& typed, const QString& date) {
-        Check(name, DateFromTyped(typed, QDate(2026, 3, 1)), date);
+            Check(name, DateFromTyped(typed, QDate(2026, 3, 1)), date);
         };
         for (const QString& typed :
              {u"2026.3.5"_s, u"2026/3/5"_s, u"2026-03-05"_s, u"20260305"_s, u"2026年3月5日"_s,
@@ -73,7 +76,7 @@ private Q_SLOTS:
 
     void times() {
         const auto row = [](const char* name, const QString& typed, const QString& time) {
-        Check(name, TimeFromTyped(typed), time);
+            Check(name, TimeFromTyped(typed), time);
         };
         row("parts", u"9:5:30"_s, u"09:05:30"_s);
         row("full-width colon", u"１４：05"_s, u"14:05:00"_s);
