@@ -37,7 +37,7 @@ enum class Editor {
     Check,        // "1" and "0"
     MultiLine,    // lines; Ctrl+Enter or Tab moves on
     ReadOnly,     // shown, and stored as loaded
-    Password,
+    Password,     // takes every sign and any length
 };
 
 struct FormField {
