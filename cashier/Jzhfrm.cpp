@@ -142,8 +142,8 @@ QStringList Jzhfrm::FolioCells(const QString& number, const QString& record) {
     return {folio.payer, QString::number(folio.guests.size()), RoomsText(folio.rooms)};
 }
 
-// The box and the tree work as one: what is typed in the tree goes to the box, and the keys that move go
-// from the box to the tree. Esc doesn't empty the box, it always is the screen's.
+// The box and the tree work as one: what is typed in the tree goes to the box, and the keys that move
+// go from the box to the tree. Esc doesn't empty the box, it always is the screen's.
 bool Jzhfrm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress)
         return Screen::eventFilter(watched, event);

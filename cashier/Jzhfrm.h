@@ -2,10 +2,10 @@
 
 // The open folios (账号管理), as a tree of their file: to look at one, or to pick one for another screen.
 //
-// A folio is found by typing: digits of its number, a room, a guest's name or its pinyin initials leave
-// the folios that are meant; the arrow keys move among them without leaving the box, and Enter opens (or
-// picks) the chosen one. Esc reads the tree anew, so that F10 closes the window; while the tree is being read,
-// Esc stops that, and the window's close box aborts it.
+// A folio is found by typing: digits of its number, a room, a guest's name or its pinyin initials
+// leave the folios that are meant; the arrow keys move among them without leaving the box, and Enter
+// opens (or picks) the chosen one. Esc reads the tree anew, so that F10 closes the window; while the
+// tree is being read, Esc stops that, and the window's close box aborts it.
 
 #include <QHash>
 #include <QString>

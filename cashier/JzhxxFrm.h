@@ -1,11 +1,11 @@
 #pragma once
 
-// A folio as the cashier looks at it: who is on it, all that was posted to it, and the guests' photographs.
-// Opened with a folio number or with none.
+// A folio as the cashier looks at it: who is on it, all that was posted to it, and the guests'
+// photographs. Opened with a folio number or with none.
 //
-// Every change of the box Jzh that gives a valid number shows that folio. One that is retired, or never was,
-// is told to the user; its box then bears the tag "失效" (FolioBox::isRetired), and what its ledger keeps is shown.
-// Enter on anything but a number searches the open folios by it.
+// Every change of the box Jzh that gives a valid number shows that folio. One that is retired, or
+// never was, is told to the user; its box then bears the tag "失效" (FolioBox::isRetired), and what its
+// ledger keeps is shown. Enter on anything but a number searches the open folios by it.
 
 #include <QString>
 

@@ -15,7 +15,8 @@ class FolioBox : public QComboBox {
 public:
     explicit FolioBox(const QString& name, QWidget* parent = nullptr);
 
-    // The number in the box; empty while what stands there is none. editTextChanged tells of every change.
+    // The number in the box; empty while what stands there is none. editTextChanged tells of every
+    // change.
     QString folio() const;
     void setFolio(const QString& folio) { setEditText(folio); }
 

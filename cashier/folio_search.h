@@ -1,6 +1,7 @@
 #pragma once
 
-// Finding a folio among the open ones by what a desk knows of it: a part of its number, a room, a guest.
+// Finding a folio among the open ones by what a desk knows of it: a part of its number, a room, a
+// guest.
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the camera sees; the user takes the picture by Enter. A question (ModalScreen): accepted when the
-// picture is taken, or when a file is to be chosen in its place.
+// What the camera sees; the user takes the picture by Enter. A question (ModalScreen): accepted when
+// the picture is taken, or when a file is to be chosen in its place.
 
 #include "screen/screen.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The query of the guests in the house, from the front desk and from housekeeping: one row a guest, over
-// the room files of all rooms that hold somebody.
+// The query of the guests in the house, from the front desk and from housekeeping: one row a guest,
+// over the room files of all rooms that hold somebody.
 
 #include <QDate>
 #include <QList>

@@ -1,7 +1,7 @@
 #pragma once
 
-// What stands in the cells of the printed registration form; which cell that is, tools/print_form_cells.h
-// says. The cells of the guests are the same on the notice of a room change.
+// What stands in the cells of the printed registration form; which cell that is,
+// tools/print_form_cells.h says. The cells of the guests are the same on the notice of a room change.
 
 #include <QDateTime>
 #include <QMap>

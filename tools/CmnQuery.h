@@ -19,8 +19,8 @@ class CmnQuery : public ConditionForm {
     Q_OBJECT
 
 public:
-    // `fields`: what can be searched, in the order of the result's columns; `nameLabel`: the one of them
-    // that stands for the record's own name, or empty.
+    // `fields`: what can be searched, in the order of the result's columns; `nameLabel`: the one of
+    // them that stands for the record's own name, or empty.
     CmnQuery(const QString& caption, const QStringList& fields, const QString& nameLabel = {});
 
     // Shows the period of the data, from the first of this month to today.

@@ -17,8 +17,8 @@ public:
     // Tags of a sub-record that can be searched.
     static constexpr int kFieldLimit = 999;
 
-    // `parts`: fields of the record that hold sub-records. `sampleRecord`: a record in which the tags of
-    // their sub-records are looked up.
+    // `parts`: fields of the record that hold sub-records. `sampleRecord`: a record in which the tags
+    // of their sub-records are looked up.
     CmnSubQuery(const QString& caption, const QStringList& parts, const QString& sampleRecord);
 
     // The part that was searched.

@@ -5,8 +5,9 @@
 // change them in PrtForm as it likes, and move the cells about, as long as the numbers keep their
 // meaning.
 //
-// Each form has a file of its own, named by a hotel parameter, with the projects 纸张 (see ReadPaperFormat)
-// and the form's name (one record per block, see print_form.h). Both are read in one piece:
+// Each form has a file of its own, named by a hotel parameter, with the projects 纸张 (see
+// ReadPaperFormat) and the form's name (one record per block, see print_form.h). Both are read in one
+// piece:
 //
 //     DbReadRecord(Param(u"DygsLj") + Param(u"ZsdjFmt"), u"", registration_form::kName)
 

@@ -31,8 +31,8 @@ QStringList ProjectsOf(const QString& file) {
     }
 }
 
-// A lost link, or one that came back without a login, looks like a file that isn't there; but the file of the
-// users always is.
+// A lost link, or one that came back without a login, looks like a file that isn't there; but the
+// file of the users always is.
 bool ServerAnswers() {
     return DbCheckFile(DbUserFileName(), kFileExists) != u"-1";
 }

@@ -6,8 +6,8 @@
 // the project down to it; the path with blanks between is its key ("结账号信息 260305100000").
 //
 // A load runs as part of a handler of a screen and lets events through at every record, so that the
-// window lives while a big file comes in. Esc, a stop command and closing the window end it; what has come
-// stays.
+// window lives while a big file comes in. Esc, a stop command and closing the window end it; what has
+// come stays.
 
 #include <QList>
 #include <QString>
@@ -32,8 +32,8 @@ public:
     // Columns: 名称, the node's own name, and 内容, the text of a leaf.
     RecordTree(const QString& name, Fields fields, QWidget* parent = nullptr);
 
-    // What a record shows from column 内容 on, whether it is open or not: titles of the columns behind 内容,
-    // and the cells of a record.
+    // What a record shows from column 内容 on, whether it is open or not: titles of the columns behind
+    // 内容, and the cells of a record.
     struct Column {
         QString title;
         bool isAmount = false; // aligned to the right
@@ -62,8 +62,8 @@ public:
     // The node at a path of project and record; null where there is none.
     QTreeWidgetItem* find(QStringView project, QStringView record = {}) const;
 
-    // Replaces the text of a record or field in the tree, and in the texts of the nodes that it lies in;
-    // an empty field is taken out of them.
+    // Replaces the text of a record or field in the tree, and in the texts of the nodes that it lies
+    // in; an empty field is taken out of them.
     void setText(QTreeWidgetItem* node, const QString& text);
 
 private:
