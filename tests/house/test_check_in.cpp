@@ -146,8 +146,9 @@ private Q_SLOTS:
     }
 
     void refusals() {
+        // The status is that of the room on the list.
         const auto row = [](const char* name, const QString& status, const QStringList& guests,
-                            const QString& told) { // of the room on the list
+                            const QString& told) {
             TestHotel hotel;
             const RoomSpec good{u"102"_s};
             const RoomSpec room{u"101"_s, status};

@@ -93,13 +93,15 @@ void ScriptedPeer::sendNext() {
     socket_->flush();
 }
 
-ScriptedDesk::ScriptedDesk() {
+ScriptedDesk::ScriptedDesk(Start start) {
     SetLink(&link);
     link.TraceChk = true;
     link.setMessage([this](const QString& words, const QString& title) {
         messages += title + u": "_s + words;
     });
     peer.listen();
+    if (start == Start::Open && !open())
+        qFatal("The test's peer can't be reached.");
 }
 
 FrozenClock::FrozenClock(QTime time) {

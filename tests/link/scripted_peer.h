@@ -60,7 +60,8 @@ private:
 
 // A link, its peer and what the user was told ("title: words").
 struct ScriptedDesk {
-    ScriptedDesk();
+    enum class Start { Open, Closed };
+    explicit ScriptedDesk(Start start = Start::Open);
     ~ScriptedDesk() { SetLink(nullptr); }
 
     bool open() { return link.ConnectServer(u"127.0.0.1"_s, peer.port()) == 0; }

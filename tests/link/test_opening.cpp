@@ -1,6 +1,5 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTest>
 
 #include "platform/clock.h"
 #include "tests/hotel_test.h"
@@ -19,61 +18,48 @@ class TestOpening : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void proxy_data() {
-        QTest::addColumn<QByteArrayList>("replies");
-        QTest::addColumn<int>("result");
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QStringList>("messages");
-        QTest::addColumn<int>("arrivals");
+    void proxy() {
+        const auto row = [](const char* name, const QByteArrayList& replies, int result,
+                            const QString& state, const QStringList& messages, int arrivals) {
+            const FrozenClock clock;
+            ScriptedDesk desk(ScriptedDesk::Start::Closed);
+            desk.link.setMessage([&desk](const QString& words, const QString& title) {
+                desk.messages += title + u": "_s + words;
+                Clock::Advance(4000); // the rest of the wait is of no use to the test
+            });
+            desk.peer.proxyReplies = replies;
+            desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
+            const QString port = desk.peer.port();
+            Check(name, desk.link.ConnectServer(u"192.168.0.17"_s, u"6801"_s, u"127.0.0.1"_s, port),
+                  result);
+            Check(name, desk.link.linkState(), state);
+            Check(name, desk.messages, messages);
+            QByteArrayList expected{kMethodRequest,
+                                    QByteArray("\x05\x01\x00\x01\xC0\xA8\x00\x11\x1A\x91", 10)};
+            QCOMPARE(desk.peer.proxyArrivals, expected.first(arrivals));
+            if (desk.link.isUp())
+                QCOMPARE(desk.ask(), u"<当前时间>10:00:00</当前时间>"_s);
+        };
         const QByteArray served("\x05\x00\x00\x01\x0A\x00\x00\x01\x04\x38", 10);
         const QByteArray refused("\x05\x05\x00\x01\x00\x00\x00\x00\x00\x00", 10);
         const QStringList noProxy{u"代理服务器: 返回错误的应答 不是Sock5代理服务！"_s};
         const QStringList noService{u"代理服务器: Sock5代理拒绝服务！"_s};
-        QTest::newRow("serves") << QByteArrayList{kMethodReply, served} << 0 << u"1"_s
-                                << QStringList{} << 2;
-        QTest::newRow("serves, two bytes only")
-            << QByteArrayList{kMethodReply, served.first(2)} << 0 << u"1"_s << QStringList{} << 2;
-        QTest::newRow("refuses") << QByteArrayList{kMethodReply, refused} << -1 << u"0"_s
-                                 << noService << 2;
-        QTest::newRow("one byte for the connect request")
-            << QByteArrayList{kMethodReply, served.first(1)} << -1 << u"0"_s << noService << 2;
-        QTest::newRow("three bytes for the greeting")
-            << QByteArrayList{QByteArray("\x05\x00\x00", 3)} << -1 << u"0"_s << noProxy << 1;
-        QTest::newRow("wants a password")
-            << QByteArrayList{QByteArray("\x05\x02", 2)} << -1 << u"0"_s << noProxy << 1;
-        QTest::newRow("no method")
-            << QByteArrayList{QByteArray("\x05\xFF", 2)} << -1 << u"0"_s << noProxy << 1;
-        QTest::newRow("version 4")
-            << QByteArrayList{QByteArray("\x04\x00", 2)} << -1 << u"0"_s << noProxy << 1;
-    }
-    void proxy() {
-        QFETCH(QByteArrayList, replies);
-        QFETCH(QStringList, messages);
-        QFETCH(int, arrivals);
-        const FrozenClock clock;
-        ScriptedDesk desk;
-        desk.link.setMessage([&desk](const QString& words, const QString& title) {
-            desk.messages += title + u": "_s + words;
-            Clock::Advance(4000); // the rest of the wait is of no use to the test
-        });
-        desk.peer.proxyReplies = replies;
-        desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
-        const QString port = desk.peer.port();
-        QTEST(desk.link.ConnectServer(u"192.168.0.17"_s, u"6801"_s, u"127.0.0.1"_s, port),
-              "result");
-        QTEST(desk.link.linkState(), "state");
-        QCOMPARE(desk.messages, messages);
-        QByteArrayList expected{kMethodRequest,
-                                QByteArray("\x05\x01\x00\x01\xC0\xA8\x00\x11\x1A\x91", 10)};
-        QCOMPARE(desk.peer.proxyArrivals, expected.first(arrivals));
-        if (desk.link.isUp())
-            QCOMPARE(desk.ask(), u"<当前时间>10:00:00</当前时间>"_s);
+        row("serves", {kMethodReply, served}, 0, u"1"_s, {}, 2);
+        row("serves, two bytes only", {kMethodReply, served.first(2)}, 0, u"1"_s, {}, 2);
+        row("refuses", {kMethodReply, refused}, -1, u"0"_s, noService, 2);
+        row("one byte for the connect request", {kMethodReply, served.first(1)}, -1, u"0"_s,
+            noService, 2);
+        row("three bytes for the greeting", {QByteArray("\x05\x00\x00", 3)}, -1, u"0"_s, noProxy,
+            1);
+        row("wants a password", {QByteArray("\x05\x02", 2)}, -1, u"0"_s, noProxy, 1);
+        row("no method", {QByteArray("\x05\xFF", 2)}, -1, u"0"_s, noProxy, 1);
+        row("version 4", {QByteArray("\x04\x00", 2)}, -1, u"0"_s, noProxy, 1);
     }
 
     // A proxy that accepts and says nothing: neither up nor failed.
     void undecidedProxy() {
         const FrozenClock clock;
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         QTimer::singleShot(300, [] { Clock::Advance(4000); });
         const QString port = desk.peer.port();
         QCOMPARE(desk.link.ConnectServer(u"127.0.0.1"_s, u"6801"_s, u"127.0.0.1"_s, port), -1);
@@ -87,7 +73,7 @@ private Q_SLOTS:
 
     void noServerThere() {
         const FrozenClock clock;
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
         desk.peer.stop();
         QSignalSpy wanted(&desk.link, &Wck_comm::linkScreenWanted);
@@ -107,7 +93,7 @@ private Q_SLOTS:
 
     // A server so busy that it leaves attempts in the air.
     void attemptThatIsNotDecided() {
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         QTcpServer busy;
         busy.setListenBacklogSize(0);
         QVERIFY(busy.listen(QHostAddress::LocalHost));
@@ -126,7 +112,7 @@ private Q_SLOTS:
 
     // The machine is busy while the connection comes to stand: not a reason to give it up.
     void attemptThatIsSeenLate() {
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(u"a"_s);
         desk.link.Port = desk.peer.port();
         connect(&desk.link, &Wck_comm::linkStateChanged, this, [this, &desk] {
@@ -138,7 +124,7 @@ private Q_SLOTS:
     }
 
     void serverGoesAwayAndComesBack() {
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(u"a"_s);
         QVERIFY(desk.open());
         QCOMPARE(desk.ask(), u"a"_s);
@@ -154,7 +140,7 @@ private Q_SLOTS:
     }
 
     void stopButtonEndsTheWait() {
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.link.Port = desk.peer.port();
         connect(&desk.link, &Wck_comm::linkScreenWanted, &desk.link, &Wck_comm::stopWaiting,
                 Qt::QueuedConnection);
@@ -166,7 +152,6 @@ private Q_SLOTS:
     void connectsAnew() {
         ScriptedDesk first;
         ScriptedDesk second;
-        QVERIFY(first.open());
         first.peer.answerAll(u"first"_s);
         second.peer.answerAll(u"second"_s);
         QCOMPARE(first.ask(), u"first"_s);
@@ -175,7 +160,7 @@ private Q_SLOTS:
     }
 
     void idleLinkIsKeptAlive() {
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);
         QVERIFY(desk.open());
         desk.link.AliveGap = u"0"_s;
@@ -188,7 +173,7 @@ private Q_SLOTS:
 
     void logAndTrace() {
         const FrozenClock clock(QTime(9, 8, 7, 65));
-        ScriptedDesk desk;
+        ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(QString(20000, u'答'));
         QVERIFY(desk.open());
         const QString address = u"127.0.0.1:"_s + desk.peer.port();

@@ -1,7 +1,4 @@
-#include <QTest>
-
 #include "link/QVRapp.h"
-#include "record/literals.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tests/link/scripted_peer.h"
@@ -77,15 +74,14 @@ class TestQvrApp : public QObject {
 private Q_SLOTS:
     void init() {
         desk_ = std::make_unique<ScriptedDesk>();
-        QVERIFY(desk_->open());
         store_ = std::make_unique<FewRecords>(desk_->peer);
     }
     void cleanup() { desk_.reset(); }
 
     void loads_data() {
-        QTest::addColumn<bool>("found");
-        QTest::newRow("a project") << false;
-        QTest::newRow("what is found") << true;
+        const Columns<bool> row("found");
+        row("a project", false);
+        row("what is found", true);
     }
     void loads() {
         QFETCH(bool, found);
@@ -177,32 +173,23 @@ private Q_SLOTS:
         QVERIFY(store_->asked.isEmpty());
     }
 
-    void moves_data() {
-        QTest::addColumn<bool>("there");
-        QTest::addColumn<int>("refusedWrites");
-        QTest::addColumn<int>("refusedDeletes");
-        QTest::addColumn<bool>("moved");
-        QTest::addColumn<QString>("asked");
-        const QString target = u"读取记录 a,创建数据库,创建项目,修改记录 b"_s;
-        QTest::newRow("at once") << true << 0 << 0 << true << target + u",删除记录 a"_s;
-        QTest::newRow("nothing to move") << false << 0 << 0 << false << u"读取记录 a"_s;
-        QTest::newRow("second attempts")
-            << true << 1 << 1 << true << target + u",修改记录 b,删除记录 a,删除记录 a"_s;
-        QTest::newRow("not written") << true << 2 << 0 << false << target + u",修改记录 b"_s;
-        QTest::newRow("not deleted")
-            << true << 0 << 2 << false << target + u",删除记录 a,删除记录 a"_s;
-    }
     void moves() {
-        QFETCH(bool, there);
-        QFETCH(int, refusedWrites);
-        QFETCH(int, refusedDeletes);
-        QFETCH(bool, moved);
-        if (there)
-            store_->records = {{u"a"_s, u"<姓名>王</姓名>"_s}};
-        store_->refusedWrites = refusedWrites;
-        store_->refusedDeletes = refusedDeletes;
-        QCOMPARE(MoveRecord(u"f"_s, u"p"_s, u"a"_s, u"g"_s, u"p"_s, u"b"_s) == 0, moved);
-        QTEST(store_->asked.join(u','), "asked");
+        const auto row = [this](const char* name, bool there, int refusedWrites, int refusedDeletes,
+                                bool moved, const QString& asked) {
+            if (there)
+                store_->records = {{u"a"_s, u"<姓名>王</姓名>"_s}};
+            store_->refusedWrites = refusedWrites;
+            store_->refusedDeletes = refusedDeletes;
+            store_->asked.clear();
+            Check(name, MoveRecord(u"f"_s, u"p"_s, u"a"_s, u"g"_s, u"p"_s, u"b"_s) == 0, moved);
+            Check(name, store_->asked.join(u','), asked);
+        };
+        const QString target = u"读取记录 a,创建数据库,创建项目,修改记录 b"_s;
+        row("nothing to move", false, 0, 0, false, u"读取记录 a"_s);
+        row("at once", true, 0, 0, true, target + u",删除记录 a"_s);
+        row("second attempts", true, 1, 1, true, target + u",修改记录 b,删除记录 a,删除记录 a"_s);
+        row("not written", true, 2, 0, false, target + u",修改记录 b"_s);
+        row("not deleted", true, 0, 2, false, target + u",删除记录 a,删除记录 a"_s);
     }
 
     void entriesAsRecordText() {

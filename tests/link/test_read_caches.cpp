@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/record_text.h"
@@ -36,43 +34,33 @@ class TestReadCaches : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void bufferedRead_data() {
-        QTest::addColumn<int>("passes"); // milliseconds between the first read and the second
-        QTest::addColumn<QString>("project");
-        QTest::addColumn<QString>("record");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<int>("requests");
-        const QString p = u"p"_s;
-        QTest::newRow("same record") << 1999 << p << u" r "_s << u"r of 1"_s << 1;
-        QTest::newRow("same record, late") << 2000 << p << u"r"_s << u"r of 2"_s << 2;
-        QTest::newRow("neighbour") << 1999 << p << u"neighbour"_s << u"n of 1"_s << 1;
-        QTest::newRow("neighbour, late") << 2000 << p << u"neighbour"_s << u"neighbour of 2"_s << 2;
-        QTest::newRow("record that did not come along")
-            << 0 << p << u"other"_s << u"other of 2"_s << 2;
-        QTest::newRow("other project") << 0 << u"q"_s << u"r"_s << u"r of 2"_s << 2;
-        QTest::newRow("clock set back") << -1 << p << u"r"_s << u"r of 2"_s << 2;
-    }
     void bufferedRead() {
-        QFETCH(int, passes);
-        QFETCH(QString, project);
-        QFETCH(QString, record);
-        QFETCH(int, requests);
-        const FrozenClock clock;
-        ScriptedDesk desk;
-        QVERIFY(desk.open());
-        Server server(desk);
-        QCOMPARE(DbReadRecordBuffered(u"f", u"p", u"r"), u"r of 1"_s);
-        server.version = 2;
-        Clock::Advance(passes);
-        QTEST(DbReadRecordBuffered(u"f", project, record), "value");
-        QCOMPARE(server.asked[u"缓冲读取记录"_s], requests);
+        // Between the first read and the second so many milliseconds pass.
+        const auto row = [](const char* name, int passes, const QString& project,
+                            const QString& record, const QString& value, int requests) {
+            const FrozenClock clock;
+            ScriptedDesk desk;
+            Server server(desk);
+            QCOMPARE(DbReadRecordBuffered(u"f", u"p", u"r"), u"r of 1"_s);
+            server.version = 2;
+            Clock::Advance(passes);
+            Check(name, DbReadRecordBuffered(u"f", project, record), value);
+            Check(name, server.asked[u"缓冲读取记录"_s], requests);
+        };
+        const QString p = u"p"_s;
+        row("same record", 1999, p, u" r "_s, u"r of 1"_s, 1);
+        row("same record, late", 2000, p, u"r"_s, u"r of 2"_s, 2);
+        row("neighbour", 1999, p, u"neighbour"_s, u"n of 1"_s, 1);
+        row("neighbour, late", 2000, p, u"neighbour"_s, u"neighbour of 2"_s, 2);
+        row("record that did not come along", 0, p, u"other"_s, u"other of 2"_s, 2);
+        row("other project", 0, u"q"_s, u"r"_s, u"r of 2"_s, 2);
+        row("clock set back", -1, p, u"r"_s, u"r of 2"_s, 2);
     }
 
     // Each use lengthens the life, of whichever record of the block.
     void bufferedWalk() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         Server server(desk);
         DbReadRecordBuffered(u"f", u"p", u"r");
         for (int i = 0; i < 5; ++i) {
@@ -86,7 +74,6 @@ private Q_SLOTS:
     void trustedWhileFreshOrUnchanged() {
         const FrozenClock clock(QTime(23, 59, 0));
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         Server server(desk);
         const auto read = [] { return DbReadCached(u"f", u"rule", 20); };
         const auto counts = [&] {
@@ -114,7 +101,6 @@ private Q_SLOTS:
     void leastUsedOfTenGivesWay() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         Server server(desk);
         const auto read = [](int i) { return DbReadCached(u"f", QString::number(i), 3600); };
         int& reads = server.asked[u"读取记录"_s];
@@ -141,7 +127,6 @@ private Q_SLOTS:
     void usedTenThousandTimesStays() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         Server server(desk);
         for (int i = 0; i < 10; ++i) {
             for (int use = 0; use <= 10000; ++use)

@@ -1,7 +1,4 @@
-#include <QTest>
-
 #include "link/response_ring.h"
-#include "record/literals.h"
 #include "tests/hotel_test.h"
 
 using namespace hotel;
@@ -35,94 +32,76 @@ class TestResponseRing : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void bodyOfAnySizeInPiecesOfAnySize_data() {
-        QTest::addColumn<qsizetype>("size");
-        QTest::addColumn<qsizetype>("piece");
-        const QList<qsizetype> sizes{0, 1, 19000, 25000, 45000, 2000000};
-        const QList<qsizetype> pieces{1, 2, 7, 1460, 16384, 65536, 3000000};
-        for (qsizetype size : sizes) {
-            for (qsizetype piece : pieces) {
-                if (size / piece < 100000)
-                    QTest::addRow("%d by %d", int(size), int(piece)) << size << piece;
-            }
-        }
-    }
     void bodyOfAnySizeInPiecesOfAnySize() {
-        QFETCH(qsizetype, size);
-        QFETCH(qsizetype, piece);
-        const QString body = Body(size);
-        const QString stream = Frame(u"255", body) + Frame(u"000", u"next");
-        ResponseRing ring;
-        for (qsizetype from = 0; from < stream.size(); from += piece) {
-            ring.receive(QStringView(stream).mid(from, piece));
-            if (ring.hasNews()) {
-                ring.noteScan();
-                Collect(ring);
+        const auto row = [](qsizetype size, qsizetype piece) {
+            const QString body = Body(size);
+            const QString stream = Frame(u"255", body) + Frame(u"000", u"next");
+            ResponseRing ring;
+            for (qsizetype from = 0; from < stream.size(); from += piece) {
+                ring.receive(QStringView(stream).mid(from, piece));
+                if (ring.hasNews()) {
+                    ring.noteScan();
+                    Collect(ring);
+                }
+            }
+            const QByteArray name = QByteArray::number(size) + " by " + QByteArray::number(piece);
+            Check(name, ring.takeAnswer(255) == body, true);
+            Check(name, ring.takeAnswer(0), u"next"_s);
+            Check(name, ring.answer(0).isEmpty(), true);
+        };
+        for (qsizetype size : {0, 1, 19000, 25000, 45000, 2000000}) {
+            for (qsizetype piece : {1, 2, 7, 1460, 16384, 65536, 3000000}) {
+                if (size / piece < 100000)
+                    row(size, piece);
             }
         }
-        QCOMPARE(ring.takeAnswer(255), body);
-        QCOMPARE(ring.takeAnswer(0), u"next"_s);
-        QVERIFY(ring.answer(0).isEmpty());
     }
 
     // An end mark on the border of two slots is lost, one that ends right at it is not.
-    void endMarkAtTheBorderOfSlots_data() {
-        QTest::addColumn<int>("ahead");
-        QTest::addColumn<bool>("found");
-        QTest::newRow("whole ahead of it") << 12 << true;
-        QTest::newRow("but one character") << 11 << false;
-        QTest::newRow("split") << 5 << false;
-        QTest::newRow("one character") << 1 << false;
-        QTest::newRow("whole behind it") << 0 << true;
-    }
     void endMarkAtTheBorderOfSlots() {
-        QFETCH(int, ahead); // characters of the mark in the full slot
-        QFETCH(bool, found);
-        const QString body(ResponseRing::kFullSlot - 11 - ahead, u'x');
-        const QString frame = Frame(u"007", body);
-        ResponseRing ring;
-        ring.receive(QStringView(frame).first(ResponseRing::kFullSlot));
-        ring.receive(QStringView(frame).sliced(ResponseRing::kFullSlot));
-        Collect(ring);
-        QCOMPARE(ring.takeAnswer(7), found ? body : QString());
-
-        ring.receive(Frame(u"008", u"behind"));
-        Collect(ring);
-        QCOMPARE(ring.takeAnswer(8), u"behind"_s);
-    }
-
-    void answersAndTheirNumbers_data() {
-        QTest::addColumn<QStringList>("arrivals");
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("noise ahead")
-            << QStringList{u"noise"_s + Frame(u"003", u"a")} << 3 << u"a"_s;
-        QTest::newRow("noise behind")
-            << QStringList{Frame(u"003", u"a") + u"noise"_s, Frame(u"004", u"b")} << 4 << u"b"_s;
-        QTest::newRow("unknown number") << QStringList{Frame(u"999", u"a")} << 999 % 256 << u"a"_s;
-        QTest::newRow("no number") << QStringList{Frame(u"abc", u"a")} << 0 << u"a"_s;
-        QTest::newRow("head cut short")
-            << QStringList{u"<CmdID:0"_s, u"</CmdID:0"_s, u"<CmdID:001>a</CmdID:001>"_s} << 1
-            << u"a"_s;
-        QTest::newRow("second answer replaces the first")
-            << QStringList{Frame(u"003", u"a") + Frame(u"003", u"b")} << 3 << u"b"_s;
-        QTest::newRow("mark of another command")
-            << QStringList{u"<CmdID:005>a</CmdID:006>b</CmdID:005>"_s} << 5 << u"a</CmdID:006>b"_s;
-        QTest::newRow("next head behind an end mark in the same slot")
-            << QStringList{Frame(u"005", u"a") + u"<Cmd"_s, u"ID:006>b</CmdID:006>"_s} << 6
-            << u"b"_s;
-    }
-    void answersAndTheirNumbers() {
-        QFETCH(QStringList, arrivals);
-        QFETCH(int, number);
-        ResponseRing ring;
-        for (const QString& arrival : arrivals)
-            ring.receive(arrival);
-        while (ring.hasNews()) {
-            ring.noteScan();
+        const auto row = [](const char* name, int ahead, bool found) {
+            const QString body(ResponseRing::kFullSlot - 11 - ahead, u'x');
+            const QString frame = Frame(u"007", body);
+            ResponseRing ring;
+            ring.receive(QStringView(frame).first(ResponseRing::kFullSlot));
+            ring.receive(QStringView(frame).sliced(ResponseRing::kFullSlot));
             Collect(ring);
-        }
-        QTEST(ring.answer(number), "answer");
+            Check(name, ring.takeAnswer(7), found ? body : QString());
+            ring.receive(Frame(u"008", u"behind"));
+            Collect(ring);
+            Check(name, ring.takeAnswer(8), u"behind"_s);
+        };
+        row("whole ahead of it", 12, true);
+        row("but one character", 11, false);
+        row("split", 5, false);
+        row("one character", 1, false);
+        row("whole behind it", 0, true);
+    }
+
+    void answersAndTheirNumbers() {
+        const auto row = [](const char* name, const QStringList& arrivals, int number,
+                            const QString& answer) {
+            ResponseRing ring;
+            for (const QString& arrival : arrivals)
+                ring.receive(arrival);
+            while (ring.hasNews()) {
+                ring.noteScan();
+                Collect(ring);
+            }
+            Check(name, ring.answer(number), answer);
+        };
+        row("noise ahead", {u"noise"_s + Frame(u"003", u"a")}, 3, u"a"_s);
+        row("noise behind", {Frame(u"003", u"a") + u"noise"_s, Frame(u"004", u"b")}, 4, u"b"_s);
+        row("unknown number", {Frame(u"999", u"a")}, 999 % 256, u"a"_s);
+        row("no number", {Frame(u"abc", u"a")}, 0, u"a"_s);
+        row("head cut short", {u"<CmdID:0"_s, u"</CmdID:0"_s, u"<CmdID:001>a</CmdID:001>"_s}, 1,
+            u"a"_s);
+        row("second answer replaces the first", {Frame(u"003", u"a") + Frame(u"003", u"b")}, 3,
+            u"b"_s);
+        row("mark of another command", {u"<CmdID:005>a</CmdID:006>b</CmdID:005>"_s}, 5,
+            u"a</CmdID:006>b"_s);
+        row("next head behind an end mark in the same slot",
+            {Frame(u"005", u"a") + u"<Cmd"_s, u"ID:006>b</CmdID:006>"_s}, 6, u"b"_s);
     }
 
     void goesRoundTheRing() {

@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "platform/clock.h"
 #include "record/code_page.h"
 #include "tests/hotel_test.h"
@@ -15,7 +13,6 @@ private Q_SLOTS:
     void answerCutAtEveryByte() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         const QString body = u"<房间号>8101</房间号>\r\n<房态>散客</房态>，a"_s;
         const qsizetype size = ScriptedPeer::Frame(0, body).size();
         for (qsizetype cut = 1; cut <= size; ++cut) {
@@ -34,26 +31,21 @@ private Q_SLOTS:
     }
 
     // What the wire does to a body on its way back: kept bytes, and those that are lost.
-    void bodyBytes_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("both bytes high") << QByteArray("\xB7\xBF\xBA\xC5") << u"房号"_s;
-        QTest::newRow("second byte low") << QByteArray("\x81\x40|\xB7\xBF") << u"@|房"_s;
-        QTest::newRow("line end") << QByteArray("a\r\nb") << u"a\r\nb"_s;
-    }
     void bodyBytes() {
-        QFETCH(QByteArray, bytes);
-        ScriptedDesk desk;
-        QVERIFY(desk.open());
-        desk.peer.script = [&](const QString&, int) {
-            return Pieces{"<CmdID:000>" + bytes + "</CmdID:000>"};
+        const auto row = [](const char* name, const QByteArray& bytes, const QString& answer) {
+            ScriptedDesk desk;
+            desk.peer.script = [&](const QString&, int) {
+                return Pieces{"<CmdID:000>" + bytes + "</CmdID:000>"};
+            };
+            Check(name, desk.ask(), answer);
         };
-        QTEST(desk.ask(), "answer");
+        row("both bytes high", QByteArray("\xB7\xBF\xBA\xC5"), u"房号"_s);
+        row("second byte low", QByteArray("\x81\x40|\xB7\xBF"), u"@|房"_s);
+        row("line end", QByteArray("a\r\nb"), u"a\r\nb"_s);
     }
 
     void largeBody() {
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         QString body;
         for (int i = 0; body.size() < 2000000; ++i)
             body += u"<房%1>单间</房%1>\r\n"_s.arg(i);
@@ -61,46 +53,34 @@ private Q_SLOTS:
         QCOMPARE(desk.ask(), body);
     }
 
-    void noAnswer_data() {
-        QTest::addColumn<QTime>("start");
-        QTest::addColumn<int>("passes"); // milliseconds
-        QTest::addColumn<QByteArray>("arrives");
-        QTest::addColumn<QString>("answer");
+    void noAnswer() {
+        const auto row = [](const char* name, QTime start, int passes, const QByteArray& arrives,
+                            const QString& answer) {
+            const FrozenClock clock(start);
+            ScriptedDesk desk;
+            desk.peer.script = [&](const QString&, int) {
+                Clock::Advance(passes);
+                return arrives.isEmpty() ? Pieces{} : Pieces{arrives};
+            };
+            const LongWait longWait;
+            Check(name, desk.ask(), answer);
+            Check(name, longWait.happened(), false);
+            Check(name, desk.link.linkState(), u"1"_s);
+        };
         const QTime noon(12, 0);
         const QTime late(23, 59, 50);
-        QTest::newRow("silence") << noon << 30001 << QByteArray() << kTimeOut;
-        QTest::newRow("no end mark") << noon << 30001 << QByteArray("<CmdID:000>a") << kTimeOut;
-        QTest::newRow("end mark of another")
-            << noon << 30001 << QByteArray("<CmdID:000>a</CmdID:001>") << kTimeOut;
-        QTest::newRow("empty body")
-            << noon << 30001 << QByteArray("<CmdID:000></CmdID:000>") << kTimeOut;
-        QTest::newRow("in time") << noon << 30000 << QByteArray("<CmdID:000>a</CmdID:000>")
-                                 << u"a"_s;
-        QTest::newRow("midnight") << late << 10001 << QByteArray() << kTimeOut;
-        QTest::newRow("answer of a day")
-            << late << 9999 << QByteArray("<CmdID:000>a</CmdID:000>") << u"a"_s;
-    }
-    void noAnswer() {
-        QFETCH(QTime, start);
-        QFETCH(int, passes);
-        QFETCH(QByteArray, arrives);
-        const FrozenClock clock(start);
-        ScriptedDesk desk;
-        QVERIFY(desk.open());
-        desk.peer.script = [&](const QString&, int) {
-            Clock::Advance(passes);
-            return arrives.isEmpty() ? Pieces{} : Pieces{arrives};
-        };
-        const LongWait longWait;
-        QTEST(desk.ask(), "answer");
-        QVERIFY(!longWait.happened());
-        QCOMPARE(desk.link.linkState(), u"1"_s);
+        row("silence", noon, 30001, {}, kTimeOut);
+        row("no end mark", noon, 30001, QByteArray("<CmdID:000>a"), kTimeOut);
+        row("end mark of another", noon, 30001, QByteArray("<CmdID:000>a</CmdID:001>"), kTimeOut);
+        row("empty body", noon, 30001, QByteArray("<CmdID:000></CmdID:000>"), kTimeOut);
+        row("in time", noon, 30000, QByteArray("<CmdID:000>a</CmdID:000>"), u"a"_s);
+        row("midnight", late, 10001, {}, kTimeOut);
+        row("answer of a day", late, 9999, QByteArray("<CmdID:000>a</CmdID:000>"), u"a"_s);
     }
 
     void lateAnswerIsNobodysAnswer() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         desk.peer.script = [](const QString&, int) {
             Clock::Advance(30001);
             return Pieces{};
@@ -121,43 +101,37 @@ private Q_SLOTS:
         QCOMPARE(desk.peer.numbers, numbers);
     }
 
-    void nestedCommands_data() {
-        QTest::addColumn<QList<int>>("order"); // of the answers: 0 outer, 1 and 2 nested
-        QTest::addColumn<bool>("onePiece");
-        for (bool onePiece : {false, true}) {
-            const char* how = onePiece ? "one piece" : "pieces";
-            QTest::addRow("innermost first, %s", how) << QList<int>{2, 1, 0} << onePiece;
-            QTest::addRow("outermost first, %s", how) << QList<int>{0, 1, 2} << onePiece;
-            QTest::addRow("mixed, %s", how) << QList<int>{1, 0, 2} << onePiece;
-        }
-    }
     void nestedCommands() {
-        QFETCH(QList<int>, order);
-        QFETCH(bool, onePiece);
-        ScriptedDesk desk;
-        QVERIFY(desk.open());
-        QStringList answers(3);
-        std::function<void(int)> ask = [&](int depth) {
-            answers[depth] = desk.ask(u"<命令>%1</命令>\r\n"_s.arg(depth));
+        // The order of the answers: 0 is the outer command's, 1 and 2 are the nested ones'.
+        const auto row = [](const char* name, const QList<int>& order, bool onePiece) {
+            ScriptedDesk desk;
+            QStringList answers(3);
+            std::function<void(int)> ask = [&](int depth) {
+                answers[depth] = desk.ask(u"<命令>%1</命令>\r\n"_s.arg(depth));
+            };
+            desk.peer.script = [&](const QString&, int number) {
+                if (number < 2) {
+                    QTimer::singleShot(0, [&ask, number] { ask(number + 1); });
+                    return Pieces{};
+                }
+                Pieces pieces;
+                for (int answered : order)
+                    pieces += ScriptedPeer::Frame(answered, u"answer %1"_s.arg(answered));
+                return onePiece ? Pieces{pieces.join()} : pieces;
+            };
+            ask(0);
+            Check(name, answers, {u"answer 0"_s, u"answer 1"_s, u"answer 2"_s});
         };
-        desk.peer.script = [&](const QString&, int number) {
-            if (number < 2) {
-                QTimer::singleShot(0, [&ask, number] { ask(number + 1); });
-                return Pieces{};
-            }
-            Pieces pieces;
-            for (int answered : order)
-                pieces += ScriptedPeer::Frame(answered, u"answer %1"_s.arg(answered));
-            return onePiece ? Pieces{pieces.join()} : pieces;
-        };
-        ask(0);
-        QCOMPARE(answers, QStringList({u"answer 0"_s, u"answer 1"_s, u"answer 2"_s}));
+        for (bool onePiece : {false, true}) {
+            row("innermost first", {2, 1, 0}, onePiece);
+            row("outermost first", {0, 1, 2}, onePiece);
+            row("mixed", {1, 0, 2}, onePiece);
+        }
     }
 
     void connectionLostInMidAnswer() {
         const FrozenClock clock; // so that only the loss can end the wait
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int number) {
             QTimer::singleShot(100, [&desk] { desk.peer.drop(); });
             return Pieces{ScriptedPeer::Frame(number, u"half"_s).first(13)};
@@ -178,7 +152,6 @@ private Q_SLOTS:
     // The whole answer was in when the connection went: it counts.
     void connectionLostBehindTheAnswer() {
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         desk.peer.script = [&](const QString&, int number) {
             QTimer::singleShot(0, [&desk] { desk.peer.drop(); });
             return Pieces{ScriptedPeer::Frame(number, QString(100000, u'a'))};
@@ -190,7 +163,6 @@ private Q_SLOTS:
     void nestedCommandReconnects() {
         const FrozenClock clock;
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         QString nested;
         desk.peer.script = [&](const QString&, int) {
             QTimer::singleShot(0, [&] {
@@ -210,7 +182,6 @@ private Q_SLOTS:
 
     void extendsTheCallersText() {
         ScriptedDesk desk;
-        QVERIFY(desk.open());
         desk.peer.answerAll(u"a"_s);
         QString request = u"<命令>读取日期</命令>\r\n"_s;
         desk.link.DoCommand(request);

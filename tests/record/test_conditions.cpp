@@ -84,8 +84,9 @@ private Q_SLOTS:
     }
 
     void joining() {
+        // The records are a=1 b=1, a=1 b=2, a=2 b=1, a=2 b=2.
         const auto row = [](const char* name, const QStringList& conditions,
-                            const QString& matches) { // among a=1 b=1, a=1 b=2, a=2 b=1, a=2 b=2
+                            const QString& matches) {
             Check(name,
                   Matches({u"<a>1</a><b>1</b>"_s, u"<a>1</a><b>2</b>"_s, u"<a>2</a><b>1</b>"_s,
                            u"<a>2</a><b>2</b>"_s},
@@ -135,8 +136,9 @@ private Q_SLOTS:
     }
 
     void extremes() {
+        // The values are those of field a, one record each.
         const auto row = [](const char* name, const QString& values, const QStringList& conditions,
-                            const QString& matches) { // of field a, one record each
+                            const QString& matches) {
             QStringList records;
             for (const QString& value : values.split(u','))
                 records << SetTag(QString(), u"a", value);
