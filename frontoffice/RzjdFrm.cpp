@@ -1,10 +1,11 @@
 #include "frontoffice/RzjdFrm.h"
 
-#include <QGridLayout>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "frontoffice/RzdjFrm.h"
@@ -82,7 +83,7 @@ RzjdFrm::RzjdFrm()
     : Screen(u"RzjdFrm"_s, u"客人入住登记"_s), roomBox_(new QLineEdit),
       Kxkfqd(MakeRoomList(u"Kxkfqd"_s)), Yxkfqd(MakeRoomList(u"Yxkfqd"_s)),
       Kxnum(MakeCount(u"Kxnum"_s)), Yxnum(MakeCount(u"Yxnum"_s)), Ftys(new CheckList(u"Ftys"_s)),
-      photo_(new PhotoFrame(u"Zpk"_s, u"客房照片"_s)) {
+      photo_(new PhotoFrame(u"Zpk"_s, u"客房照片"_s)), photoSoon_(new QTimer(this)) {
     roomBox_->setObjectName(u"RoomBox"_s);
     roomBox_->setPlaceholderText(u"8301  8305  8307-8312"_s);
     onEnter(roomBox_, [this] { RoomBox_Enter(); });
@@ -133,7 +134,11 @@ RzjdFrm::RzjdFrm()
         {u"JgbCmd"_s, u"当前房价表"_s, [] { OpenScreen(u"Fjxxfrm"); }, Qt::Key_F12,
          CommandKind::Plain, u"look"_s},
     });
-    on(Kxkfqd, &GridView::rowClicked, [this](int row, int) { Kxkfqd_Click(row); });
+    // The picture waits until a second click would have come: fetching it, the list takes none.
+    photoSoon_->setSingleShot(true);
+    photoSoon_->setInterval(QApplication::doubleClickInterval());
+    on(Kxkfqd, &GridView::rowClicked, [this] { photoSoon_->start(); });
+    on(photoSoon_, &QTimer::timeout, [this] { Kxkfqd_Click(Kxkfqd->currentRow()); });
     on(Kxkfqd, &GridView::rowActivated, [this] { DownCmd_Click(); });
     on(Yxkfqd, &GridView::rowActivated, [this] { UpCmd_Click(); });
     on(Ftys, &CheckList::ticked, [this] { loadOffered(); });
@@ -168,6 +173,7 @@ void RzjdFrm::loadOffered() {
 }
 
 void RzjdFrm::moveRows(GridView* from, GridView* to, const QStringList& rooms) {
+    photoSoon_->stop();
     const int stood = from->currentRow();
     for (const QString& room : rooms) {
         const int row = from->table().find(from->table().column(kNumber), room);

@@ -13,6 +13,7 @@
 
 class QLabel;
 class QLineEdit;
+class QTimer;
 
 namespace hotel {
 
@@ -58,6 +59,7 @@ private:
     QLabel* Yxnum;
     CheckList* Ftys; // statuses that are let through
     PhotoFrame* photo_;
+    QTimer* photoSoon_;
 };
 
 } // namespace hotel
