@@ -149,16 +149,6 @@ private Q_SLOTS:
         QTRY_VERIFY(desk.link.isUp());
     }
 
-    void connectsAnew() {
-        ScriptedDesk first;
-        ScriptedDesk second;
-        first.peer.answerAll(u"first"_s);
-        second.peer.answerAll(u"second"_s);
-        QCOMPARE(first.ask(), u"first"_s);
-        QCOMPARE(first.link.ConnectServer(u"127.0.0.1"_s, second.peer.port()), 0);
-        QCOMPARE(first.ask(), u"second"_s);
-    }
-
     void idleLinkIsKeptAlive() {
         ScriptedDesk desk(ScriptedDesk::Start::Closed);
         desk.peer.answerAll(u"<当前时间>10:00:00</当前时间>"_s);

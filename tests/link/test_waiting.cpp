@@ -44,15 +44,6 @@ private Q_SLOTS:
         row("line end", QByteArray("a\r\nb"), u"a\r\nb"_s);
     }
 
-    void largeBody() {
-        ScriptedDesk desk;
-        QString body;
-        for (int i = 0; body.size() < 2000000; ++i)
-            body += u"<房%1>单间</房%1>\r\n"_s.arg(i);
-        desk.peer.answerAll(body);
-        QCOMPARE(desk.ask(), body);
-    }
-
     void noAnswer() {
         const auto row = [](const char* name, QTime start, int passes, const QByteArray& arrives,
                             const QString& answer) {

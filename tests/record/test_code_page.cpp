@@ -36,18 +36,6 @@ private Q_SLOTS:
         row("tab waits as a lead byte", u"\tA\t中"_s, "094109d6d0", u"A\ufffd"_s, u"\tA\t中"_s);
     }
 
-    void piecesMakeTheSameText() {
-        const QByteArray bytes =
-            EncodeForWire(u"<CmdID:007>客人01姓名：朱镕，€12\r\n\t</CmdID:007>");
-        const QString whole = WireDecoder().decode(bytes);
-        QVERIFY(whole.contains(u"客人01姓名"));
-        for (qsizetype split = 0; split <= bytes.size(); ++split) {
-            WireDecoder decoder;
-            const QString first = decoder.decode(QByteArrayView(bytes).first(split));
-            QCOMPARE(first + decoder.decode(QByteArrayView(bytes).sliced(split)), whole);
-        }
-    }
-
     void resetForgetsTheLeadByte() {
         WireDecoder decoder;
         QCOMPARE(decoder.decode(Bytes("d6")), QString());

@@ -70,19 +70,6 @@ private Q_SLOTS:
         row(u""_s, u"x"_s, {}, {u"x"_s});
     }
 
-    void operatorsByKind() {
-        QStringList noTarget;
-        QStringList extremes;
-        for (const QString& op : OperatorWords()) {
-            if (OperatorNeedsNoTarget(op))
-                noTarget << op;
-            if (IsExtremeOperator(op))
-                extremes << op;
-        }
-        QCOMPARE(noTarget.join(u','), u"为空,非空,最大,最小,数值最大,数值最小"_s);
-        QCOMPARE(extremes.join(u','), u"最大,最小,数值最大,数值最小"_s);
-    }
-
     void joining() {
         // The records are a=1 b=1, a=1 b=2, a=2 b=1, a=2 b=2.
         const auto row = [](const char* name, const QStringList& conditions,
@@ -203,16 +190,6 @@ private Q_SLOTS:
                  2); // as a form writes
         QVERIFY(ParseConditions(u"").isEmpty());
         QVERIFY(ParseConditions(WrapConditions(u"")).isEmpty());
-    }
-
-    void conditionsHaveALimit() {
-        QString conditions;
-        int number = 0;
-        while (number <= kConditionLimit)
-            AddQueryCondition(conditions, u"", u"a", u"等于", QString::number(number), number);
-        const QList<Condition> parsed = ParseConditions(conditions);
-        QCOMPARE(parsed.size(), 100);
-        QCOMPARE(parsed.last().target, u"99"_s);
     }
 };
 

@@ -46,30 +46,6 @@ class MessagesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void recorderAnswersInOrderAndCancelsTheRest() {
-        MessageRecorder outer;
-        outer.answerNext(u"ok"_s);
-        outer.answerNext(u"no"_s);
-        outer.answerNext(u"100.00"_s);
-        outer.answerNext(std::nullopt);
-        MsgBox(u"结账号错误"_s, u"缺少必须输入的项目"_s); // takes no answer
-        QVERIFY(AskOkCancel(u"a"_s));
-        QVERIFY(!AskYesNo(u"b"_s));
-        QCOMPARE(InputBox(u"c"_s), std::optional(u"100.00"_s));
-        QCOMPARE(InputBox(u"d"_s), std::optional<QString>());
-        QCOMPARE(AskSaveFile(u"e"_s, u"060302清单.txt"_s, {}), QString());
-        {
-            MessageRecorder inner;
-            inner.answerNext(u"yes"_s);
-            QVERIFY(AskYesNo(u"f"_s));
-            TimedMessage(u"g"_s, u"注意"_s, 100000, true);
-            QCOMPARE(inner.words(), QStringList({u"f"_s, u"g"_s}));
-        }
-        QCOMPARE(outer.words().join(u','), u"结账号错误,a,b,c,d,060302清单.txt"_s);
-        QCOMPARE(outer.entries().first().title, u"缺少必须输入的项目"_s);
-        QCOMPARE(outer.entries().first().kind, MessageRecorder::Kind::Message);
-    }
-
     void realQuestions() {
         const auto row = [](const char* name, bool yesNo, Qt::Key key, bool agreed) {
             QString title;

@@ -4,12 +4,12 @@
 #include <sys/resource.h>
 
 #include <QDirIterator>
-#include <QTest>
 
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
+#include "tests/test_files.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -38,18 +38,11 @@ qint64 LongestFile(const QString& folder) {
 }
 
 QByteArray Write(const QString& record, const QString& value, int number) {
-    return RequestBytes(u"修改记录"_s,
-                        {{u"库文件名"_s, u"a.qvr"_s},
-                         {u"项目名"_s, u"p"_s},
-                         {u"记录"_s, record},
-                         {u"记录值"_s, value}},
-                        number);
+    return RequestBytes(u"修改记录"_s, RecordFields(record, value), number);
 }
 
 QStringList Records(WireClient& client) {
-    QStringList lines =
-        client.ask(u"记录清单"_s, {{u"库文件名"_s, u"a.qvr"_s}, {u"项目名"_s, u"p"_s}})
-            .split(u"\r\n"_s);
+    QStringList lines = client.ask(u"记录清单"_s, RecordFields({})).split(u"\r\n"_s);
     return lines.mid(1, lines.size() - 2);
 }
 
@@ -62,10 +55,8 @@ private Q_SLOTS:
     // Of the writes that share a turn one is too large for the disk: it alone fails.
     void oneOfATurn() {
         TestServer server;
-        WireClient client(server.port());
-        WireClient reader(server.port());
-        client.logIn(u"前台"_s, u""_s);
-        reader.logIn(u"前台"_s, u""_s);
+        WireClient client(server.port(), u"前台"_s);
+        WireClient reader(server.port(), u"前台"_s);
         {
             const FileLimit limit(LongestFile(server.folder()) + 1'000'000);
             client.sendBytes(Write(u"1"_s, u"small"_s, 1) +
@@ -87,10 +78,8 @@ private Q_SLOTS:
     // again so do the writes. What was answered with success is there, what failed is not.
     void untilThereIsRoom() {
         TestServer server;
-        WireClient client(server.port());
-        WireClient reader(server.port());
-        client.logIn(u"前台"_s, u""_s);
-        reader.logIn(u"前台"_s, u""_s);
+        WireClient client(server.port(), u"前台"_s);
+        WireClient reader(server.port(), u"前台"_s);
         const QString value(3000, u'v');
         QStringList stored;
         int failures = 0;
@@ -129,18 +118,14 @@ private Q_SLOTS:
 
     void storesThatCantBeServed() {
         QTemporaryDir folder;
-        QFile file(folder.filePath(u"file"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("no folder");
-        file.close();
+        WriteBytes(folder.filePath(u"file"_s), "no folder");
+        WriteBytes(folder.filePath(u"damaged/store.db"_s), "no store");
         ServerSettings settings;
         settings.clock = QDateTime::currentDateTime;
         settings.port = 0;
         settings.dataFolder = folder.filePath(u"file/below"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
-        QVERIFY(QDir(folder.path()).mkdir(u"damaged"_s));
-        QVERIFY(file.copy(folder.filePath(u"damaged/store.db"_s)));
         settings.dataFolder = folder.filePath(u"damaged"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
@@ -154,7 +139,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(FailingStoreTest)
-
-} // namespace hotel
 
 #include "test_failing_store.moc"

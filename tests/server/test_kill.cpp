@@ -8,12 +8,11 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -148,7 +147,5 @@ private:
 };
 
 HOTEL_TEST(KillTest)
-
-} // namespace hotel
 
 #include "test_kill.moc"

@@ -1,13 +1,10 @@
 #include "server/request_reader.h"
 
-#include <QRandomGenerator>
-#include <QTest>
-
 #include "record/code_page.h"
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -55,79 +52,68 @@ private Q_SLOTS:
         QVERIFY(!reader.refused());
     }
 
-    void fields_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("value");
-        const QString head = u"<命令>修改记录</命令>\r\n<记录>甲</记录>\r\n"_s;
-        QTest::newRow("a value with its own tags")
-            << head + u"<记录值><记录值>1</记录值></记录值>"_s << u"记录值"_s
-            << u"<记录值>1</记录值>"_s;
-        QTest::newRow("a value with the request's tags is no field")
-            << head + u"<记录值><项目名>假</项目名></记录>x</记录值>"_s << u"项目名"_s << u""_s;
-        QTest::newRow("a name ends at its first closing tag")
-            << head + u"<记录值><记录>乙</记录></记录值>"_s << u"记录"_s << u"甲"_s;
-        QTest::newRow("a closing tag alone")
-            << head + u"</记录值>\r\n<记录值>1</记录值>"_s << u"记录值"_s << u"1"_s;
-        QTest::newRow("a field that is never closed")
-            << head + u"<记录值>1"_s << u"记录值"_s << u""_s;
-        QTest::newRow("behind a field that is never closed")
-            << u"<命令>x</命令><甲><项目名>账</项目名>"_s << u"项目名"_s << u"账"_s;
-        QTest::newRow("conditions, then more text")
-            << u"<命令>字段查找</命令>\r\n<记录查询条件>\r\n<00>a</00>\r\n</记录查询条件>\r\n<x>1</x>"_s
-            << u"记录查询条件"_s << u"\r\n<00>a</00>\r\n"_s;
-        QTest::newRow("no line ends between fields")
-            << u"<命令>记录清单</命令><库文件名>a</库文件名><项目名>b</项目名>"_s << u"项目名"_s
-            << u"b"_s;
-    }
     void fields() {
-        QFETCH(QString, text);
-        QFETCH(QString, field);
-        QTEST(Request("001", text).field(field).toString(), "value");
+        const auto row = [](const char* name, const QString& text, const QString& field,
+                            const QString& value) {
+            Check(name, Request("001", text).field(field).toString(), value);
+        };
+        const QString head = u"<命令>修改记录</命令>\r\n<记录>甲</记录>\r\n"_s;
+        row("a value with its own tags", head + u"<记录值><记录值>1</记录值></记录值>"_s,
+            u"记录值"_s, u"<记录值>1</记录值>"_s);
+        row("a value with the request's tags is no field",
+            head + u"<记录值><项目名>假</项目名></记录>x</记录值>"_s, u"项目名"_s, u""_s);
+        row("a name ends at its first closing tag", head + u"<记录值><记录>乙</记录></记录值>"_s,
+            u"记录"_s, u"甲"_s);
+        row("a closing tag alone", head + u"</记录值>\r\n<记录值>1</记录值>"_s, u"记录值"_s,
+            u"1"_s);
+        row("a field that is never closed", head + u"<记录值>1"_s, u"记录值"_s, u""_s);
+        row("behind a field that is never closed", u"<命令>x</命令><甲><项目名>账</项目名>"_s,
+            u"项目名"_s, u"账"_s);
+        row("conditions, then more text",
+            u"<命令>字段查找</命令>\r\n<记录查询条件>\r\n<00>a</00>\r\n</记录查询条件>\r\n<x>1</x>"_s,
+            u"记录查询条件"_s, u"\r\n<00>a</00>\r\n"_s);
+        row("no line ends between fields",
+            u"<命令>记录清单</命令><库文件名>a</库文件名><项目名>b</项目名>"_s, u"项目名"_s,
+            u"b"_s);
     }
 
     // An end mark is the whole sequence field and its line end; less of it belongs to a value.
-    void endMarks_data() {
-        QTest::addColumn<QString>("value");
-        QTest::newRow("closing tag alone") << u"</命令流水号>\r\n"_s;
-        QTest::newRow("two digits") << u"<命令流水号>CmdID:07</命令流水号>\r\n"_s;
-        QTest::newRow("letters") << u"<命令流水号>CmdID:0x7</命令流水号>\r\n"_s;
-        QTest::newRow("no line end") << u"<命令流水号>CmdID:007</命令流水号> "_s;
-        QTest::newRow("nothing ahead") << u"</命令流水号>\r\n</命令流水号>\r\n"_s;
-    }
     void endMarks() {
-        QFETCH(QString, value);
-        RequestReader reader;
-        const QByteArray bytes = RequestBytes(u"修改记录"_s, {{u"记录值"_s, value}}, 9);
-        QCOMPARE(Read(reader, {bytes}), QStringList{u"009 修改记录 "_s + value});
+        const auto row = [](const char* name, const QString& value) {
+            RequestReader reader;
+            const QByteArray bytes = RequestBytes(u"修改记录"_s, {{u"记录值"_s, value}}, 9);
+            Check(name, Read(reader, {bytes}), QStringList{u"009 修改记录 "_s + value});
+        };
+        row("closing tag alone", u"</命令流水号>\r\n"_s);
+        row("two digits", u"<命令流水号>CmdID:07</命令流水号>\r\n"_s);
+        row("letters", u"<命令流水号>CmdID:0x7</命令流水号>\r\n"_s);
+        row("no line end", u"<命令流水号>CmdID:007</命令流水号> "_s);
+        row("nothing ahead", u"</命令流水号>\r\n</命令流水号>\r\n"_s);
     }
 
-    void refusals_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("refused");
-        const QByteArray command = EncodeForWire(u"<命令>");
-        QTest::newRow("another protocol") << QByteArray("GET / HTTP/1.1\r\n") << true;
-        QTest::newRow("one wrong byte") << QByteArray("x") << true;
-        QTest::newRow("another field first") << EncodeForWire(u"<库文件名>") << true;
-        QTest::newRow("half a command tag") << command.first(3) << false;
-        QTest::newRow("blank lines only") << QByteArray("\r\n\r\n") << false;
-        QTest::newRow("at the limit, unfinished") << command.leftJustified(1000, 'x') << false;
-        QTest::newRow("beyond it, unfinished") << command.leftJustified(1001, 'x') << true;
-        QTest::newRow("at the limit") << RequestOfSize(1000) << false;
-        QTest::newRow("beyond it") << RequestOfSize(1001) << true;
-        QTest::newRow("rubbish behind a request") << RequestOfSize(200) + "rubbish" << true;
-    }
     void refusals() {
-        QFETCH(QByteArray, bytes);
-        RequestReader reader(1000);
-        reader.feed(bytes);
-        while (reader.next()) {
-        }
-        QTEST(reader.refused(), "refused");
-        const bool wasRefused = reader.refused();
-        reader.feed(RequestBytes(u"读取时间"_s, {}, 1));
-        if (wasRefused)
-            QVERIFY(!reader.next());
+        const auto row = [](const char* name, const QByteArray& bytes, bool refused) {
+            RequestReader reader(1000);
+            reader.feed(bytes);
+            while (reader.next()) {
+            }
+            Check(name, reader.refused(), refused);
+            const bool wasRefused = reader.refused();
+            reader.feed(RequestBytes(u"读取时间"_s, {}, 1));
+            if (wasRefused)
+                QVERIFY(!reader.next());
+        };
+        const QByteArray command = EncodeForWire(u"<命令>");
+        row("another protocol", QByteArray("GET / HTTP/1.1\r\n"), true);
+        row("one wrong byte", QByteArray("x"), true);
+        row("another field first", EncodeForWire(u"<库文件名>"), true);
+        row("half a command tag", command.first(3), false);
+        row("blank lines only", QByteArray("\r\n\r\n"), false);
+        row("at the limit, unfinished", command.leftJustified(1000, 'x'), false);
+        row("beyond it, unfinished", command.leftJustified(1001, 'x'), true);
+        row("at the limit", RequestOfSize(1000), false);
+        row("beyond it", RequestOfSize(1001), true);
+        row("rubbish behind a request", RequestOfSize(200) + "rubbish", true);
     }
 
     // Would take hours if every tag looked for its closing one.
@@ -140,26 +126,8 @@ private Q_SLOTS:
                      .command(),
                  u"");
     }
-
-    void randomBytesAreHarmless() {
-        QRandomGenerator random(6801);
-        const QByteArray request = RequestBytes(u"修改记录"_s, {{u"记录值"_s, u"<值>1</值>"_s}}, 3);
-        for (int round = 0; round < 2000; ++round) {
-            QByteArray bytes = request + request;
-            for (int change = random.bounded(6); change >= 0; --change)
-                bytes[random.bounded(int(bytes.size()))] = char(random.bounded(256));
-            RequestReader reader(500);
-            for (int from = 0; from < bytes.size(); from += 37) {
-                reader.feed(bytes.mid(from, 37));
-                while (reader.next()) {
-                }
-            }
-        }
-    }
 };
 
 HOTEL_TEST(RequestReaderTest)
-
-} // namespace hotel
 
 #include "test_request_reader.moc"

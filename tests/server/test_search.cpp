@@ -1,12 +1,11 @@
 #include "server/search.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "record/conditions.h"
 #include "tests/hotel_test.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -48,56 +47,43 @@ private Q_SLOTS:
         }
     }
 
-    void conditions_data() {
-        QTest::addColumn<QString>("project");
-        QTest::addColumn<QString>("conditions");
-        QTest::addColumn<QString>("found");
+    void conditions() {
+        const auto row = [this](const char* name, const QString& project, const QString& conditions,
+                                const QString& found) {
+            Check(name, FindByConditions(*store_, kFile, project, conditions).join(u' '), found);
+        };
         const QString greatest = OneCondition(tag::kRecordName, u"数值最大");
-        QTest::newRow("greatest in a project") << u"甲"_s << greatest << u"12"_s;
-        QTest::newRow("greatest in all projects") << u""_s << greatest << u"500"_s;
-        QTest::newRow("greatest, wrapped") << u"甲"_s << WrapConditions(greatest) << u"12"_s;
-        QTest::newRow("greatest of no project") << u"丁"_s << greatest << u""_s;
-        QTest::newRow("greatest of a field")
-            << u"甲"_s << OneCondition(u"房号", u"数值最大") << u"-3"_s;
-        QTest::newRow("equal") << u"甲"_s << OneCondition(u"房号", u"等于", u"103") << u"12.0"_s;
-        QTest::newRow("equal in all projects")
-            << u""_s << OneCondition(u"房号", u"等于", u"103") << u"12.0 500"_s;
-        QTest::newRow("by name") << u"甲"_s << OneCondition(tag::kRecordName, u"大于", u"12")
-                                 << u"9 12.0 乙"_s;
+        row("greatest in a project", u"甲"_s, greatest, u"12"_s);
+        row("greatest in all projects", u""_s, greatest, u"500"_s);
+        row("greatest, wrapped", u"甲"_s, WrapConditions(greatest), u"12"_s);
+        row("greatest of no project", u"丁"_s, greatest, u""_s);
+        row("greatest of a field", u"甲"_s, OneCondition(u"房号", u"数值最大"), u"-3"_s);
+        row("equal", u"甲"_s, OneCondition(u"房号", u"等于", u"103"), u"12.0"_s);
+        row("equal in all projects", u""_s, OneCondition(u"房号", u"等于", u"103"), u"12.0 500"_s);
+        row("by name", u"甲"_s, OneCondition(tag::kRecordName, u"大于", u"12"), u"9 12.0 乙"_s);
         int number = 1;
         QString both = OneCondition(tag::kRecordName, u"大于", u"12", u"并且");
         AddQueryCondition(both, u"并且", u"房号", u"小于", u"104", number);
-        QTest::newRow("name and field") << u"甲"_s << both << u"9 12.0"_s;
+        row("name and field", u"甲"_s, both, u"9 12.0"_s);
         int second = 1;
         QString two = greatest;
         AddQueryCondition(two, u"或者", tag::kRecordName, u"数值最小", u"", second);
-        QTest::newRow("two extremes") << u"甲"_s << two << u"12 -3"_s;
-    }
-    void conditions() {
-        QFETCH(QString, project);
-        QFETCH(QString, conditions);
-        QTEST(FindByConditions(*store_, kFile, project, conditions).join(u' '), "found");
+        row("two extremes", u"甲"_s, two, u"12 -3"_s);
     }
 
-    void keywords_data() {
-        QTest::addColumn<QString>("required");
-        QTest::addColumn<QString>("optional");
-        QTest::addColumn<QString>("excluded");
-        QTest::addColumn<QString>("found");
-        QTest::newRow("none") << u""_s << u""_s << u""_s << u"9 12 007 12.0 乙 -3 500"_s;
-        QTest::newRow("all of two") << u"103,海景"_s << u""_s << u""_s << u"500"_s;
-        QTest::newRow("any of two") << u""_s << u"101, 105"_s << u""_s << u"12 -3"_s;
-        QTest::newRow("must and any") << u"房号"_s << u"103,"_s << u""_s << u"12.0 500"_s;
-        QTest::newRow("excluded") << u""_s << u"103"_s << u"吸烟"_s << u"12.0"_s;
-        QTest::newRow("any that nobody holds") << u"房号"_s << u"999"_s << u""_s << u""_s;
-    }
     void keywords() {
-        QFETCH(QString, required);
-        QFETCH(QString, optional);
-        QFETCH(QString, excluded);
-        const Keywords words{SplitKeywords(required), SplitKeywords(optional),
-                             SplitKeywords(excluded)};
-        QTEST(FindByKeywords(*store_, kFile, u""_s, words).join(u' '), "found");
+        const auto row = [this](const char* name, const QString& required, const QString& optional,
+                                const QString& excluded, const QString& found) {
+            const Keywords words{SplitKeywords(required), SplitKeywords(optional),
+                                 SplitKeywords(excluded)};
+            Check(name, FindByKeywords(*store_, kFile, u""_s, words).join(u' '), found);
+        };
+        row("none", u""_s, u""_s, u""_s, u"9 12 007 12.0 乙 -3 500"_s);
+        row("all of two", u"103,海景"_s, u""_s, u""_s, u"500"_s);
+        row("any of two", u""_s, u"101, 105"_s, u""_s, u"12 -3"_s);
+        row("must and any", u"房号"_s, u"103,"_s, u""_s, u"12.0 500"_s);
+        row("excluded", u""_s, u"103"_s, u"吸烟"_s, u"12.0"_s);
+        row("any that nobody holds", u"房号"_s, u"999"_s, u""_s, u""_s);
     }
 
 private:
@@ -106,7 +92,5 @@ private:
 };
 
 HOTEL_TEST(SearchTest)
-
-} // namespace hotel
 
 #include "test_search.moc"

@@ -1,24 +1,23 @@
 #include "server/store_path.h"
 
-#include <QTest>
-
-#include "record/literals.h"
 #include "server/tree_names.h"
 #include "tests/hotel_test.h"
 
-namespace hotel {
+using namespace hotel;
 
 class StorePathTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void paths_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("file");   // "key name", or empty when refused
-        QTest::addColumn<QString>("folder"); // the same
+    void paths() {
+        // File and folder are "key name", or empty when refused.
         const auto row = [](const char* name, const QString& text, const QString& file,
                             const QString& folder) {
-            QTest::newRow(name) << text << file << folder;
+            const auto shown = [](const std::optional<StorePath>& path) {
+                return path ? path->key + u' ' + path->name : u""_s;
+            };
+            Check(name, shown(ParseFilePath(text)), file);
+            Check(name, shown(ParseFolderPath(text)), folder);
         };
         const auto both = [&](const char* name, const QString& text, const QString& path) {
             row(name, text, path, path);
@@ -52,53 +51,37 @@ private Q_SLOTS:
         both("another control character", u"a\x85z"_s, u""_s);
         both("tag brackets", u"a</库文件名>"_s, u""_s);
     }
-    void paths() {
-        QFETCH(QString, text);
-        const auto shown = [](const std::optional<StorePath>& path) {
-            return path ? path->key + u' ' + path->name : u""_s;
-        };
-        QTEST(shown(ParseFilePath(text)), "file");
-        QTEST(shown(ParseFolderPath(text)), "folder");
-    }
 
-    void names_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("ordinary") << u"客房信息"_s << u"客房信息"_s;
-        QTest::newRow("white space around") << u"\u3000甲 乙\r\n"_s << u"甲 乙"_s;
-        QTest::newRow("separators are ordinary") << u"a\\b/c"_s << u"a\\b/c"_s;
-        QTest::newRow("empty") << u" "_s << u""_s;
-        QTest::newRow("opening bracket") << u"a<b"_s << u""_s;
-        QTest::newRow("closing bracket") << u"a>b"_s << u""_s;
-        QTest::newRow("line end") << u"a\r\nb"_s << u""_s;
-    }
     void names() {
-        QFETCH(QString, text);
-        QTEST(ParseName(text).value_or(QString()), "name");
+        const auto row = [](const char* what, const QString& text, const QString& name) {
+            Check(what, ParseName(text).value_or(QString()), name);
+        };
+        row("ordinary", u"客房信息"_s, u"客房信息"_s);
+        row("white space around", u"\u3000甲 乙\r\n"_s, u"甲 乙"_s);
+        row("separators are ordinary", u"a\\b/c"_s, u"a\\b/c"_s);
+        row("empty", u" "_s, u""_s);
+        row("opening bracket", u"a<b"_s, u""_s);
+        row("closing bracket", u"a>b"_s, u""_s);
+        row("line end", u"a\r\nb"_s, u""_s);
     }
 
-    void fileNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("fileName");
-        QTest::newRow("ordinary") << u"证件名称"_s << u"证件名称"_s;
-        QTest::newRow("separators") << u"a/b\\c"_s << u"a%2Fb%5Cc"_s;
-        QTest::newRow("percent") << u"50%折%2F"_s << u"50%25折%252F"_s;
-        QTest::newRow("stars and questions") << u"*?\"<>|:"_s << u"%2A%3F%22%3C%3E%7C%3A"_s;
-        QTest::newRow("hidden") << u".order"_s << u"%2Eorder"_s;
-        QTest::newRow("points") << u"a.b."_s << u"a.b%2E"_s;
-        QTest::newRow("blank at the end") << u"a "_s << u"a%20"_s;
-        QTest::newRow("control character") << u"a\x85"_s << u"a%C2%85"_s;
-    }
     void fileNames() {
-        QFETCH(QString, name);
-        QTEST(ToFileName(name), "fileName");
-        QCOMPARE(FromFileName(ToFileName(name)), name);
+        const auto row = [](const char* what, const QString& name, const QString& fileName) {
+            Check(what, ToFileName(name), fileName);
+            Check(what, FromFileName(fileName), name);
+        };
+        row("ordinary", u"证件名称"_s, u"证件名称"_s);
+        row("separators", u"a/b\\c"_s, u"a%2Fb%5Cc"_s);
+        row("percent", u"50%折%2F"_s, u"50%25折%252F"_s);
+        row("stars and questions", u"*?\"<>|:"_s, u"%2A%3F%22%3C%3E%7C%3A"_s);
+        row("hidden", u".order"_s, u"%2Eorder"_s);
+        row("points", u"a.b."_s, u"a.b%2E"_s);
+        row("blank at the end", u"a "_s, u"a%20"_s);
+        row("control character", u"a\x85"_s, u"a%C2%85"_s);
+        QCOMPARE(FromFileName(u"5%折%4"), u"5%折%4"_s);
     }
-    void percentAloneStandsForItself() { QCOMPARE(FromFileName(u"5%折%4"), u"5%折%4"_s); }
 };
 
 HOTEL_TEST(StorePathTest)
-
-} // namespace hotel
 
 #include "test_store_path.moc"

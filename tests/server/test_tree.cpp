@@ -2,34 +2,27 @@
 
 #include <QDirIterator>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "tests/hotel_test.h"
+#include "tests/test_files.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
 using Tree = QMap<QString, QByteArray>; // file by its path in the tree
 
 void WriteTree(const QString& folder, const Tree& tree) {
-    for (auto file = tree.begin(); file != tree.end(); ++file) {
-        const QString path = folder + u'/' + file.key();
-        QDir().mkpath(QFileInfo(path).path());
-        QFile written(path);
-        QVERIFY(written.open(QIODevice::WriteOnly));
-        written.write(*file);
-    }
+    for (auto file = tree.begin(); file != tree.end(); ++file)
+        WriteBytes(folder + u'/' + file.key(), *file);
 }
 
 Tree ReadTree(const QString& folder) {
     Tree tree;
     QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        QFile file(files.next());
-        if (file.open(QIODevice::ReadOnly))
-            tree.insert(QDir(folder).relativeFilePath(file.fileName()), file.readAll());
+        const QString path = files.next();
+        tree.insert(QDir(folder).relativeFilePath(path), FileBytes(path));
     }
     return tree;
 }
@@ -45,6 +38,7 @@ class TreeTest : public QObject {
 
 private Q_SLOTS:
     void init() {
+        store_.reset();
         folder_ = std::make_unique<QTemporaryDir>();
         store_ = std::make_unique<Store>(folder_->filePath(u"store"_s), Store::Use::Serve);
     }
@@ -88,76 +82,68 @@ private Q_SLOTS:
         QCOMPARE(store_->upload(Path(u"x.wav")), QByteArray("new"));
     }
 
-    void badTrees_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("not in UTF-8") << u"a.qvr/p.txt"_s << QByteArray("<1>\xb2\xe2</1>");
-        QTest::newRow("text without fields") << u"a.qvr/p.txt"_s << QByteArray("no fields");
-        QTest::newRow("a field never closed") << u"a.qvr/p.txt"_s << QByteArray("<1>a</1>\n<2>b\n");
-        QTest::newRow("a stray closing tag") << u"a.qvr/p.txt"_s << QByteArray("<1>a</1></2>\n");
-        QTest::newRow("a file that is no project") << u"a.qvr/p.text"_s << QByteArray("<1>a</1>");
-        QTest::newRow("a folder in a database file")
-            << u"a.qvr/b/p.txt"_s << QByteArray("<1>a</1>");
-        QTest::newRow("an uploaded file in a database's place") << u"x.qvr"_s << QByteArray("x");
-    }
     void badTrees() {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, content);
-        store_->begin();
-        store_->createDatabase(Path(u"x.qvr"));
-        store_->commit();
-        WriteTree(folder_->filePath(u"in"_s), {{u"0.qvr/good.txt"_s, "<1>1</1>"}, {file, content}});
-        const TreeReport report = ImportTree(*store_, folder_->filePath(u"in"_s));
-        QCOMPARE(report.faults.size(), 1);
-        QVERIFY2(report.faults.first().contains(file.section(u'/', 0, 1)),
-                 qUtf8Printable(report.faults.first()));
-        QVERIFY(store_->kind(Path(u"0.qvr")) == Store::Kind::Missing);
-        QVERIFY(store_->kind(Path(u"a.qvr")) == Store::Kind::Missing);
+        const auto row = [this](const char* name, const QString& file, const QByteArray& content) {
+            init();
+            store_->begin();
+            store_->createDatabase(Path(u"x.qvr"));
+            store_->commit();
+            WriteTree(folder_->filePath(u"in"_s),
+                      {{u"0.qvr/good.txt"_s, "<1>1</1>"}, {file, content}});
+            const TreeReport report = ImportTree(*store_, folder_->filePath(u"in"_s));
+            QVERIFY2(report.faults.size() == 1, name);
+            QVERIFY2(report.faults.first().contains(file.section(u'/', 0, 1)),
+                     qUtf8Printable(report.faults.first()));
+            QVERIFY(store_->kind(Path(u"0.qvr")) == Store::Kind::Missing);
+            QVERIFY(store_->kind(Path(u"a.qvr")) == Store::Kind::Missing);
+        };
+        row("not in UTF-8", u"a.qvr/p.txt"_s, QByteArray("<1>\xb2\xe2</1>"));
+        row("text without fields", u"a.qvr/p.txt"_s, QByteArray("no fields"));
+        row("a field never closed", u"a.qvr/p.txt"_s, QByteArray("<1>a</1>\n<2>b\n"));
+        row("a stray closing tag", u"a.qvr/p.txt"_s, QByteArray("<1>a</1></2>\n"));
+        row("a file that is no project", u"a.qvr/p.text"_s, QByteArray("<1>a</1>"));
+        row("a folder in a database file", u"a.qvr/b/p.txt"_s, QByteArray("<1>a</1>"));
+        row("an uploaded file in a database's place", u"x.qvr"_s, QByteArray("x"));
     }
 
-    void exportTellsWhatWouldChange_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<bool>("changes");
-        QTest::newRow("line ends") << u"1"_s << u"<a>1</a>\r\n<b>2</b>\r\n"_s << false;
-        QTest::newRow("a lone CR") << u"1"_s << u"a\rb"_s << false;
-        QTest::newRow("a lone LF") << u"1"_s << u"a\nb"_s << true;
-        QTest::newRow("a CR ahead of a line end") << u"1"_s << u"a\r\r\nb"_s << true;
-        QTest::newRow("its own closing tag") << u"1"_s << u"a</1>b"_s << true;
-        QTest::newRow("a name that is trimmed") << u" 1"_s << u""_s << true;
-    }
     void exportTellsWhatWouldChange() {
-        QFETCH(QString, name);
-        QFETCH(QString, value);
-        store_->begin();
-        store_->write(Path(u"a.qvr"), u"p"_s, u"0"_s, u"good"_s);
-        store_->write(Path(u"a.qvr"), u"p"_s, name, value);
-        store_->commit();
-        QTEST(!ExportTree(*store_, folder_->filePath(u"out"_s)).faults.isEmpty(), "changes");
+        const auto row = [this](const char* why, const QString& name, const QString& value,
+                                bool changes) {
+            init();
+            store_->begin();
+            store_->write(Path(u"a.qvr"), u"p"_s, u"0"_s, u"good"_s);
+            store_->write(Path(u"a.qvr"), u"p"_s, name, value);
+            store_->commit();
+            const TreeReport report = ExportTree(*store_, folder_->filePath(u"out"_s));
+            Check(why, !report.faults.isEmpty(), changes);
+        };
+        row("line ends", u"1"_s, u"<a>1</a>\r\n<b>2</b>\r\n"_s, false);
+        row("a lone CR", u"1"_s, u"a\rb"_s, false);
+        row("a lone LF", u"1"_s, u"a\nb"_s, true);
+        row("a CR ahead of a line end", u"1"_s, u"a\r\r\nb"_s, true);
+        row("its own closing tag", u"1"_s, u"a</1>b"_s, true);
+        row("a name that is trimmed", u" 1"_s, u""_s, true);
     }
 
-    void exportTellsOfPlaces_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("isUpload");
-        QTest::newRow("a database file without the suffix") << u"a.dat"_s << false;
-        QTest::newRow("in another's folder") << u"b.qvr\\a.qvr"_s << false;
-        QTest::newRow("an uploaded file with the suffix") << u"a.qvr"_s << true;
-        QTest::newRow("an uploaded file in a database's folder") << u"b.qvr\\p.txt"_s << true;
-    }
     void exportTellsOfPlaces() {
-        QFETCH(QString, path);
-        QFETCH(bool, isUpload);
-        store_->begin();
-        if (isUpload)
-            store_->writeUpload(Path(path), "x");
-        else
-            store_->write(Path(path), u"p"_s, u"1"_s, u"x"_s);
-        store_->write(Path(u"good.qvr"), u"p"_s, u"1"_s, u"x"_s);
-        store_->commit();
-        const TreeReport report = ExportTree(*store_, folder_->filePath(u"out"_s));
-        QCOMPARE(report.faults.size(), 1);
-        QVERIFY(report.faults.first().startsWith(path));
-        QVERIFY(QFile::exists(folder_->filePath(u"out/good.qvr/p.txt"_s)));
+        const auto row = [this](const char* name, const QString& path, bool isUpload) {
+            init();
+            store_->begin();
+            if (isUpload)
+                store_->writeUpload(Path(path), "x");
+            else
+                store_->write(Path(path), u"p"_s, u"1"_s, u"x"_s);
+            store_->write(Path(u"good.qvr"), u"p"_s, u"1"_s, u"x"_s);
+            store_->commit();
+            const TreeReport report = ExportTree(*store_, folder_->filePath(u"out"_s));
+            QVERIFY2(report.faults.size() == 1, name);
+            QVERIFY(report.faults.first().startsWith(path));
+            QVERIFY(QFile::exists(folder_->filePath(u"out/good.qvr/p.txt"_s)));
+        };
+        row("a database file without the suffix", u"a.dat"_s, false);
+        row("in another's folder", u"b.qvr\\a.qvr"_s, false);
+        row("an uploaded file with the suffix", u"a.qvr"_s, true);
+        row("an uploaded file in a database's folder", u"b.qvr\\p.txt"_s, true);
     }
 
     void oneSpellingOfAFolder() {
@@ -172,31 +158,27 @@ private Q_SLOTS:
     }
 
     // The program itself: what it says, and what it ends with.
-    void commandLine_data() {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("exitCode");
-        const QString data = u"--data"_s;
-        QTest::newRow("import") << QStringList{data, u"S"_s, u"import"_s, u"in"_s} << 0;
-        QTest::newRow("check") << QStringList{data, u"S"_s, u"check"_s} << 0;
-        QTest::newRow("export") << QStringList{data, u"S"_s, u"export"_s, u"out"_s} << 0;
-        QTest::newRow("export on top") << QStringList{data, u"S"_s, u"export"_s, u"in"_s} << 1;
-        QTest::newRow("no tree") << QStringList{data, u"S"_s, u"import"_s, u"none"_s} << 1;
-        QTest::newRow("no store") << QStringList{data, u"none"_s, u"check"_s} << 1;
-        QTest::newRow("no data folder") << QStringList{u"check"_s} << 2;
-        QTest::newRow("unknown word") << QStringList{data, u"S"_s, u"repair"_s} << 2;
-        QTest::newRow("too many words") << QStringList{data, u"S"_s, u"check"_s, u"in"_s} << 2;
-        QTest::newRow("bad port") << QStringList{data, u"S"_s, u"--port"_s, u"70000"_s} << 2;
-        QTest::newRow("bad address") << QStringList{data, u"S"_s, u"--listen"_s, u"x"_s} << 2;
-    }
     void commandLine() {
-        QFETCH(QStringList, arguments);
         WriteTree(folder_->filePath(u"in"_s), {{u"a.qvr/p.txt"_s, "<1>1</1>\n"}});
         { Store made(folder_->filePath(u"S"_s), Store::Use::Serve); }
-        QProcess process;
-        process.setWorkingDirectory(folder_->path());
-        process.start(QStringLiteral(QVRD), arguments);
-        QVERIFY(process.waitForFinished());
-        QTEST(process.exitCode(), "exitCode");
+        const auto row = [this](const char* arguments, int exitCode) {
+            QProcess process;
+            process.setWorkingDirectory(folder_->path());
+            process.start(QStringLiteral(QVRD), QString::fromLatin1(arguments).split(u' '));
+            QVERIFY2(process.waitForFinished(), arguments);
+            Check(arguments, process.exitCode(), exitCode);
+        };
+        row("--data S import in", 0);
+        row("--data S check", 0);
+        row("--data S export out", 0);
+        row("--data S export in", 1); // on top of another tree
+        row("--data S import none", 1);
+        row("--data none check", 1);
+        row("check", 2);
+        row("--data S repair", 2);
+        row("--data S check in", 2);
+        row("--data S --port 70000", 2);
+        row("--data S --listen x", 2);
     }
 
 private:
@@ -205,7 +187,5 @@ private:
 };
 
 HOTEL_TEST(TreeTest)
-
-} // namespace hotel
 
 #include "test_tree.moc"

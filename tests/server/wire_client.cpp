@@ -24,9 +24,18 @@ QByteArray RequestBytes(const QString& command, const Fields& fields, int number
     return EncodeForWire(text);
 }
 
-WireClient::WireClient(quint16 port) {
+Fields RecordFields(const QString& record, const QString& value) {
+    return {{u"库文件名"_s, u"a.qvr"_s},
+            {u"项目名"_s, u"p"_s},
+            {u"记录"_s, record},
+            {u"记录值"_s, value}};
+}
+
+WireClient::WireClient(quint16 port, const QString& user) {
     socket_.connectToHost(QHostAddress::LocalHost, port);
     socket_.waitForConnected(kPatience);
+    if (!user.isEmpty())
+        logIn(user, {});
 }
 
 QString WireClient::ask(const QString& command, const Fields& fields) {

@@ -18,12 +18,16 @@ namespace hotel {
 
 using Fields = QList<std::pair<QString, QString>>;
 
+// A record of project p in a.qvr.
+Fields RecordFields(const QString& record, const QString& value = {});
+
 // The bytes of one request.
 QByteArray RequestBytes(const QString& command, const Fields& fields, int number);
 
 class WireClient {
 public:
-    explicit WireClient(quint16 port);
+    // Logs in `user`, who has no password, unless empty.
+    explicit WireClient(quint16 port, const QString& user = {});
 
     // Sends a request and waits for its answer; empty when the connection ended instead.
     QString ask(const QString& command, const Fields& fields = {});

@@ -13,7 +13,7 @@
 #include "tools/FlmcFrm.h"
 #include "tools/categories.h"
 
-namespace hotel {
+using namespace hotel;
 
 class FlmcFrmTest : public QObject {
     Q_OBJECT
@@ -146,7 +146,5 @@ private:
 };
 
 HOTEL_TEST(FlmcFrmTest)
-
-} // namespace hotel
 
 #include "test_FlmcFrm.moc"

@@ -1,7 +1,7 @@
 #include "tests/hotel_test.h"
 #include "tools/CalcSub.h"
 
-namespace hotel {
+using namespace hotel;
 
 class CalculatorTest : public QObject {
     Q_OBJECT
@@ -94,7 +94,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(CalculatorTest)
-
-} // namespace hotel
 
 #include "test_calculator.moc"

@@ -2,7 +2,7 @@
 #include "tests/hotel_test.h"
 #include "tools/categories.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -35,20 +35,6 @@ private Q_SLOTS:
         row("by number, not by place", Row(2, u"护照"_s) + Row(1, u"身份证"_s),
             {u"身份证"_s, u"护照"_s});
         row("refused", u"<ERROR>没有该记录</ERROR>"_s, {});
-    }
-
-    void keepsToItsLimits() {
-        const QStringList entries = CategoryEntries(Rows(kCategoryRowLimit + 1));
-        QCOMPARE(entries.size(), kCategoryRowLimit);
-        QCOMPARE(entries[98], u"第99项"_s);
-        QCOMPARE(entries[99], u"第100项"_s);
-
-        QString wide;
-        for (int n = 1; n <= kCategoryColumnLimit + 1; ++n)
-            wide = SetTag(wide, u"列%1"_s.arg(n), u"1");
-        const TextTable table = CategoryTable(u"<记录01>"_s + wide + u"</记录01>"_s);
-        QCOMPARE(table.headers().last(), u"列20"_s);
-        QCOMPARE(CategoryTable(Rows(kCategoryRowLimit + 1)).dataRows(), kCategoryRowLimit);
     }
 
     // Room types: every tag of any row is a column, in the order in which it is met.
@@ -85,7 +71,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(CategoriesTest)
-
-} // namespace hotel
 
 #include "test_categories.moc"

@@ -13,7 +13,7 @@
 #include "tools/list_totals.h"
 #include "tools/print_pass.h"
 
-namespace hotel {
+using namespace hotel;
 
 class CmnGridTest : public QObject {
     Q_OBJECT
@@ -66,16 +66,6 @@ private Q_SLOTS:
         const QVariant right =
             view_->model()->data(view_->model()->index(0, 1), Qt::TextAlignmentRole);
         QVERIFY(right.toInt() & Qt::AlignRight);
-    }
-
-    void alignmentMarksGoRound() {
-        QStringList seen;
-        for (int n = 0; n < 5; ++n) {
-            Q_EMIT alignments_->itemClicked(alignments_->item(0));
-            seen.append(alignments_->item(0)->text());
-        }
-        QCOMPARE(seen, (QStringList{u"房间号->"_s, u"房间号<-"_s, u"房间号<>"_s, u"房间号 -"_s,
-                                    u"房间号->"_s}));
     }
 
     void filledAnew() {
@@ -176,14 +166,6 @@ private Q_SLOTS:
         QCOMPARE(rows, 200);
     }
 
-    void printsNothingOfAnEmptyList() {
-        screen_->Grd().clearRows();
-        screen_->setTask(GridTask::Check);
-        QTRY_COMPARE(view_->table().dataRows(), 0);
-        screen_->command(u"Print_cmd")->click();
-        QVERIFY(!FindScreen(u"PrtPrev"));
-    }
-
     void blockForPrinting() {
         GridView grid(u"grid"_s);
         grid.setTable(view_->table());
@@ -207,7 +189,5 @@ private:
 };
 
 HOTEL_TEST(CmnGridTest)
-
-} // namespace hotel
 
 #include "test_cmn_grid.moc"

@@ -15,7 +15,7 @@
 #include "tools/CmnQuery.h"
 #include "tools/CmnSubQuery.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -281,7 +281,5 @@ private:
 };
 
 HOTEL_TEST(CmnQueryTest)
-
-} // namespace hotel
 
 #include "test_cmn_query.moc"

@@ -9,7 +9,7 @@
 #include "tools/categories.h"
 #include "tools/pinyin.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -170,7 +170,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(DeliveredTablesTest)
-
-} // namespace hotel
 
 #include "test_delivered_tables.moc"

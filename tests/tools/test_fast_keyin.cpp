@@ -5,7 +5,7 @@
 #include "tests/type_text.h"
 #include "tools/fast_keyin.h"
 
-namespace hotel {
+using namespace hotel;
 
 class FastKeyinTest : public QObject {
     Q_OBJECT
@@ -61,7 +61,5 @@ private:
 };
 
 HOTEL_TEST(FastKeyinTest)
-
-} // namespace hotel
 
 #include "test_fast_keyin.moc"

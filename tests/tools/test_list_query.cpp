@@ -16,7 +16,7 @@
 #include "tools/CmnQuery.h"
 #include "tools/operation_log_query.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -132,7 +132,5 @@ private:
 };
 
 HOTEL_TEST(ListQueryTest)
-
-} // namespace hotel
 
 #include "test_list_query.moc"

@@ -8,7 +8,7 @@
 #include "tools/list_totals.h"
 #include "tools/recent_visits.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -142,7 +142,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(ListTextsTest)
-
-} // namespace hotel
 
 #include "test_list_texts.moc"

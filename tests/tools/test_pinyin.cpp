@@ -1,7 +1,7 @@
 #include "tests/hotel_test.h"
 #include "tools/pinyin.h"
 
-namespace hotel {
+using namespace hotel;
 
 class PinyinTest : public QObject {
     Q_OBJECT
@@ -50,7 +50,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PinyinTest)
-
-} // namespace hotel
 
 #include "test_pinyin.moc"

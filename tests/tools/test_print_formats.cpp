@@ -9,7 +9,7 @@
 #include "tools/print_form_cells.h"
 #include "tools/print_pass.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -157,7 +157,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PrintFormatsTest)
-
-} // namespace hotel
 
 #include "test_print_formats.moc"

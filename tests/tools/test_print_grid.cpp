@@ -4,7 +4,7 @@
 #include "tests/tools/print_items.h"
 #include "tools/PrtSubs.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -150,7 +150,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PrintGridTest)
-
-} // namespace hotel
 
 #include "test_print_grid.moc"

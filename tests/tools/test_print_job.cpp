@@ -5,7 +5,7 @@
 #include "tests/tools/print_items.h"
 #include "tools/PrtSubs.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -156,16 +156,6 @@ private Q_SLOTS:
         QCOMPARE(items.size(), 6);
     }
 
-    void keepsTheMarginsFreeWithoutHeadAndFoot() {
-        OpenPrintJob(21, 28);
-        StartPage();
-        EndPage();
-        AddScriptLine(script::kBufferFresh);
-        PrintScript script = ScriptOfJob();
-        QCOMPARE(script.pageCount(), 1);
-        QVERIFY(script.previewPage(1).isEmpty());
-    }
-
     void opensWithACleanFolder() {
         QFile stale(u"_$$_OLD.TMP"_s);
         QVERIFY(stale.open(QIODevice::WriteOnly));
@@ -271,7 +261,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PrintJobTest)
-
-} // namespace hotel
 
 #include "test_print_job.moc"

@@ -20,7 +20,7 @@
 #include "tools/PrtSubs.h"
 #include "tools/printer_choice.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -371,7 +371,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PrintScreensTest)
-
-} // namespace hotel
 
 #include "test_print_screens.moc"

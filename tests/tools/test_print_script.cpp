@@ -5,7 +5,7 @@
 #include "tests/tools/print_items.h"
 #include "tools/print_macros.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -229,7 +229,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(PrintScriptTest)
-
-} // namespace hotel
 
 #include "test_print_script.moc"

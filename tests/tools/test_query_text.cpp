@@ -1,7 +1,7 @@
 #include "tests/hotel_test.h"
 #include "tools/query_text.h"
 
-namespace hotel {
+using namespace hotel;
 
 class QueryTextTest : public QObject {
     Q_OBJECT
@@ -113,7 +113,5 @@ private Q_SLOTS:
 };
 
 HOTEL_TEST(QueryTextTest)
-
-} // namespace hotel
 
 #include "test_query_text.moc"

@@ -13,7 +13,7 @@
 #include "tools/query_text.h"
 #include "tools/query_walk.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
@@ -236,7 +236,5 @@ private:
 };
 
 HOTEL_TEST(QueryWalkTest)
-
-} // namespace hotel
 
 #include "test_query_walk.moc"
