@@ -121,6 +121,10 @@ QString DecodeRequest(QByteArrayView bytes) {
     QChar* out = text.data();
     for (qsizetype i = 0; i < bytes.size(); ++i) {
         const quint8 byte = quint8(bytes[i]);
+        if (byte >= 1 && byte <= 127) {
+            *out++ = QChar(byte);
+            continue;
+        }
         const quint8 following = i + 1 < bytes.size() ? quint8(bytes[i + 1]) : 0;
         const bool isPair = IsLead(byte) ? following >= kFirstTrail : !byte && following == kEuro;
         *out++ = tables.characters[isPair ? byte << 8 | following : byte];

@@ -95,7 +95,7 @@ ClientConnection::~ClientConnection() {
 std::optional<Request> ClientConnection::next() {
     waitsForRoom_ = choked();
     const bool takes = !held_ && !waitsForRoom_;
-    arrival_.setEnabled(takes && !closing_ && !gone_);
+    arrival_.setEnabled(takes && !ended() && !gone_);
     if (!takes)
         return std::nullopt;
     std::optional<Request> request = reader_.next();
@@ -112,7 +112,9 @@ bool ClientConnection::receive() {
     const ssize_t count = ::recv(descriptor_, bytes.data(), bytes.size(), MSG_DONTWAIT);
     if (count > 0)
         reader_.feed(QByteArrayView(bytes.data(), count));
-    else if (count == 0 || !MayTryAgain())
+    else if (count == 0)
+        ended_ = true;
+    else if (!MayTryAgain())
         lose();
     return count == ssize_t(bytes.size());
 }
@@ -132,8 +134,6 @@ void ClientConnection::answer(const QByteArray& number, const CommandAnswer& ans
 }
 
 void ClientConnection::send(const QByteArray& number, const QString& text) {
-    if (unsent_.isEmpty())
-        progress_.start();
     const QString head = u"CmdID:" % QLatin1StringView(number) % u'>';
     QString frame = u'<' % head % text % u"</" % head;
     BlankControls(frame);
@@ -141,7 +141,7 @@ void ClientConnection::send(const QByteArray& number, const QString& text) {
 }
 
 void ClientConnection::flush() {
-    if (unsent_.isEmpty())
+    if (gone_ || unsent_.isEmpty())
         return;
     const ssize_t count = ::send(descriptor_, unsent_.constData(), size_t(unsent_.size()),
                                  MSG_DONTWAIT | MSG_NOSIGNAL);
@@ -149,11 +149,11 @@ void ClientConnection::flush() {
         return lose();
     if (count == unsent_.size()) {
         unsent_.clear();
-    } else if (count > 0) {
-        unsent_.remove(0, count);
+    } else if (count > 0 || !room_.isEnabled()) { // some went, or the waiting begins
+        unsent_.remove(0, qMax<qsizetype>(count, 0));
         progress_.start();
     }
-    room_.setEnabled(!unsent_.isEmpty() && !gone_);
+    room_.setEnabled(!unsent_.isEmpty());
     if (closing_ && unsent_.isEmpty())
         return lose();
     if (waitsForRoom_ && !choked())

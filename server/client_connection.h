@@ -43,8 +43,8 @@ public:
     // The client has gone.
     bool gone() const { return gone_; }
 
-    // What the client sent is no request: nothing more can be read.
-    bool refused() const { return reader_.refused(); }
+    // Nothing more can be read: the client has sent its last request, or what is none.
+    bool ended() const { return ended_ || reader_.refused(); }
 
     // Ends the connection when the queued answers have been sent.
     void close();
@@ -81,7 +81,8 @@ private:
     bool arrived_ = false;      // the system has bytes for reader_
     bool waitsForRoom_ = false; // requests stay unread until the client has taken answers
     bool held_ = false;         // no request is taken until the next answer
-    bool closing_ = false;
+    bool ended_ = false;        // the client has ended its side
+    bool closing_ = false;      // ends when all is sent
     bool gone_ = false;
 };
 

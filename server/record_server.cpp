@@ -134,7 +134,7 @@ void RecordServer::letGo() {
         if (connection->gone()) {
             connection->disconnect(this);
             connection->deleteLater();
-        } else if (connection->refused()) {
+        } else if (connection->ended()) {
             connection->close();
         }
     }
