@@ -2,29 +2,22 @@
 
 #include <vector>
 
-#include <QTest>
+#include <sys/socket.h>
 
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
 
-namespace hotel {
+using namespace hotel;
 
 namespace {
 
 constexpr qsizetype kLargeValue = 1'000'000;
 
-Fields Record(const QString& name, const QString& value = {}) {
-    return {{u"库文件名"_s, u"a.qvr"_s},
-            {u"项目名"_s, u"p"_s},
-            {u"记录"_s, name},
-            {u"记录值"_s, value}};
-}
-
 // Asks for far more than any buffer on the way holds, and takes none of it.
 void AskWithoutReading(WireClient& client, int times) {
     client.socket().setReadBufferSize(1000);
     for (int i = 0; i < times; ++i)
-        client.send(u"读取记录"_s, Record(u"large"_s));
+        client.send(u"读取记录"_s, RecordFields(u"large"_s));
 }
 
 } // namespace
@@ -50,16 +43,18 @@ private Q_SLOTS:
             if (i % 12 == 0)
                 AskWithoutReading(client, 20);
             else if (i % 12 == 8)
-                client.sendBytes(RequestBytes(u"修改记录"_s, Record(u"half"_s), 1).chopped(1));
+                client.sendBytes(
+                    RequestBytes(u"修改记录"_s, RecordFields(u"half"_s), 1).chopped(1));
         }
         for (int round = 0; round < 3; ++round) {
             for (size_t i = 0; i < good.size(); ++i)
-                good[i]->send(u"修改记录"_s, Record(QString::number(i), QString::number(round)));
+                good[i]->send(u"修改记录"_s,
+                              RecordFields(QString::number(i), QString::number(round)));
             for (const auto& client : good)
                 QCOMPARE(client->receive(), u"<SUCCESS>"_s);
         }
         for (size_t i = 0; i < good.size(); ++i)
-            QCOMPARE(good[i]->ask(u"读取记录"_s, Record(QString::number(i))),
+            QCOMPARE(good[i]->ask(u"读取记录"_s, RecordFields(QString::number(i))),
                      u"<%1>2</%1>"_s.arg(i));
     }
 
@@ -68,20 +63,36 @@ private Q_SLOTS:
     void whoDoesNotReadWaits() {
         TestServer server([](ServerSettings& settings) { settings.unsentLimit = 100'000; });
         writeLargeRecord(server.port());
-        WireClient slow(server.port());
-        slow.logIn(u"前台"_s, u""_s);
+        WireClient slow(server.port(), u"前台"_s);
         constexpr int kTimes = 40;
         AskWithoutReading(slow, kTimes);
-        slow.send(u"修改记录"_s, Record(u"behind"_s, u"v"_s));
-        WireClient other(server.port());
-        other.logIn(u"前台"_s, u""_s);
+        slow.send(u"修改记录"_s, RecordFields(u"behind"_s, u"v"_s));
+        WireClient other(server.port(), u"前台"_s);
         for (int i = 0; i < 20; ++i)
-            QCOMPARE(other.ask(u"读取记录"_s, Record(u"behind"_s)), u"<ERROR>没有该记录</ERROR>"_s);
+            QCOMPARE(other.ask(u"读取记录"_s, RecordFields(u"behind"_s)),
+                     u"<ERROR>没有该记录</ERROR>"_s);
         slow.socket().setReadBufferSize(0);
         for (int i = 0; i < kTimes; ++i)
             QVERIFY(slow.receive().size() > kLargeValue);
         QCOMPARE(slow.receive(), u"<SUCCESS>"_s);
-        QCOMPARE(other.ask(u"读取记录"_s, Record(u"behind"_s)), u"<behind>v</behind>"_s);
+        QCOMPARE(other.ask(u"读取记录"_s, RecordFields(u"behind"_s)), u"<behind>v</behind>"_s);
+    }
+
+    // A client that ends its side of the connection still gets what it has asked for.
+    void whoHasAskedAllIsAnswered() {
+        TestServer server;
+        writeLargeRecord(server.port());
+        WireClient client(server.port(), u"前台"_s);
+        constexpr int kTimes = 10;
+        AskWithoutReading(client, kTimes);
+        client.send(u"修改记录"_s, RecordFields(u"last"_s));
+        ::shutdown(int(client.socket().socketDescriptor()), SHUT_WR);
+        QTest::qWait(100);
+        client.socket().setReadBufferSize(0);
+        for (int i = 0; i < kTimes; ++i)
+            QVERIFY(client.receive().size() > kLargeValue);
+        QCOMPARE(client.receive(), u"<SUCCESS>"_s);
+        QVERIFY(client.readToEnd().isEmpty());
     }
 
     // A client that takes nothing for long is dropped; one that is only slow to send is not.
@@ -94,8 +105,7 @@ private Q_SLOTS:
         WireClient patient(server.port());
         const QByteArray request = RequestBytes(u"读取日期"_s, {}, 0);
         patient.sendBytes(request.first(10));
-        WireClient deaf(server.port());
-        deaf.logIn(u"前台"_s, u""_s);
+        WireClient deaf(server.port(), u"前台"_s);
         constexpr int kTimes = 40;
         AskWithoutReading(deaf, kTimes);
         QTest::qWait(1000);
@@ -107,14 +117,11 @@ private Q_SLOTS:
 
 private:
     static void writeLargeRecord(quint16 port) {
-        WireClient client(port);
-        client.logIn(u"前台"_s, u""_s);
-        client.ask(u"修改记录"_s, Record(u"large"_s, QString(kLargeValue, u'x')));
+        WireClient client(port, u"前台"_s);
+        client.ask(u"修改记录"_s, RecordFields(u"large"_s, QString(kLargeValue, u'x')));
     }
 };
 
 HOTEL_TEST(CrowdTest)
-
-} // namespace hotel
 
 #include "test_crowd.moc"
