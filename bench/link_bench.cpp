@@ -13,17 +13,14 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <csignal>
 #include <ctime>
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <sched.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,38 +36,6 @@ const QString kRecordName = u"8101"_s;
 
 [[noreturn]] void Fail(const char* words) {
     throw std::runtime_error(words); // so that the processes started so far are ended
-}
-
-double FastestTenth(std::vector<double> values) {
-    const auto tenth = values.begin() + std::ptrdiff_t(values.size() / 10);
-    std::nth_element(values.begin(), tenth, values.end());
-    return *tenth;
-}
-
-// Nanoseconds of one exchange of each kind, taken by turns. Of two processes that wait for each other
-// the average, and even the median, tells how busy the machine is; the fastest tenth does not.
-template<typename First, typename Second>
-std::pair<double, double> UndisturbedExchanges(First&& first, Second&& second) {
-    constexpr int kRounds = 5000;
-    std::vector<double> firstTimes;
-    std::vector<double> secondTimes;
-    const auto measure = [](auto&& exchange, std::vector<double>& times) {
-        QElapsedTimer timer;
-        timer.start();
-        benchmark::DoNotOptimize(exchange());
-        times.push_back(double(timer.nsecsElapsed()));
-    };
-    for (int round = 0; round < kRounds; ++round) {
-        measure(first, firstTimes);
-        measure(second, secondTimes);
-    }
-    return {FastestTenth(firstTimes), FastestTenth(secondTimes)};
-}
-
-void PrintExchange(const char* name, std::pair<double, double> nanoseconds, double limit) {
-    const auto [work, floor] = nanoseconds;
-    std::printf("%s: %.1f us by %.1f us\n", name, work / 1000, floor / 1000);
-    PrintRatio(name, work / floor, limit);
 }
 
 // A child process that answers each request, of a known size, with the same answer but for the three
@@ -153,15 +118,6 @@ private:
     int socket_ = -1;
 };
 
-// All processes of the benchmark: where the scheduler happens to put them would cost more than what is
-// measured.
-void ShareOneProcessor() {
-    cpu_set_t processors;
-    CPU_ZERO(&processors);
-    CPU_SET(::sched_getcpu(), &processors);
-    ::sched_setaffinity(0, sizeof processors, &processors);
-}
-
 // The record server, in a process of its own over a store with the delivered users.
 class Server {
 public:
@@ -223,11 +179,11 @@ void ReadRecord() {
 
     const auto read = [] { return DbReadRecord(kFile, kProject, kRecordName); };
     const auto raw = [&echo] { return echo.exchange(); };
-    PrintExchange("read_record_by_echo", UndisturbedExchanges(read, raw), 2.5);
+    PrintExchangeRatio("read_record_by_echo", read, raw, 2.5);
     SetLink(&linkToEcho);
     if (read() != record)
         Fail("the echo does not know the record");
-    PrintExchange("link_alone_by_echo", UndisturbedExchanges(read, raw), 2.5);
+    PrintExchangeRatio("link_alone_by_echo", read, raw, 2.5);
 }
 
 // The project of a thousand rooms: decoded in the pieces in which it arrives, put together, and each
