@@ -43,6 +43,22 @@ CheckInOutcome Sell(const QList<ChosenRoom>& rooms, const QStringList& guests,
     return ConfirmCheckIn(TypedSet(rooms, guests, guestsPerRoom), rooms);
 }
 
+// A group on one folio, and its rooms, which are those of the house from here on.
+struct Group {
+    Group(int roomCount, int guestsPerRoom) {
+        QList<RoomSpec> planned;
+        for (int i = 0; i < roomCount; ++i) {
+            planned.append({QString::number(201 + i)});
+            rooms.append(Chosen(planned.last()));
+        }
+        for (int i = 0; i < roomCount * guestsPerRoom; ++i)
+            guests.append(ValidGuest(u"团员%1"_s.arg(i), kFolio, u"团队"_s));
+        FillRooms(planned);
+    }
+    QList<ChosenRoom> rooms;
+    QStringList guests;
+};
+
 // The party of the tests that cut the line: a couple in 101, a guest with a photograph in 102.
 struct Party {
     QTemporaryDir folder;
@@ -65,6 +81,9 @@ private Q_SLOTS:
     void walkIn() {
         TestHotel hotel;
         FillRooms({{u"101"_s, u"空房"_s, 2}}); // a stale count
+        // A room change leaves its guests behind in the file of the old room.
+        SaveRmRec(u"101", u"<客人01><客人姓名>旧一</客人姓名></客人01>"
+                          "<客人02><客人姓名>旧二</客人姓名></客人02>");
         const CheckInOutcome outcome =
             Sell({Chosen({u"101"_s})},
                  {ValidGuest(u"王一"_s, kFolio, u"包房"_s, u"<付费客人>1</付费客人>"_s)});
@@ -82,23 +101,13 @@ private Q_SLOTS:
 
     void groupOfTwelveOnOneFolio() {
         TestHotel hotel;
-        QList<RoomSpec> planned;
-        QList<ChosenRoom> rooms;
-        QStringList guests;
-        for (int i = 1; i <= 6; ++i) {
-            planned.append({QString::number(200 + i)});
-            rooms.append(Chosen(planned.last()));
-        }
-        for (int i = 1; i <= 12; ++i)
-            guests.append(ValidGuest(u"团员%1"_s.arg(i), kFolio, u"团队"_s,
-                                     i == 1 ? u"<付费客人>1</付费客人>"_s : QString()));
-        FillRooms(planned);
-        const CheckInOutcome outcome = Sell(rooms, guests, 2);
+        const Group group(6, 2);
+        const CheckInOutcome outcome = Sell(group.rooms, group.guests, 2);
         QVERIFY(outcome.confirmed);
         QCOMPARE(outcome.roomsWithGuests.size(), 6);
         QCOMPARE(RegisteredNames().size(), 12);
         QCOMPARE(LoadJzhQd(), QStringList{kFolio});
-        for (const ChosenRoom& room : rooms) {
+        for (const ChosenRoom& room : group.rooms) {
             QCOMPARE(State(room.number), u"团队 2"_s);
             QVERIFY(!GetTag(RoomOfFolio(kFolio, room.number), u"床位02").isEmpty());
         }
@@ -124,16 +133,6 @@ private Q_SLOTS:
         QCOMPARE(LoadJzhQd(), QStringList({kFolio, kOther}));
         LoadKxkfQd(offered, StatusFilter({u"散客"_s}), again);
         QCOMPARE(offered.dataRows(), 0); // on the other list already
-    }
-
-    // A room change leaves its guests behind in the file of the old room.
-    void guestsWhoMovedOutAreOverwritten() {
-        TestHotel hotel;
-        FillRooms({{u"101"_s, u"空房"_s}});
-        SaveRmRec(u"101", u"<客人01><客人姓名>旧一</客人姓名></客人01>"
-                          "<客人02><客人姓名>旧二</客人姓名></客人02>");
-        Sell({Chosen({u"101"_s})}, {ValidGuest(u"王一"_s, kFolio, u"包房"_s)});
-        QCOMPARE(StoredNames(u"101"_s), QStringList{u"客人01 王一"_s});
     }
 
     void theGuestsDateNamesTheRegister() {
@@ -318,17 +317,9 @@ private Q_SLOTS:
         Desk desk(line.port());
         desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
         const auto commands = [&line](int count) {
-            QList<RoomSpec> planned;
-            QList<ChosenRoom> rooms;
-            QStringList guests;
-            for (int i = 0; i < count; ++i) {
-                planned.append({QString::number(100 + i)});
-                rooms.append(Chosen(planned.last()));
-                guests.append(ValidGuest(u"客人"_s, kFolio, u"团队"_s));
-            }
-            FillRooms(planned);
+            const Group group(count, 1);
             line.reset();
-            Sell(rooms, guests);
+            Sell(group.rooms, group.guests);
             return line.requests();
         };
         const int one = commands(1);

@@ -3,10 +3,8 @@
 #include "house/folio_view.h"
 #include "house/paths.h"
 #include "house/records.h"
-#include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/field_walk.h"
-#include "record/numbers.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tests/house/cut_line.h"
@@ -142,10 +140,6 @@ private Q_SLOTS:
         QCOMPARE(line.writes(), 5);
         const QString project = PostingProject(kRoomPosting);
         QCOMPARE(StoredRecords(LedgerFile(kFolio), project).size(), 1);
-    }
-
-    void aFailedPostingTells() {
-        TestHotel hotel;
         hotel.stopServer();
         QVERIFY(SaveBills(kFolio, kRoomPosting, Charge(u"18.00"_s)).status != 0);
     }

@@ -1,7 +1,5 @@
 #include "tests/link/scripted_peer.h"
 
-#include <QTest>
-
 #include "platform/clock.h"
 #include "record/code_page.h"
 

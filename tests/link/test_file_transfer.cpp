@@ -1,5 +1,4 @@
 #include "link/serv_api.h"
-#include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tests/link/scripted_peer.h"
 #include "tests/test_files.h"

@@ -123,22 +123,6 @@ private Q_SLOTS:
         QCOMPARE(DbReadCached(u"f", u"none", 3600), u"<ERROR>没有该记录</ERROR>"_s);
         QCOMPARE(reads, 15); // what does not exist is not kept
     }
-
-    void usedTenThousandTimesStays() {
-        const FrozenClock clock;
-        ScriptedDesk desk;
-        Server server(desk);
-        for (int i = 0; i < 10; ++i) {
-            for (int use = 0; use <= 10000; ++use)
-                DbReadCached(u"f", QString::number(i), 3600);
-        }
-        QCOMPARE(server.asked[u"读取记录"_s], 10);
-        QCOMPARE(DbReadCached(u"f", u"other", 3600), u"other of 1"_s);
-        QCOMPARE(DbReadCached(u"f", u"other", 3600), u"other of 1"_s);
-        QCOMPARE(server.asked[u"读取记录"_s], 12); // read, with no place to keep it
-        QCOMPARE(DbReadCached(u"f", u"0", 3600), u"0 of 1"_s);
-        QCOMPARE(server.asked[u"读取记录"_s], 12);
-    }
 };
 
 HOTEL_TEST(TestReadCaches)

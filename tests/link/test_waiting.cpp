@@ -1,5 +1,4 @@
 #include "platform/clock.h"
-#include "record/code_page.h"
 #include "tests/hotel_test.h"
 #include "tests/link/scripted_peer.h"
 

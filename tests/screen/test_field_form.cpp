@@ -37,9 +37,7 @@ private Q_SLOTS:
         });
         screen_ = std::make_unique<ExampleScreen>();
         form_ = screen_->form;
-        screen_->show();
-        screen_->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(screen_.get()));
+        ShowActive(screen_.get());
     }
     void cleanup() { screen_.reset(); }
 

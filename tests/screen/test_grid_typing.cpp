@@ -44,9 +44,7 @@ private Q_SLOTS:
         grid_->setEditable(3, {KeyFilter::Amount,
                                [](const QString& typed) { return FormatText(typed, u"#0.00"); }});
         grid_->refresh();
-        grid_->show();
-        grid_->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(grid_.get()));
+        ShowActive(grid_.get());
         grid_->setCurrent(1, 1);
     }
     void cleanup() { grid_.reset(); }

@@ -52,9 +52,7 @@ private Q_SLOTS:
         grid_->resize(600, 300);
         grid_->refresh();
         grid_->autoFit();
-        grid_->show();
-        grid_->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(grid_.get()));
+        ShowActive(grid_.get());
     }
     void cleanup() { grid_.reset(); }
 

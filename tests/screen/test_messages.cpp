@@ -1,7 +1,6 @@
 // The recorder, and the real boxes behind it.
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -93,18 +92,14 @@ private Q_SLOTS:
 
     void aBoxSurvivesTheWindowBelow() {
         QPointer<QWidget> below = new QWidget;
-        below->show();
-        below->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(below));
+        ShowActive(below);
         WithNextBox<QMessageBox>([&](QMessageBox*) { delete below; });
         QVERIFY(!AskOkCancel(u"a"_s));
     }
 
     void timedMessageGoesByItselfAndLeavesTheFocus() {
         QLineEdit typing;
-        typing.show();
-        typing.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&typing));
+        ShowActive(&typing);
         TimedMessage(u"最多100个条件！"_s, u"注意"_s, 30);
         QVERIFY(TimedBox());
         TypeText(QApplication::focusWidget(), u"8101"_s);

@@ -1,7 +1,5 @@
 // The rule for re-entry, closing, and the way of Enter and Esc.
 
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -12,6 +10,7 @@
 #include "platform/events.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
+#include "tests/type_text.h"
 
 using namespace hotel;
 
@@ -33,9 +32,7 @@ class ScreenTest : public QObject {
 private Q_SLOTS:
     void init() {
         screen_ = std::make_unique<ExampleScreen>();
-        screen_->show();
-        screen_->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(screen_.get()));
+        ShowActive(screen_.get());
     }
     void cleanup() { screen_.reset(); }
 

@@ -2,7 +2,6 @@
 
 // Page items and scripts as text, so that a test's table shows what a page holds.
 
-#include <QFile>
 #include <QStringList>
 
 #include "tools/print_script.h"

@@ -1,7 +1,6 @@
 #include <QComboBox>
 #include <QPushButton>
 
-#include "link/serv_api.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
@@ -37,7 +36,7 @@ private Q_SLOTS:
     void rowsOfSomeCategoriesAreFixed() {
         QVERIFY(!form_->command(u"CmdSave")->isEnabled());
         for (const QString& name : {u"房态"_s, u"信用保证种类"_s, u"客房类型"_s}) {
-            choose(name);
+            Choose(names_, name);
             QVERIFY(list_->table().dataRows() > 3);
             QCOMPARE(form_->command(u"CmdAdd")->isEnabled(), name == u"客房类型");
             QCOMPARE(form_->command(u"cmdDel")->isEnabled(), name == u"客房类型");
@@ -45,7 +44,7 @@ private Q_SLOTS:
     }
 
     void addsTypesAndSaves() {
-        choose(u"停留事由"_s);
+        Choose(names_, u"停留事由"_s);
         const int rows = list_->table().dataRows();
         press(u"CmdAdd"_s);
         press(u"CmdAdd"_s); // the last row is still empty
@@ -68,7 +67,7 @@ private Q_SLOTS:
     }
 
     void deletesAllButTheLastRow() {
-        choose(u"使用后房态"_s);
+        Choose(names_, u"使用后房态"_s);
         list_->setCurrent(1);
         press(u"cmdDel"_s);
         QCOMPARE(list_->table().row(1), (QStringList{u"01"_s, u"空房"_s, u"KF"_s}));
@@ -83,19 +82,19 @@ private Q_SLOTS:
 
     // What is chosen again is not read again: unsaved typing stays.
     void choosingTheSameKeepsWhatWasTyped() {
-        choose(u"行业"_s);
+        Choose(names_, u"行业"_s);
         press(u"CmdSave"_s);
         QVERIFY(messages_->entries().isEmpty()); // nothing to save
         list_->setCurrent(1, 1);
         TypeText(list_, u"A"_s);
-        choose(u"行业"_s);
+        Choose(names_, u"行业"_s);
         QVERIFY(list_->isModified());
-        choose(u"信用等级"_s);
+        Choose(names_, u"信用等级"_s);
         QVERIFY(!list_->isModified());
     }
 
     void tellsThatSavingFailed() {
-        choose(u"行业"_s);
+        Choose(names_, u"行业"_s);
         list_->setCurrent(1, 1);
         TypeText(list_, u"A"_s);
         hotel_->stopServer();
@@ -106,7 +105,7 @@ private Q_SLOTS:
     void writesTheListToAFile() {
         QTemporaryDir folder;
         SetParam(u"ScwjLj", folder.path() + u"\\Txt\\"_s);
-        choose(u"信用等级"_s);
+        Choose(names_, u"信用等级"_s);
         messages_->answerNext(folder.path() + u"\\Txt\\信用等级260305.txt"_s);
         press(u"CmdFile"_s);
         QCOMPARE(messages_->entries().first().title, u"保存文件提示"_s);
@@ -131,10 +130,6 @@ private Q_SLOTS:
     }
 
 private:
-    void choose(const QString& name) {
-        names_->setCurrentText(name);
-        Q_EMIT names_->activated(names_->currentIndex());
-    }
     void press(const QString& command) { form_->command(command)->click(); }
     QString stored(const QString& name) { return hotel_->stored(CategoryFile(), {}, name); }
 
@@ -146,5 +141,73 @@ private:
 };
 
 HOTEL_TEST(FlmcFrmTest)
+
+namespace {
+
+QString Row(int number, const QString& entry, const QString& key = u" "_s) {
+    const QString name = CategoryRowTag(number);
+    return u'<' + name + u"><内容>"_s + entry + u"</内容><快捷键>"_s + key + u"</快捷键></"_s +
+           name + u'>';
+}
+
+QString Rows(int count) {
+    QStringList rows;
+    for (int n = 1; n <= count; ++n)
+        rows.append(Row(n, u"第%1项"_s.arg(n)));
+    return rows.join(kCrLf);
+}
+
+} // namespace
+
+class CategoriesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEntries() {
+        const auto row = [](const char* name, const QString& text, const QStringList& entries) {
+            Check(name, CategoryEntries(text), entries);
+        };
+        row("as they stand", Row(1, u"护照"_s) + Row(2, u" 身份证 "_s) + Row(3, u"护照"_s),
+            {u"护照"_s, u" 身份证 "_s, u"护照"_s});
+        row("ends at a missing row", Row(1, u"护照"_s) + Row(3, u"身份证"_s), {u"护照"_s});
+        row("by number, not by place", Row(2, u"护照"_s) + Row(1, u"身份证"_s),
+            {u"身份证"_s, u"护照"_s});
+        row("refused", u"<ERROR>没有该记录</ERROR>"_s, {});
+    }
+
+    // Room types: every tag of any row is a column, in the order in which it is met.
+    void gathersColumns() {
+        const QString text =
+            u"<记录01><内容>标准间</内容><房价>288</房价></记录01>\r\n"
+            "<记录02><内容>套房</内容><快捷键>TF</快捷键><前台价>988</前台价></记录02>"_s;
+        const TextTable table = CategoryTable(text);
+        QCOMPARE(table.headers(),
+                 (QStringList{u"编号"_s, u"内容"_s, u"快捷键"_s, u"房价"_s, u"前台价"_s}));
+        QCOMPARE(table.row(1), (QStringList{u"01"_s, u"标准间"_s, QString(), u"288"_s, QString()}));
+        QCOMPARE(table.row(2), (QStringList{u"02"_s, u"套房"_s, u"TF"_s, QString(), u"988"_s}));
+        QCOMPARE(CategoryText(table),
+                 u"<记录01><内容>标准间</内容>\r\n<快捷键> </快捷键>\r\n<房价>288</房价>\r\n"
+                 "<前台价> </前台价></记录01>\r\n"
+                 "<记录02><内容>套房</内容>\r\n<快捷键>TF</快捷键>\r\n<房价> </房价>\r\n"
+                 "<前台价>988</前台价></记录02>"_s);
+    }
+
+    void emptyCategoryHasOneEmptyRow() {
+        const TextTable table = CategoryTable({});
+        QCOMPARE(table.rows(), 2);
+        QCOMPARE(table.row(1), (QStringList{u"01"_s, QString(), QString()}));
+        QCOMPARE(CategoryText(table), QString());
+    }
+
+    void writesUpToTheFirstEmptyRow() {
+        TextTable table = CategoryTable(Rows(120));
+        QCOMPARE(CategoryEntries(CategoryText(table)).size(), 120);
+        table.setText(101, tag::kEntry, {});
+        QCOMPARE(CategoryEntries(CategoryText(table)).size(), 100);
+        QVERIFY(CategoryText(table).contains(u"</记录99>\r\n<记录100>"));
+    }
+};
+
+HOTEL_TEST(CategoriesTest)
 
 #include "test_FlmcFrm.moc"

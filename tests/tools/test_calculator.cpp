@@ -42,14 +42,11 @@ private Q_SLOTS:
         row("two points, not in sequence", u"7+1.2.3"_s, u"6 : 字符小数点太多"_s);
         row("point alone", u"1+."_s, u"3 : 字符无效操作符"_s);
         row("number behind number", u"1 2"_s, u"3 : 字符缺少运算符"_s);
-        row("number behind bracket", u"(1)2"_s, u"4 : 字符缺少运算符"_s);
         row("bracket behind number", u"2(1)"_s, u"2 : 字符缺少运算符"_s);
         row("minus in front twice", u"--2"_s, u"2 : 字符缺少运算符"_s);
         row("operator behind operator", u"2+*3"_s, u"3 : 字符缺少运算项"_s);
         row("operator at the start", u"/3"_s, u"1 : 字符缺少运算项"_s);
-        row("operator behind bracket", u"(*3)"_s, u"2 : 字符缺少运算项"_s);
         row("operator at the end", u"3+"_s, u"3 : 字符缺少运算项"_s);
-        row("bracket at the end", u"3+("_s, u"4 : 字符缺少运算项"_s);
         row("operator ahead of a closing bracket", u"(3+)"_s, u"4 : 字符缺少运算项"_s);
         row("nothing in brackets", u"1+()"_s, u"4 : 字符缺少运算项"_s);
         row("empty", u""_s, u"1 : 字符缺少运算项"_s);
@@ -57,7 +54,6 @@ private Q_SLOTS:
         row("bracket left open", u"2*(1+(3)"_s, u"3 : 字符括号不成对"_s);
         row("multiplication cross", u"2×3"_s, u"2 : 字符不应该存在的符号"_s);
         row("percent", u"100*5%"_s, u"6 : 字符不应该存在的符号"_s);
-        row("words", u"12.5元"_s, u"5 : 字符不应该存在的符号"_s);
         row("division by zero", u"8/(2-2)"_s, u"2 : 字符除数不能为零"_s);
         row("power of zero", u"0^-1"_s, u"2 : 字符计算结果超出范围"_s);
         row("root of a negative", u"(-2)^0.5"_s, u"5 : 字符计算结果超出范围"_s);

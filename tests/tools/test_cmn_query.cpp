@@ -6,7 +6,6 @@
 #include <QPushButton>
 
 #include "record/conditions.h"
-#include "record/record_text.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
@@ -258,8 +257,7 @@ private Q_SLOTS:
         const Form form(query);
         QVERIFY(!query.findChild<QGroupBox*>(u"Zhcxtj"_s)->isEnabled());
         auto* part = form.list(u"FlmcQd"_s);
-        part->setCurrentIndex(0);
-        Q_EMIT part->activated(0);
+        Choose(part, u"工作经历"_s);
         QCOMPARE(query.fields(), (QStringList{u"单位"_s, u"年"_s}));
         form.add(u"并且"_s, u"单位"_s, u"等于"_s, u"一店"_s);
         QCOMPARE(form.list(u"Rlt"_s)->currentText(), QString());
@@ -269,8 +267,7 @@ private Q_SLOTS:
         QVERIFY(query.conditionText().endsWith(u"</记录查询条件>\r\n"
                                                "<记录查询字段>工作经历</记录查询字段>\r\n"));
         QCOMPARE(ParseConditions(query.conditionText()).size(), 2);
-        part->setCurrentIndex(1);
-        Q_EMIT part->activated(1);
+        Choose(part, u"家庭成员"_s);
         QCOMPARE(query.fields(), QStringList{u"称谓"_s});
     }
 

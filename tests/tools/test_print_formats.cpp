@@ -1,3 +1,5 @@
+#include <numeric>
+
 #include "record/code_page.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
@@ -18,6 +20,12 @@ struct FilledBlock {
     QStringView block;
     QList<int> cells;
 };
+
+QList<int> Cells(int first, int last) {
+    QList<int> cells(last - first + 1);
+    std::iota(cells.begin(), cells.end(), first);
+    return cells;
+}
 
 QString Delivered(const QString& file, const QString& project) {
     return FileText(QStringLiteral(HOTEL_TREE) + u"/install/dygs/"_s + file + u'/' + project +
@@ -69,28 +77,14 @@ private Q_SLOTS:
         namespace guest = registration_form;
         namespace change = room_change_form;
         namespace deposit = deposit_form;
-        const QList<int> oneGuest = {guest::kGuest,
-                                     guest::kSex,
-                                     guest::kAge,
-                                     guest::kAddress,
-                                     guest::kJobTitle,
-                                     guest::kDocumentKind,
-                                     guest::kDocumentNumber,
-                                     guest::kReason,
-                                     guest::kFrom,
-                                     guest::kTo,
-                                     guest::kDeparture,
-                                     guest::kSecondGuest,
-                                     guest::kSecondSex,
-                                     guest::kSecondAge,
-                                     guest::kSecondAddress};
+        const QList<int> oneGuest = Cells(guest::kGuest, guest::kSecondAddress);
         row(u"lkzsdjb.QVR"_s, guest::kName,
             {{tag::kFormTitle, {guest::kHotel}},
              {tag::kFormHead, {guest::kPartyRooms}},
              {tag::kFormBody,
-              oneGuest + QList<int>{guest::kRoom, guest::kRoomType, guest::kPrice, guest::kRemark,
-                                    guest::kFormNumber, guest::kArrivalDate, guest::kArrivalTime,
-                                    guest::kFolio, guest::kRegistered, guest::kReception}},
+              oneGuest + Cells(guest::kRoom, guest::kRemark) +
+                  QList<int>{guest::kFormNumber, guest::kArrivalDate, guest::kArrivalTime,
+                             guest::kFolio, guest::kRegistered, guest::kReception}},
              {tag::kFormBody1, {}},
              {tag::kFormFoot, {}}});
         row(u"Krhftzd.QVR"_s, change::kName,

@@ -2,8 +2,6 @@
 #include <QTimer>
 
 #include "link/serv_api.h"
-#include "platform/clock.h"
-#include "record/record_text.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
