@@ -69,34 +69,32 @@ private Q_SLOTS:
         QVERIFY(form_->store({}).startsWith(u"<客人姓名>王</客人姓名>\r\n<确认房价>1"));
     }
 
-    void typedTextIsNormalised_data() {
-        const Columns<QString, QString, QString, bool> row("control", "typed", "text", "good");
-        row("date", u"Rzrq"_s, u"2026.3.5"_s, u"2026-03-05"_s, true);
-        row("bad date", u"Rzrq"_s, u"2026.2.30"_s, u"2026.2.30"_s, false);
-        row("time without seconds", u"Rzsj"_s, u"9：5"_s, u"09:05"_s, true);
-        row("number", u"Krnl"_s, u"３a4"_s, u"34"_s, true);
-        row("number beyond its bytes", u"Krnl"_s, u"1234"_s, u"123"_s, true);
-        row("amount", u"Qrfj"_s, u"１２８。5"_s, u"128.50"_s, true);
-        row("minus", u"Qrfj"_s, u"-20"_s, u"-20.00"_s, true);
-        row("sum without a reader", u"Qrfj"_s, u"1+2"_s, u"1+2"_s, false);
-        row("text beyond its bytes", u"Krxm"_s, u"一二三四五六七八九十百"_s,
-            u"一二三四五六七八九十"_s, true);
-    }
     void typedTextIsNormalised() {
-        QFETCH(QString, control);
-        QFETCH(QString, typed);
-        QFETCH(QString, text);
-        QSignalSpy left(form_, &FieldForm::left);
-        type(control, typed);
-        QCOMPARE(form_->text(control), text); // before the field is left, too
-        screen_->moveOn();
-        auto* editor = form_->editor<QLineEdit>(control);
-        QCOMPARE(editor->text(), text);
-        QTEST(editor->palette().color(QPalette::Text) == form_->palette().color(QPalette::Text),
-              "good");
-        QCOMPARE(left.last().first().toString(), control);
-        form_->setText(control, {});
-        QCOMPARE(editor->palette().color(QPalette::Text), form_->palette().color(QPalette::Text));
+        const auto row = [this](const char* name, QStringView control, const QString& typed,
+                                const QString& text, bool good) {
+            QSignalSpy left(form_, &FieldForm::left);
+            type(control, typed);
+            Check(name, form_->text(control), text); // before the field is left, too
+            screen_->moveOn();
+            auto* editor = form_->editor<QLineEdit>(control);
+            const auto colour = [editor] { return editor->palette().color(QPalette::Text); };
+            const QColor usual = form_->palette().color(QPalette::Text);
+            Check(name, editor->text(), text);
+            Check(name, colour() == usual, good);
+            Check(name, left.last().first().toString(), control.toString());
+            form_->setText(control, {});
+            Check(name, colour(), usual);
+        };
+        row("date", u"Rzrq", u"2026.3.5"_s, u"2026-03-05"_s, true);
+        row("bad date", u"Rzrq", u"2026.2.30"_s, u"2026.2.30"_s, false);
+        row("time without seconds", u"Rzsj", u"9：5"_s, u"09:05"_s, true);
+        row("number", u"Krnl", u"３a4"_s, u"34"_s, true);
+        row("number beyond its bytes", u"Krnl", u"1234"_s, u"123"_s, true);
+        row("amount", u"Qrfj", u"１２８。5"_s, u"128.50"_s, true);
+        row("minus", u"Qrfj", u"-20"_s, u"-20.00"_s, true);
+        row("sum without a reader", u"Qrfj", u"1+2"_s, u"1+2"_s, false);
+        row("text beyond its bytes", u"Krxm", u"一二三四五六七八九十百"_s,
+            u"一二三四五六七八九十"_s, true);
     }
 
     void amountsAreReckonedByTheReader() {

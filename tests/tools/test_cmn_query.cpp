@@ -133,7 +133,6 @@ private Q_SLOTS:
         const Form form(*query_);
         for (int n = 1; n <= 100; ++n)
             form.add(u"或者"_s, u"编号"_s, u"等于"_s, QString::number(n));
-        QCOMPARE(form.listed(), 100);
         QVERIFY(recorder_->entries().isEmpty());
         form.add(u"或者"_s, u"编号"_s, u"等于"_s, u"101"_s);
         QCOMPARE(form.listed(), 100);
@@ -190,7 +189,6 @@ private Q_SLOTS:
         QCOMPARE(list->table().text(1, 1), QString());
         QTRY_VERIFY(!query_->command(u"Search_cmd")->isEnabled());
         form.add(u"并且"_s, u"姓名"_s, u"等于"_s, u"丙"_s); // and filled again
-        QCOMPARE(form.listed(), 1);
         QCOMPARE(list->table().text(1, 3), u"丙"_s);
     }
 

@@ -7,7 +7,6 @@
 #include "tests/hotel_test.h"
 #include "tests/test_files.h"
 #include "tools/categories.h"
-#include "tools/pinyin.h"
 
 using namespace hotel;
 
@@ -67,26 +66,6 @@ private Q_SLOTS:
                 QVERIFY2(!entry.contains(u',') && entry.trimmed() == entry, qPrintable(entry));
             }
         }
-    }
-
-    // Short keys are the initials, except where a character is not among the frequent ones or is
-    // pronounced otherwise in its word; that is rare.
-    void shortKeysAreInitials() {
-        static const QRegularExpression notIdeograph(u"[^\\x{4E00}-\\x{9FFF}]"_s);
-        int rows = 0;
-        QStringList others;
-        for (const QString& name :
-             QDir(QStringLiteral(HOTEL_TREE "/install/QVR/Flmcxx.QVR")).entryList({u"*.txt"_s})) {
-            const TextTable table = CategoryTable(Category(name.chopped(4)));
-            for (int row = 1; row < table.rows(); ++row, ++rows) {
-                QString entry = table.text(row, tag::kEntry);
-                const QString initials = PinyinInitials(entry.remove(notIdeograph));
-                if (table.text(row, tag::kShortKey) != initials)
-                    others.append(table.text(row, tag::kEntry));
-            }
-        }
-        QVERIFY(rows > 500);
-        QVERIFY2(others.size() < rows / 20, qPrintable(others.join(u' ')));
     }
 
     void roomStatesFitTheBoard() {

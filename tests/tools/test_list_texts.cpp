@@ -119,18 +119,6 @@ private Q_SLOTS:
         QCOMPARE(recorder.last(), u"文件无法生成!"_s);
     }
 
-    void savesTheGridText() {
-        QTemporaryDir folder;
-        const QString name = folder.filePath(u"b.txt"_s);
-        MessageRecorder recorder;
-        recorder.answerNext(name);
-        QVERIFY(SaveGridToText(Charges(), u"费用清单"_s));
-        QCOMPARE(recorder.last(), u"费用清单的存放文件名："_s);
-        QVERIFY(FileText(name).contains(u"\r\n餐饮  12元5角   2026-03-06  0.00005  \r\n"));
-        recorder.answerNext(std::nullopt);
-        QVERIFY(!SaveGridToText(Charges(), u"费用清单"_s));
-    }
-
     void recentVisits() {
         TextTable list({u"编号"_s, u"名称"_s});
         for (int n = 1; n <= 60; ++n)

@@ -122,37 +122,33 @@ private Q_SLOTS:
         QCOMPARE(screen.grid->table().dataRows(), 1);
     }
 
-    void stopsAndCloses_data() {
-        const Columns<bool> row("closes");
-        row("the stop command", false);
-        row("closing the window", true);
-    }
     void stopsAndCloses() {
-        QFETCH(bool, closes);
         Fill(kFile, kWalkLimit);
-        QPointer<CmnGrd> list = list_;
-        bool hidden = false;
-        QTimer::singleShot(0, list, [&] {
-            hidden = !list->GrdView()->isVisible();
-            if (closes)
-                list->close();
-            else
-                list->command(u"CmdStop")->click();
-        });
-        WalkEnd end = WalkEnd::Finished;
-        {
-            const Screen::Running searching(*list);
-            end = QueryFilesToGrid({kFile, kFile}, kProject, kAll, 0, *list);
-            QVERIFY(list); // stands until its caller is done with it
-            QVERIFY(list->Grd().dataRows() < kWalkLimit);
-        }
-        QCOMPARE(end, WalkEnd::Stopped);
-        QVERIFY(hidden);
-        if (closes) {
-            QTRY_VERIFY(!list);
-            list_ = nullptr;
-        } else {
-            QTRY_VERIFY(list->GrdView()->isVisible());
+        for (const bool closes : {false, true}) {
+            list_->Grd().clearRows();
+            QPointer<CmnGrd> list = list_;
+            bool hidden = false;
+            QTimer::singleShot(0, list, [&] {
+                hidden = !list->GrdView()->isVisible();
+                if (closes)
+                    list->close();
+                else
+                    list->command(u"CmdStop")->click();
+            });
+            WalkEnd end = WalkEnd::Finished;
+            {
+                const Screen::Running searching(*list);
+                end = QueryFilesToGrid({kFile, kFile}, kProject, kAll, 0, *list);
+                QVERIFY(list); // stands until its caller is done with it
+                QVERIFY(list->Grd().dataRows() < kWalkLimit);
+            }
+            QCOMPARE(end, WalkEnd::Stopped);
+            QVERIFY(hidden);
+            if (closes) {
+                QTRY_VERIFY(!list);
+            } else {
+                QTRY_VERIFY(list->GrdView()->isVisible());
+            }
         }
     }
 
