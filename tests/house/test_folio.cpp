@@ -140,6 +140,7 @@ private Q_SLOTS:
         QCOMPARE(line.writes(), 5);
         const QString project = PostingProject(kRoomPosting);
         QCOMPARE(StoredRecords(LedgerFile(kFolio), project).size(), 1);
+        hotel.desk().use();
         hotel.stopServer();
         QVERIFY(SaveBills(kFolio, kRoomPosting, Charge(u"18.00"_s)).status != 0);
     }
