@@ -212,11 +212,7 @@ void JzhxxFrm::ShowLedger(const QString& folio) {
 }
 
 void JzhxxFrm::JzhmxQd_Click(int row) {
-    photo_->setPhoto({});
-    const QString picture =
-        row == 0 ? QString() : JzhmxQd->table().text(row, guest_text::kPortrait);
-    if (!picture.isEmpty() && !SetRemotePhoto(photo_, GuestPhotographFile(picture)))
-        MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
+    ShowListedPhoto(photo_, JzhmxQd->table(), row, guest_text::kPortrait, GuestPhotographFile);
 }
 
 void JzhxxFrm::QVRTrVw_Click() {

@@ -121,9 +121,7 @@ void RoomSet::KfQd_RowChange(int row) {
 
 void RoomSet::KfQd_Click(int row) {
     KfQd_RowChange(row);
-    const QString picture = row == 0 ? QString() : KfQd->table().text(row, kPicture);
-    if (!picture.isEmpty() && !SetRemotePhoto(photo_, RoomPictureFile(picture)))
-        MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
+    ShowListedPhoto(photo_, KfQd->table(), row, kPicture, RoomPictureFile);
     if (KfQd->currentRow() != row) // the user went on meanwhile
         KfQd_RowChange(KfQd->currentRow());
 }

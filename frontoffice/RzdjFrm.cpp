@@ -90,12 +90,6 @@ constexpr Lack kLacks[] = {
     {kLacksPrice, u"Qrfj", u"确认房价"},          {kLacksFolio, u"Jzh", u"结账号"},
 };
 
-constexpr int kIdentityLengths[] = {15, 18};
-
-bool HasIdentityLength(const QString& number) {
-    return std::ranges::find(kIdentityLengths, number.size()) != std::end(kIdentityLengths);
-}
-
 } // namespace
 
 RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
@@ -266,11 +260,8 @@ int RzdjFrm::testKrJbxxFail() {
     const QString number = TrimWhite(form_->text(u"Zjhm"));
     const bool fills = form_->text(u"Zjzl") == kIdentityCard && form_->text(u"Hkszd").isEmpty();
     if (fills && HasIdentityLength(number)) {
-        if (const auto identity = AnalyseIdentityNumber(number)) {
-            form_->setText(u"Hkszd", identity->address());
-            form_->setText(u"Krnl", identity->age);
-            form_->setText(u"Krxb", identity->sex);
-        }
+        if (const auto identity = AnalyseIdentityNumber(number))
+            takeIdentity(*identity);
     }
     return TestKrRecFail(formRecord());
 }
@@ -319,6 +310,12 @@ void RzdjFrm::finishField() {
     form_->editor(u"Krxm")->setFocus(Qt::TabFocusReason);
 }
 
+void RzdjFrm::takeIdentity(const IdentityNumber& identity) {
+    form_->setText(u"Hkszd", identity.address());
+    form_->setText(u"Krnl", identity.age);
+    form_->setText(u"Krxb", identity.sex);
+}
+
 void RzdjFrm::Zjhm_KeyPress() {
     const QString number = TrimWhite(form_->text(u"Zjhm"));
     if (!HasIdentityLength(number)) {
@@ -327,9 +324,7 @@ void RzdjFrm::Zjhm_KeyPress() {
     }
     if (const auto identity = AnalyseIdentityNumber(number)) {
         form_->setText(u"Zjzl", kIdentityCard.toString());
-        form_->setText(u"Hkszd", identity->address());
-        form_->setText(u"Krnl", identity->age);
-        form_->setText(u"Krxb", identity->sex);
+        takeIdentity(*identity);
         form_->setText(u"Tssm",
                        WithBirthday(form_->text(u"Tssm"), identity->birthDate, Clock::Today()));
         setStatus(u"%1，%2 岁，%3"_s.arg(identity->sex, identity->age, identity->address()));
@@ -352,15 +347,12 @@ void RzdjFrm::Rzsj_LostFocus() {
     form_->setText(u"Rzsj", time.isEmpty() ? ArrivalTime(typed, Clock::Time()) : time);
 }
 
-// A small number typed for the departure counts the nights.
 void RzdjFrm::Yjld_LostFocus() {
-    constexpr int kMostDigits = 3;
     const QString typed = PlainForm(form_->text(u"Yjld"));
     const QDate arrival = QDate::fromString(form_->text(u"Rzrq"), Qt::ISODate);
-    bool isCount = false;
-    const int nights = typed.toInt(&isCount);
-    if (isCount && typed.size() <= kMostDigits && arrival.isValid())
-        form_->setText(u"Yjld", arrival.addDays(nights).toString(Qt::ISODate));
+    const QString departure = DepartureDate(typed, arrival);
+    if (departure != typed) // what is no date stays, in red
+        form_->setText(u"Yjld", departure);
 }
 
 // --- terms ---

@@ -26,6 +26,7 @@ namespace hotel {
 
 class FieldForm;
 class PhotoFrame;
+struct IdentityNumber;
 
 class RzdjFrm : public Screen {
     Q_OBJECT
@@ -65,6 +66,7 @@ private:
     void Field_Edited(const QString& control);
     void Field_Left(const QString& control);
     void finishField();
+    void takeIdentity(const IdentityNumber& identity);
     void KsCmd_Click();
     void CopyKr_Click();
     void PasteKr_Click();

@@ -138,7 +138,7 @@ RzjdFrm::RzjdFrm()
     photoSoon_->setSingleShot(true);
     photoSoon_->setInterval(QApplication::doubleClickInterval());
     on(Kxkfqd, &GridView::rowClicked, [this] { photoSoon_->start(); });
-    on(photoSoon_, &QTimer::timeout, [this] { Kxkfqd_Click(Kxkfqd->currentRow()); });
+    on(photoSoon_, &QTimer::timeout, [this] { Kxkfqd_Click(); });
     on(Kxkfqd, &GridView::rowActivated, [this] { DownCmd_Click(); });
     on(Yxkfqd, &GridView::rowActivated, [this] { UpCmd_Click(); });
     on(Ftys, &CheckList::ticked, [this] { loadOffered(); });
@@ -221,11 +221,8 @@ void RzjdFrm::FreshCmd_Click() {
         fresh();
 }
 
-void RzjdFrm::Kxkfqd_Click(int row) {
-    photo_->setPhoto({});
-    const QString picture = row == 0 ? QString() : Kxkfqd->table().text(row, kPicture);
-    if (!picture.isEmpty() && !SetRemotePhoto(photo_, RoomPictureFile(picture)))
-        MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
+void RzjdFrm::Kxkfqd_Click() {
+    ShowListedPhoto(photo_, Kxkfqd->table(), Kxkfqd->currentRow(), kPicture, RoomPictureFile);
 }
 
 // --- the party ---

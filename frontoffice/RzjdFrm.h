@@ -41,7 +41,7 @@ private:
     void DjCmd_Click();
     void QrCmd_Click();
     void DyCmd_Click();
-    void Kxkfqd_Click(int row); // its picture
+    void Kxkfqd_Click(); // the room's picture
 
     void fresh();
     void loadOffered();

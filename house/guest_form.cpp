@@ -150,6 +150,14 @@ QString ArrivalTime(QStringView typed, QTime now) {
     return (time.isValid() ? time : now).toString(kTimeFormat);
 }
 
+QString DepartureDate(QStringView typed, QDate arrival) {
+    constexpr int kMostDigits = 3;
+    bool isCount = false;
+    const uint nights = typed.toUInt(&isCount);
+    const bool counts = isCount && typed.size() <= kMostDigits && arrival.isValid();
+    return counts ? arrival.addDays(nights).toString(kDateFormat) : typed.toString();
+}
+
 QString WithBirthday(QStringView remark, QStringView birthDate, QDate today) {
     constexpr int kDaysAhead = 3;
     const QString birthday = today.toString(u"yyyy") + birthDate.mid(4);

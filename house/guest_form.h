@@ -66,6 +66,9 @@ AgeCheck CheckAge(QStringView age);
 // "HH:mm" of a time as typed ("9:5", "14:05:30"); the clock's where it is none.
 QString ArrivalTime(QStringView typed, QTime now);
 
+// The departure as typed; a count of nights ("3") becomes the date so many days behind the arrival.
+QString DepartureDate(QStringView typed, QDate arrival);
+
 // `remark` with a note of the guest's birthday when that is today or in the next two days; a birth
 // date is "yyyy-MM-dd". Only this year's birthday is looked at: on the last days of December nobody is
 // reminded of January.

@@ -26,7 +26,7 @@ bool IsGuestField(QStringView tag) {
 
 // The form of a resident identity number: 15 digits, or 17 and a check character.
 bool IsIdentityNumber(QStringView number) {
-    if (number.size() != 15 && number.size() != 18)
+    if (!HasIdentityLength(number))
         return false;
     const QStringView digits = number.size() == 15 ? number : number.chopped(1);
     return DigitsOnly(digits) == digits;

@@ -92,6 +92,11 @@ enum GuestLack {
     kLacksPrice = 32,
 };
 
+// Only a number of 15 or 18 characters can be that of an identity card.
+inline bool HasIdentityLength(QStringView number) {
+    return number.size() == 15 || number.size() == 18;
+}
+
 // 0 for a guest who can be checked in, otherwise what is lacking.
 int TestKrRecFail(QStringView guest);
 

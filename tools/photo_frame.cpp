@@ -7,8 +7,25 @@
 
 #include "link/serv_api.h"
 #include "record/literals.h"
+#include "screen/messages.h"
 
 namespace hotel {
+
+namespace {
+
+bool ShowDownloaded(PhotoFrame* frame, const QString& remoteName) {
+    // A name of its own, so that no file of the program is overwritten whatever the picture is called.
+    QTemporaryFile copy(QCoreApplication::applicationDirPath() + u"/photo_XXXXXX.jpg"_s);
+    if (!copy.open())
+        return false;
+    copy.close();
+    if (DbDownloadFile(remoteName, copy.fileName()) != 0)
+        return false;
+    SetPhoto(frame, copy.fileName());
+    return true;
+}
+
+} // namespace
 
 PhotoFrame::PhotoFrame(const QString& name, const QString& words, QWidget* parent)
     : QFrame(parent), words_(words) {
@@ -50,17 +67,12 @@ bool SetPhoto(PhotoFrame* frame, const QString& path) {
     return !image.isNull();
 }
 
-bool SetRemotePhoto(PhotoFrame* frame, QStringView remoteName) {
+void ShowListedPhoto(PhotoFrame* frame, const TextTable& list, int row, QStringView column,
+                     QString (*fileOf)(QStringView name)) {
     frame->setPhoto({});
-    // A name of its own, so that no file of the program is overwritten whatever the picture is called.
-    QTemporaryFile copy(QCoreApplication::applicationDirPath() + u"/photo_XXXXXX.jpg"_s);
-    if (!copy.open())
-        return false;
-    copy.close();
-    if (DbDownloadFile(remoteName, copy.fileName()) != 0)
-        return false;
-    SetPhoto(frame, copy.fileName());
-    return true;
+    const QString picture = row == 0 ? QString() : list.text(row, column);
+    if (!picture.isEmpty() && !ShowDownloaded(frame, fileOf(picture)))
+        MsgBox(u"照片文件读取失败，若需要查看，请再次点击本行！"_s, u"提示"_s);
 }
 
 } // namespace hotel

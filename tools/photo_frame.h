@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringView>
 
+#include "record/text_table.h"
+
 namespace hotel {
 
 // Shows a picture fitted into the frame, its aspect kept, whatever size the frame takes; without one it
@@ -35,8 +37,10 @@ private:
 // that is missing or no picture empties the frame and gives false.
 bool SetPhoto(PhotoFrame* frame, const QString& path);
 
-// Shows a picture from the server: downloads it to the program's folder, shows it and deletes the local
-// copy. False, with the frame empty, when it can't be downloaded. (Waits on the server.)
-bool SetRemotePhoto(PhotoFrame* frame, QStringView remoteName);
+// Shows the picture that a row of a list names in a column: downloads it to the program's folder, shows
+// it and deletes the local copy. `fileOf` gives the server's file of a name. The user is told when it
+// can't be downloaded; row 0 and a row without a picture empty the frame. (Waits on the server.)
+void ShowListedPhoto(PhotoFrame* frame, const TextTable& list, int row, QStringView column,
+                     QString (*fileOf)(QStringView name));
 
 } // namespace hotel

@@ -149,6 +149,14 @@ private Q_SLOTS:
         row(u"noon"_s, u"14:05"_s);
     }
 
+    void departures() {
+        const QDate arrival(2026, 2, 27);
+        QCOMPARE(DepartureDate(u"3", arrival), u"2026-03-02"_s);
+        QCOMPARE(DepartureDate(u"2026", arrival), u"2026"_s); // no count of nights
+        QCOMPARE(DepartureDate(u"3", QDate()), u"3"_s);
+        QCOMPARE(DepartureDate(u"2026-03-08", arrival), u"2026-03-08"_s);
+    }
+
     void birthdays() {
         const auto row = [](const char* name, const QString& remark, const QString& birthDate,
                             QDate today, const QString& result) {
