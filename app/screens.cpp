@@ -15,10 +15,10 @@
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/main_menu.h"
-#include "tools/FlmcFrm.h"
-#include "tools/PrtForm.h"
-#include "tools/PrtPrev.h"
-#include "tools/operation_log_query.h"
+#include "tools/lists/FlmcFrm.h"
+#include "tools/paper/PrtForm.h"
+#include "tools/paper/PrtPrev.h"
+#include "tools/queries/operation_log_query.h"
 
 namespace hotel {
 

@@ -6,7 +6,7 @@
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "screen/theme.h"
-#include "tools/form_tools.h"
+#include "tools/aids/form_tools.h"
 
 namespace hotel {
 

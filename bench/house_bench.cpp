@@ -3,12 +3,12 @@
 
 #include "bench/ratio.h"
 
-#include "house/board.h"
-#include "house/check_in.h"
-#include "house/folio_posting.h"
-#include "house/paths.h"
-#include "house/records.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/folios/folio_posting.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/board.h"
+#include "house/stays/check_in.h"
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "record/conditions.h"
 #include "record/record_text.h"

@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 
 #include "screen/theme.h"
-#include "tools/PrtSubs.h"
-#include "tools/print_pass.h"
+#include "tools/paper/PrtSubs.h"
+#include "tools/paper/print_pass.h"
 
 using namespace hotel;
 using namespace hotel::bench;

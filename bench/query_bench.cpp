@@ -11,8 +11,8 @@
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "tests/test_hotel.h"
-#include "tools/query_walk.h"
-#include "tools/record_match.h"
+#include "tools/queries/query_walk.h"
+#include "tools/queries/record_match.h"
 
 using namespace hotel;
 using namespace hotel::bench;

@@ -7,13 +7,13 @@
 #include <QVBoxLayout>
 
 #include "cashier/folio_search.h"
-#include "house/folio.h"
-#include "house/folio_view.h"
-#include "house/paths.h"
+#include "house/common/paths.h"
+#include "house/folios/folio.h"
+#include "house/folios/folio_view.h"
 #include "record/literals.h"
 #include "screen/key_filter.h"
 #include "screen/open_screen.h"
-#include "tools/record_tree.h"
+#include "tools/aids/record_tree.h"
 
 namespace hotel {
 

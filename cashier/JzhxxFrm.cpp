@@ -10,16 +10,16 @@
 #include "cashier/Jzhfrm.h"
 #include "cashier/folio_box.h"
 #include "cashier/folio_search.h"
-#include "house/folio.h"
-#include "house/folio_posting.h"
-#include "house/folio_view.h"
-#include "house/guest_text.h"
-#include "house/paths.h"
+#include "house/common/paths.h"
+#include "house/folios/folio.h"
+#include "house/folios/folio_posting.h"
+#include "house/folios/folio_view.h"
+#include "house/guests/guest_text.h"
 #include "record/record_text.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
-#include "tools/photo_frame.h"
-#include "tools/record_tree.h"
+#include "tools/aids/photo_frame.h"
+#include "tools/aids/record_tree.h"
 
 namespace hotel {
 

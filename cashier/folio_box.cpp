@@ -5,8 +5,8 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
-#include "house/folio.h"
-#include "house/folio_view.h"
+#include "house/folios/folio.h"
+#include "house/folios/folio_view.h"
 #include "record/literals.h"
 #include "screen/key_filter.h"
 

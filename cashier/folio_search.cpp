@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "house/folio.h"
-#include "tools/pinyin.h"
+#include "house/folios/folio.h"
+#include "tools/aids/pinyin.h"
 
 namespace hotel {
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QStringView>
 
-#include "house/folio_summary.h"
+#include "house/folios/folio_summary.h"
 
 namespace hotel {
 

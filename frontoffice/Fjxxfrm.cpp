@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "house/rate_table.h"
+#include "house/rooms/rate_table.h"
 #include "record/literals.h"
 #include "screen/grid_view.h"
 

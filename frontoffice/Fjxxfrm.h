@@ -1,7 +1,7 @@
 #pragma once
 
 // The house's rates as they are now (最新房价表). Opening it reads them anew, for every screen that
-// asks for RatesInUse (house/rate_table.h).
+// asks for RatesInUse (house/rooms/rate_table.h).
 
 #include "screen/screen.h"
 

@@ -9,8 +9,8 @@
 #include "frontoffice/room_map.h"
 #include "frontoffice/status_colour.h"
 #include "frontoffice/status_places.h"
-#include "house/board_settings.h"
-#include "house/room_record.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/board_settings.h"
 #include "link/Wck_comm.h"
 #include "platform/clock.h"
 #include "record/literals.h"
@@ -20,8 +20,8 @@
 #include "screen/open_screen.h"
 #include "session/operation_log.h"
 #include "session/session.h"
-#include "tools/list_export.h"
-#include "tools/list_print.h"
+#include "tools/lists/list_export.h"
+#include "tools/lists/list_print.h"
 
 namespace hotel {
 

@@ -4,7 +4,7 @@
 // place where a status is set by hand. A snapshot: only the refresh reads the house again, and only it
 // counts and takes up what is ticked. What a user has ticked is kept for him when the board closes.
 
-#include "house/board.h"
+#include "house/stays/board.h"
 #include "screen/screen.h"
 
 class QTabWidget;

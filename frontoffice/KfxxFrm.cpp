@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "house/room_record.h"
+#include "house/rooms/room_record.h"
 #include "record/field_walk.h"
 #include "record/literals.h"
 #include "record/record_text.h"

@@ -8,7 +8,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "house/working_days.h"
+#include "house/rooms/working_days.h"
 #include "link/Wck_comm.h"
 #include "platform/clock.h"
 #include "record/literals.h"

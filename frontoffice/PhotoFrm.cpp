@@ -5,7 +5,7 @@
 #include "platform/camera.h"
 #include "record/literals.h"
 #include "screen/messages.h"
-#include "tools/photo_frame.h"
+#include "tools/aids/photo_frame.h"
 
 namespace hotel {
 

@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "house/paths.h"
-#include "house/room_edit.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/rooms/room_edit.h"
+#include "house/rooms/room_record.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
@@ -17,10 +17,10 @@
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
-#include "tools/categories.h"
-#include "tools/list_export.h"
-#include "tools/list_print.h"
-#include "tools/photo_frame.h"
+#include "tools/aids/categories.h"
+#include "tools/aids/photo_frame.h"
+#include "tools/lists/list_export.h"
+#include "tools/lists/list_print.h"
 
 namespace hotel {
 

@@ -11,11 +11,11 @@
 #include <QVBoxLayout>
 
 #include "frontoffice/photo_capture.h"
-#include "house/folio.h"
-#include "house/folio_summary.h"
-#include "house/guest_text.h"
-#include "house/room_record.h"
-#include "house/room_status.h"
+#include "house/folios/folio.h"
+#include "house/folios/folio_summary.h"
+#include "house/guests/guest_text.h"
+#include "house/rooms/room_record.h"
+#include "house/rooms/room_status.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -25,8 +25,8 @@
 #include "screen/key_filter.h"
 #include "screen/messages.h"
 #include "session/session.h"
-#include "tools/identity_number.h"
-#include "tools/photo_frame.h"
+#include "tools/aids/identity_number.h"
+#include "tools/aids/photo_frame.h"
 
 namespace hotel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 // The guest form (住客信息): one guest of the party after the other, bed by bed and room by room. It works
-// on the working set of the check-in screen (house/working_set.h) and writes nothing to the server.
+// on the working set of the check-in screen (house/guests/working_set.h) and writes nothing to the server.
 //
 //     ModalScreen<RzdjFrm> form(this, workingSet, rooms);
 //     form.show();
@@ -15,9 +15,9 @@
 #include <QList>
 #include <QString>
 
-#include "house/guest_form.h"
-#include "house/rate_table.h"
-#include "house/working_set.h"
+#include "house/guests/guest_form.h"
+#include "house/guests/working_set.h"
+#include "house/rooms/rate_table.h"
 #include "screen/screen.h"
 
 class QLabel;

@@ -10,11 +10,11 @@
 
 #include "frontoffice/RzdjFrm.h"
 #include "frontoffice/registration_form_print.h"
-#include "house/check_in.h"
-#include "house/offered_rooms.h"
-#include "house/paths.h"
-#include "house/rate_table.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/guests/offered_rooms.h"
+#include "house/rooms/rate_table.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/check_in.h"
 #include "record/literals.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
@@ -24,8 +24,8 @@
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "session/parameters.h"
-#include "tools/categories.h"
-#include "tools/photo_frame.h"
+#include "tools/aids/categories.h"
+#include "tools/aids/photo_frame.h"
 
 namespace hotel {
 

@@ -2,15 +2,15 @@
 
 #include <QSet>
 
-#include "house/guest_text.h"
-#include "house/room_record.h"
+#include "house/guests/guest_text.h"
+#include "house/rooms/room_record.h"
 #include "record/conditions.h"
 #include "record/field_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
-#include "tools/CmnGrd.h"
-#include "tools/list_query.h"
-#include "tools/query_text.h"
+#include "tools/lists/CmnGrd.h"
+#include "tools/queries/list_query.h"
+#include "tools/queries/query_text.h"
 
 namespace hotel {
 

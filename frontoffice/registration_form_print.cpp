@@ -1,16 +1,16 @@
 #include "frontoffice/registration_form_print.h"
 
-#include "house/guest_text.h"
-#include "house/records.h"
-#include "house/registration_form_cells.h"
-#include "house/working_set.h"
+#include "house/guests/guest_text.h"
+#include "house/guests/registration_form_cells.h"
+#include "house/guests/working_set.h"
+#include "link/records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "session/operation_log.h"
 #include "session/parameters.h"
-#include "tools/PrtSubs.h"
-#include "tools/print_form_cells.h"
+#include "tools/paper/PrtSubs.h"
+#include "tools/paper/print_form_cells.h"
 
 namespace hotel {
 

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-#include "house/notice.h"
+#include "house/common/notice.h"
 
 namespace hotel {
 
@@ -15,7 +15,7 @@ namespace hotel {
 std::optional<Notice> RefuseRegistrationForm(const QString& workingSet);
 
 // Shows the form of `rooms` (those of the party, in their order) in the preview and logs it. The
-// working set is that of house/working_set.h. (Waits on the server, which keeps the form.)
+// working set is that of house/guests/working_set.h. (Waits on the server, which keeps the form.)
 void PrintRegistrationForm(const QString& workingSet, const QStringList& rooms);
 
 } // namespace hotel

@@ -9,7 +9,7 @@
 
 #include <QElapsedTimer>
 
-#include "house/board.h"
+#include "house/stays/board.h"
 #include "screen/grid_view.h"
 
 namespace hotel {

@@ -10,7 +10,7 @@
 
 #include <array>
 
-#include "house/board.h"
+#include "house/stays/board.h"
 
 class QCheckBox;
 

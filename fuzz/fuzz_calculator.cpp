@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz_input.h"
 
-#include "tools/CalcSub.h"
+#include "tools/aids/CalcSub.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz_input.h"
 
-#include "tools/print_script.h"
+#include "tools/paper/print_script.h"
 
 #include <cmath>
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "record/field_walk.h"
 #include "record/numbers.h"
@@ -15,9 +16,11 @@ bool IsMissing(QStringView answer) {
     return answer.isEmpty() || IsError(answer);
 }
 
-int Twice(const std::function<int()>& write) {
-    const int status = write();
-    return status == 0 ? status : write();
+constexpr int kNotDone = -1;
+
+// Paths of the server know no letter case and take either separator.
+bool IsSameFile(QString a, QString b) {
+    return a.replace(u'/', u'\\').compare(b.replace(u'/', u'\\'), Qt::CaseInsensitive) == 0;
 }
 
 void ShowRecord(TextTable& list, int row, const QString& key, QStringView record, int keyColumn) {
@@ -64,13 +67,6 @@ private:
 };
 
 } // namespace
-
-QStringView RecordsOf(QStringView projectAnswer, QStringView project) {
-    FieldWalk walk(projectAnswer);
-    const bool wrapped = walk.next() && walk.name() == project &&
-                         (projectAnswer.size() >= kTagTextLimit || walk.value().isEmpty());
-    return wrapped ? walk.value() : projectAnswer;
-}
 
 QString GetTagDefault(QStringView text, QStringView tag, const QString& fallback) {
     const QString value = GetTag(text, tag);
@@ -137,25 +133,22 @@ int SaveGridRow(const QString& file, const QString& project, const TextTable& li
     const QString key = list.text(row, keyColumn);
     if (key.isEmpty())
         return 0;
-    const QString standing = DbReadRecord(file, project, key);
-    const QString record =
-        GridRowToText(list, row, IsError(standing) ? QString() : standing, keyColumn);
-    return Twice([&] { return DbModifyRecord(file, project, key, record); });
+    const RecordRead standing = ReadToChange(file, project, key);
+    if (standing.failed())
+        return kNotDone;
+    return SaveRecord(file, project, key, GridRowToText(list, row, standing.value, keyColumn));
 }
 
 int MoveRecord(const QString& sourceFile, const QString& sourceProject, const QString& key,
                const QString& targetFile, const QString& targetProject, const QString& targetKey) {
-    constexpr int kNothingToMove = -1;
-    const QString record = DbReadRecord(sourceFile, sourceProject, key);
-    if (IsMissing(record))
-        return kNothingToMove;
-    DbCreateFile(targetFile);
-    DbCreateProject(targetFile, targetProject);
-    const int written =
-        Twice([&] { return DbModifyRecord(targetFile, targetProject, targetKey, record); });
-    if (written != 0)
-        return written;
-    return Twice([&] { return DbDeleteRecord(sourceFile, sourceProject, key); });
+    const RecordRead record = ReadToChange(sourceFile, sourceProject, key);
+    if (record.outcome != Reading::Present)
+        return kNotDone;
+    if (IsSameFile(sourceFile, targetFile) && sourceProject == targetProject && key == targetKey)
+        return 0;
+    EnsureProject(targetFile, targetProject);
+    const int written = SaveRecord(targetFile, targetProject, targetKey, record.value);
+    return written != 0 ? written : DeleteRecord(sourceFile, sourceProject, key);
 }
 
 QString ListToRecordText(const QStringList& entries, const QString& text) {

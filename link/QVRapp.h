@@ -24,10 +24,6 @@ inline constexpr QStringView kKeyHeader = u"记录号";
 // A list without a key column.
 inline constexpr int kNoKeyColumn = -1;
 
-// The records in the answer to DbReadRecord for a whole project, one field each. An answer may still have
-// the project's own tags around them: where it is too long for GetTag, and where the project is empty.
-QStringView RecordsOf(QStringView projectAnswer, QStringView project);
-
 // How a long load shows itself: called after every kRowsPerStep rows and once more at the end, when
 // the list is complete. `rows` counts the records loaded. False stops the load; the rows that have
 // come stay.
@@ -60,13 +56,15 @@ QString GridRowToText(const TextTable& list, int row, const QString& record,
                       int keyColumn = kNoKeyColumn);
 
 // Writes a row back over the record that its key names, in two attempts. Gives 0 when it is
-// written. A row without a key is not written and counts as done.
+// written. A row without a key is not written and counts as done; over a record that could not be read
+// nothing is written, and the status is not 0.
 int SaveGridRow(const QString& file, const QString& project, const TextTable& list, int row,
                 int keyColumn);
 
 // Moves a record: reads it, writes it at the target (file and project are made on the way), deletes
 // it at the source. Write and delete are tried twice. Gives 0 when the record has moved. A missing
-// record writes nothing; a failed delete leaves the record in both places.
+// record writes nothing; a failed delete leaves the record in both places. A record that is moved onto
+// itself stays as it is and has moved.
 int MoveRecord(const QString& sourceFile, const QString& sourceProject, const QString& key,
                const QString& targetFile, const QString& targetProject, const QString& targetKey);
 

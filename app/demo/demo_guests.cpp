@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "app/demo/parties.h"
-#include "house/board.h"
-#include "house/check_in.h"
-#include "house/folio_posting.h"
-#include "house/guest_form.h"
-#include "house/offered_rooms.h"
-#include "house/rate_table.h"
-#include "house/room_record.h"
-#include "house/working_set.h"
+#include "house/folios/folio_posting.h"
+#include "house/guests/guest_form.h"
+#include "house/guests/offered_rooms.h"
+#include "house/guests/working_set.h"
+#include "house/rooms/rate_table.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/board.h"
+#include "house/stays/check_in.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -18,8 +18,8 @@
 #include "session/operation_log.h"
 #include "session/session.h"
 #include "shell/login.h"
-#include "tools/categories.h"
-#include "tools/identity_number.h"
+#include "tools/aids/categories.h"
+#include "tools/aids/identity_number.h"
 
 namespace hotel {
 

@@ -7,7 +7,7 @@
 #include <QList>
 #include <QStringView>
 
-#include "house/guest_text.h"
+#include "house/guests/guest_text.h"
 
 namespace hotel {
 

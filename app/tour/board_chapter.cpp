@@ -4,7 +4,7 @@
 
 #include "app/tour/tour.h"
 #include "frontoffice/room_map.h"
-#include "house/room_record.h"
+#include "house/rooms/room_record.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "screen/open_screen.h"

@@ -1,13 +1,13 @@
 #include <QLineEdit>
 
 #include "app/tour/tour.h"
-#include "house/check_in.h"
-#include "house/folio.h"
-#include "house/folio_posting.h"
-#include "house/folio_view.h"
-#include "house/guest_text.h"
-#include "house/offered_rooms.h"
-#include "house/room_record.h"
+#include "house/folios/folio.h"
+#include "house/folios/folio_posting.h"
+#include "house/folios/folio_view.h"
+#include "house/guests/guest_text.h"
+#include "house/guests/offered_rooms.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/check_in.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
@@ -15,7 +15,7 @@
 #include "screen/open_screen.h"
 #include "session/session.h"
 #include "shell/mainfrm.h"
-#include "tools/record_tree.h"
+#include "tools/aids/record_tree.h"
 
 namespace hotel {
 

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "app/tour/tour.h"
-#include "house/room_record.h"
+#include "house/rooms/room_record.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "screen/field_form.h"

@@ -10,10 +10,10 @@
 #include "frontoffice/KfxxFrm.h"
 #include "frontoffice/room_map.h"
 #include "frontoffice/status_colour.h"
-#include "house/board_settings.h"
-#include "house/paths.h"
-#include "house/records.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/rooms/room_record.h"
+#include "house/stays/board_settings.h"
+#include "link/records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
@@ -23,9 +23,9 @@
 #include "session/operation_log.h"
 #include "tests/hotel_test.h"
 #include "tests/house/small_house.h"
-#include "tools/PrtPrev.h"
-#include "tools/PrtSubs.h"
-#include "tools/categories.h"
+#include "tools/aids/categories.h"
+#include "tools/paper/PrtPrev.h"
+#include "tools/paper/PrtSubs.h"
 
 using namespace hotel;
 

@@ -8,12 +8,12 @@
 
 #include "frontoffice/RzdjFrm.h"
 #include "frontoffice/RzjdFrm.h"
-#include "house/folio.h"
-#include "house/guest_text.h"
-#include "house/paths.h"
-#include "house/records.h"
-#include "house/room_record.h"
-#include "house/stay_register.h"
+#include "house/common/paths.h"
+#include "house/folios/folio.h"
+#include "house/guests/guest_text.h"
+#include "house/guests/stay_register.h"
+#include "house/rooms/room_record.h"
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/field_walk.h"
@@ -26,8 +26,8 @@
 #include "tests/house/small_house.h"
 #include "tests/test_hotel.h"
 #include "tests/type_text.h"
-#include "tools/categories.h"
-#include "tools/form_tools.h"
+#include "tools/aids/categories.h"
+#include "tools/aids/form_tools.h"
 
 using namespace hotel;
 

@@ -1,14 +1,14 @@
 #include <QTest>
 
 #include "frontoffice/guest_query.h"
-#include "house/room_record.h"
+#include "house/rooms/room_record.h"
 #include "link/serv_api.h"
 #include "record/conditions.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tests/test_hotel.h"
-#include "tools/query_text.h"
+#include "tools/queries/query_text.h"
 
 namespace hotel {
 

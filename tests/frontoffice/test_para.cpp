@@ -6,8 +6,8 @@
 #include <QTest>
 
 #include "frontoffice/ParaFrm.h"
-#include "house/paths.h"
-#include "house/working_days.h"
+#include "house/common/paths.h"
+#include "house/rooms/working_days.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"

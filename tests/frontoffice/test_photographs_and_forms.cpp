@@ -9,9 +9,9 @@
 #include "frontoffice/PhotoFrm.h"
 #include "frontoffice/photo_capture.h"
 #include "frontoffice/registration_form_print.h"
-#include "house/check_in.h"
-#include "house/guest_text.h"
-#include "house/paths.h"
+#include "house/common/paths.h"
+#include "house/guests/guest_text.h"
+#include "house/stays/check_in.h"
 #include "link/serv_api.h"
 #include "platform/camera.h"
 #include "platform/clock.h"
@@ -24,9 +24,9 @@
 #include "session/parameters.h"
 #include "tests/hotel_test.h"
 #include "tests/house/small_house.h"
-#include "tests/tools/print_items.h"
-#include "tools/PrtPrev.h"
-#include "tools/PrtSubs.h"
+#include "tests/tools/paper/print_items.h"
+#include "tools/paper/PrtPrev.h"
+#include "tools/paper/PrtSubs.h"
 
 using namespace hotel;
 

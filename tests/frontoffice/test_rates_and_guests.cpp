@@ -3,15 +3,15 @@
 
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
-#include "house/rate_table.h"
-#include "house/records.h"
-#include "house/room_record.h"
+#include "house/rooms/rate_table.h"
+#include "house/rooms/room_record.h"
+#include "link/records.h"
 #include "record/literals.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
 #include "tests/test_hotel.h"
-#include "tools/categories.h"
+#include "tools/aids/categories.h"
 
 using namespace hotel;
 

@@ -7,8 +7,8 @@
 #include <QTest>
 
 #include "frontoffice/RoomSet.h"
-#include "house/paths.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/rooms/room_record.h"
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/literals.h"
@@ -20,9 +20,9 @@
 #include "session/operation_log.h"
 #include "tests/hotel_test.h"
 #include "tests/test_hotel.h"
-#include "tools/PrtPrev.h"
-#include "tools/PrtSubs.h"
-#include "tools/photo_frame.h"
+#include "tools/aids/photo_frame.h"
+#include "tools/paper/PrtPrev.h"
+#include "tools/paper/PrtSubs.h"
 
 using namespace hotel;
 

@@ -1,9 +1,9 @@
 #include "tests/house/small_house.h"
 
-#include "house/guest_text.h"
-#include "house/paths.h"
-#include "house/records.h"
-#include "house/room_record.h"
+#include "house/common/paths.h"
+#include "house/guests/guest_text.h"
+#include "house/rooms/room_record.h"
+#include "link/records.h"
 #include "record/field_walk.h"
 #include "record/record_text.h"
 

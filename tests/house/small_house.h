@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "house/working_set.h"
+#include "house/guests/working_set.h"
 #include "tests/test_hotel.h"
 
 namespace hotel {
