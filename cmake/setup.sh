@@ -2,14 +2,15 @@
 
 say() { printf '%s\n' "$*" >&2; }
 
-# Installs the Debian packages of cmake/packages.txt that are not there yet.
+# install_packages [further packages...]: installs the Debian packages of cmake/packages.txt, and those
+# named, that are not there yet.
 install_packages() {
     local missing=() package as_root=()
     while read -r package; do
         [ -n "$package" ] || continue
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
             missing+=("$package")
-    done < cmake/packages.txt
+    done < <(cat cmake/packages.txt; printf '%s\n' "$@")
     [ ${#missing[@]} -eq 0 ] && return 0
     say "Installing: ${missing[*]}"
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
