@@ -14,6 +14,8 @@
 #include "frontoffice/guest_query.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
+#include "shell/SetPass.h"
+#include "shell/Userfrm.h"
 #include "shell/main_menu.h"
 #include "tools/lists/FlmcFrm.h"
 #include "tools/paper/PrtForm.h"
@@ -27,12 +29,11 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"KrhfFrm", u"PicCap",  u"frmWX",    u"frmShw",  u"frmTimer", u"FyxxFrm",  u"YstjFrm",
-    u"JztfFrm", u"Yecy",    u"YybbFrm",  u"Userfrm", u"PicView",  u"GzjhFrm",  u"frmYD",
-    u"Pmxs",    u"ShopSet", u"khxxmain", u"frmYsk",  u"QdjzFrm",  u"Accntfrm", u"Kdjf",
-    u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",
-    u"frmCx",   u"QVRView", u"Xtwh",     u"Gys",     u"Gyxx",     u"QfyjFrm",  u"QfdxFrm",
-    u"PlDyxf",  u"SetPass",
+    u"KrhfFrm", u"PicCap",   u"frmWX",   u"frmShw",  u"frmTimer", u"FyxxFrm", u"YstjFrm",
+    u"JztfFrm", u"Yecy",     u"YybbFrm", u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",
+    u"ShopSet", u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm",
+    u"Wffj",    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",
+    u"QVRView", u"Xtwh",     u"Gys",     u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -64,6 +65,8 @@ void RegisterScreens() {
         u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
+    RegisterScreen(u"SetPass", [] { return new SetPass; });
+    RegisterScreen(u"Userfrm", [] { return new Userfrm; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;
