@@ -5,6 +5,8 @@
 
 #include <array>
 
+#include <QRegularExpression>
+
 #include "link/response_ring.h"
 #include "record/code_page.h"
 #include "record/literals.h"
@@ -28,8 +30,14 @@ public:
         while (!text.isEmpty()) {
             const qsizetype next = text.indexOf(u"<CmdID:", 1);
             const QString piece = next < 0 ? text : text.left(next);
-            if (piece.startsWith(u"<CmdID:") || slots_[write_].size() >= 20001)
-                slots_[write_ = (write_ + 1) % 256].clear();
+            if (piece.startsWith(u"<CmdID:") || slots_[write_].size() >= 20001) {
+                static const QRegularExpression begunMark(u"<[^<>]{0,10}$"_s);
+                const QString begun = piece.startsWith(u"<CmdID:")
+                                          ? QString()
+                                          : begunMark.match(slots_[write_]).captured();
+                slots_[write_].chop(begun.size());
+                slots_[write_ = (write_ + 1) % 256] = begun;
+            }
             slots_[write_] += piece;
             text.remove(0, piece.size());
         }

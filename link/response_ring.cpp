@@ -10,7 +10,8 @@ namespace {
 
 constexpr QStringView kHead = u"<CmdID:";
 constexpr QStringView kEndMark = u"</CmdID:";
-constexpr qsizetype kHeadLength = 11; // "<CmdID:nnn>"
+constexpr qsizetype kHeadLength = 11;    // "<CmdID:nnn>"
+constexpr qsizetype kEndMarkLength = 12; // "</CmdID:nnn>"
 
 } // namespace
 
@@ -18,9 +19,12 @@ void ResponseRing::receive(QStringView text) {
     while (!text.isEmpty()) {
         const qsizetype nextHead = FindText(text, kHead, 1);
         const QStringView piece = nextHead < 0 ? text : text.first(nextHead);
-        if (piece.startsWith(kHead) || slots_[writeIndex_].text.size() >= kFullSlot) {
+        const bool begins = piece.startsWith(kHead);
+        if (begins || slots_[writeIndex_].text.size() >= kFullSlot) {
+            const QString begun = begins ? QString() : slots_[writeIndex_].takeBegunMark();
             writeIndex_ = (writeIndex_ + 1) % kSlots;
             slots_[writeIndex_] = {};
+            slots_[writeIndex_].append(begun);
             if (oldest_ == writeIndex_) // overrun: the one behind is the oldest now
                 oldest_ = (oldest_ + 1) % kSlots;
         }
@@ -95,6 +99,17 @@ void ResponseRing::Slot::cut(qsizetype count) {
     const QString rest = text.sliced(count);
     *this = {};
     append(rest);
+}
+
+QString ResponseRing::Slot::takeBegunMark() {
+    const qsizetype start = text.lastIndexOf(u'<');
+    if (start < 0 || text.size() - start >= kEndMarkLength || text.indexOf(u'>', start) >= 0)
+        return {};
+    const QString begun = text.sliced(start);
+    text.truncate(start);
+    if (!endMarks.isEmpty() && endMarks.last() == start)
+        endMarks.removeLast();
+    return begun;
 }
 
 qsizetype ResponseRing::Slot::find(QStringView endMark) const {

@@ -5,8 +5,8 @@
 //
 // The server sends `<CmdID:nnn>`, the answer's text and `</CmdID:nnn>`, in any number of pieces and
 // several answers in one piece. A head begins a new slot; a slot that has grown to 20001 characters
-// is followed by a new one. An end mark is looked for inside each slot: one that falls on the
-// border of two slots is deliberately never found, and its command ends by time-out.
+// is followed by a new one, which takes the beginning of a mark along that stands at the end of the full
+// one: so a mark always stands whole in one slot, and is looked for in each.
 //
 // Every character is looked at once however often collect() is called: each slot keeps the places
 // of the end marks in it.
@@ -58,6 +58,7 @@ private:
 
         void append(QStringView piece);
         void cut(qsizetype count); // drops the first `count` characters
+        QString takeBegunMark();   // the beginning of a mark at the end, which goes from here
         // Place of `endMark`, which begins with "</CmdID:", or -1.
         qsizetype find(QStringView endMark) const;
     };

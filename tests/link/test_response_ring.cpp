@@ -57,25 +57,27 @@ private Q_SLOTS:
         }
     }
 
-    // An end mark on the border of two slots is lost, one that ends right at it is not.
-    void endMarkAtTheBorderOfSlots() {
-        const auto row = [](const char* name, int ahead, bool found) {
-            const QString body(ResponseRing::kFullSlot - 11 - ahead, u'x');
-            const QString frame = Frame(u"007", body);
+    // A mark may fall on the border of two slots at any of its characters, and on that of the next two.
+    void marksAtTheBorderOfSlots() {
+        const auto row = [](qsizetype border, int ahead) {
+            const QString body(border - 11 - ahead, u'x');
+            const QString stream = Frame(u"007", body) + Frame(u"008", u"behind");
             ResponseRing ring;
-            ring.receive(QStringView(frame).first(ResponseRing::kFullSlot));
-            ring.receive(QStringView(frame).sliced(ResponseRing::kFullSlot));
-            Collect(ring);
-            Check(name, ring.takeAnswer(7), found ? body : QString());
-            ring.receive(Frame(u"008", u"behind"));
-            Collect(ring);
+            for (qsizetype from = 0; from < stream.size(); from += 20001)
+                ring.receive(QStringView(stream).mid(from, 20001));
+            while (ring.hasNews()) {
+                ring.noteScan();
+                Collect(ring);
+            }
+            const QByteArray name =
+                QByteArray::number(border) + " less " + QByteArray::number(ahead);
+            Check(name, ring.takeAnswer(7) == body, true);
             Check(name, ring.takeAnswer(8), u"behind"_s);
         };
-        row("whole ahead of it", 12, true);
-        row("but one character", 11, false);
-        row("split", 5, false);
-        row("one character", 1, false);
-        row("whole behind it", 0, true);
+        for (int ahead = 0; ahead <= 12 + 11; ++ahead) { // end mark and next head
+            for (const qsizetype border : {20001, 40002, 60003})
+                row(border, ahead);
+        }
     }
 
     void answersAndTheirNumbers() {

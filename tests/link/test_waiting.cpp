@@ -29,6 +29,25 @@ private Q_SLOTS:
         }
     }
 
+    // Around the sizes at which slots end and arrivals are full, in one piece and in full arrivals.
+    void answersOfEverySize() {
+        const FrozenClock clock;
+        ScriptedDesk desk;
+        for (const int border : {20001, 40002, 60003, 65536, 131072, 196608}) {
+            for (int size = border - 40; size <= border + 2; ++size) {
+                const QString body(size, u'x');
+                desk.peer.script = [&](const QString&, int number) {
+                    const QByteArray frame = ScriptedPeer::Frame(number, body);
+                    const qsizetype cut = frame.size() > 65536 ? 65536 : frame.size() / 2;
+                    return size % 2 == 0 ? Pieces{frame}
+                                         : Pieces{frame.first(cut), frame.sliced(cut)};
+                };
+                Clock::Advance(1000);
+                QVERIFY2(desk.ask() == body, qPrintable(QString::number(size)));
+            }
+        }
+    }
+
     // What the wire does to a body on its way back: kept bytes, and those that are lost.
     void bodyBytes() {
         const auto row = [](const char* name, const QByteArray& bytes, const QString& answer) {
