@@ -387,6 +387,7 @@ private Q_SLOTS:
         QCOMPARE(night.run(), QStringList{u"    结算101房间的王一的房费成功"_s});
         QCOMPARE(line.writes(), 6);
         QCOMPARE(SettledThrough(u"101"_s), u"2026-03-05"_s);
+        hotel.desk().use();
         hotel.stopServer();
         QCOMPARE(night.run(), QStringList{u"    没有读到客房清单"_s});
         QCOMPARE(night.next, u"2"_s);
