@@ -83,7 +83,8 @@ QWidget* YstjFrm::makeSettings() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(fields);
     layout->addWidget(new QLabel(u"结算房态"_s));
-    layout->addWidget(Jsft, 1);
+    layout->addWidget(Jsft);
+    layout->addStretch(1);
     return settings;
 }
 
