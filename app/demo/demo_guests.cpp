@@ -11,6 +11,7 @@
 #include "house/rooms/room_record.h"
 #include "house/stays/board.h"
 #include "house/stays/check_in.h"
+#include "house/stays/night_audit.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -35,13 +36,16 @@ const Employee kDayClerk = {u"QIANTAI"_s, u"111111"_s};
 const Employee kNightClerk = {u"LIBAN"_s, u"222222"_s};
 const Employee kHousekeeper = {u"KEFANG"_s, u"333333"_s};
 const Employee kEngineer = {u"GONGCHENG"_s, u"121212"_s};
+const Employee kNightAuditor = {u"YESHEN"_s, u"555555"_s};
 
 // How long a clerk takes, in seconds.
 constexpr int kToLogIn = 12;
 constexpr int kToTypeAParty = 140;
 constexpr int kToTakeADeposit = 45;
+constexpr int kALineOfTheAudit = 1; // which nobody types
 constexpr int kToLeave = 30;
 constexpr int kForAll = 300; // so long before the opening the last of them arrives
+const QTime kTimeOfAudit(2, 30);
 
 const Employee& OnDuty(Shift shift, QTime time) {
     switch (shift) {
@@ -88,6 +92,7 @@ public:
     // What the user who is logged in does.
     void checkIn(const DemoParty& party);
     void setStatus(const DemoStatusChange& change);
+    void auditNight();
 
 private:
     void moveTo(const QDateTime& moment);
@@ -250,6 +255,21 @@ void Desk::setStatus(const DemoStatusChange& change) {
     Expect(changed.changed, u"客房 "_s + change.room + u" 的房态没有改变"_s);
 }
 
+// As the main menu opens it. Whatever is no success is logged with words of failure or of an error.
+void Desk::auditNight() {
+    SaveLogRec(u"处理房间数据，生成报表"_s, u"夜审"_s);
+    const NightAudit audit{.auditDate = AuditDate(Clock::Now()),
+                           .statuses = LoadCategory(kSettledStatuses),
+                           .department = CurrentSession().userDept,
+                           .auditor = CurrentSession().userName,
+                           .log = [this](const QString& line) {
+                               Expect(!line.contains(u"失败") && !line.contains(u"错误"), line);
+                               goOn(kALineOfTheAudit);
+                           }};
+    for (QString tag = kFirstAuditStep.toString(); !tag.isEmpty();)
+        tag = RunAuditStep(tag, audit);
+}
+
 struct Event {
     QDateTime at;
     Employee by;
@@ -266,6 +286,9 @@ QList<Event> EventsBefore(const QDateTime& opening) {
         add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
     for (const DemoStatusChange& change : DemoStatusChanges())
         add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
+    QDateTime night(std::ranges::min(events, {}, &Event::at).at.date(), kTimeOfAudit);
+    while ((night = night.addDays(1)).addSecs(kForAll) <= opening)
+        events.append({night, kNightAuditor, [](Desk& desk) { desk.auditNight(); }});
     std::ranges::stable_sort(events, {}, &Event::at);
     return events;
 }

@@ -13,6 +13,7 @@
 #include "platform/clock.h"
 #include "record/field_walk.h"
 #include "record/literals.h"
+#include "record/numbers.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
@@ -37,7 +38,24 @@ struct House {
     QMap<QString, QSet<QString>> roomsByFolio;
     QSet<QString> documents;
     QSet<QString> arrivalDates;
+    QMap<QString, Money> roomCharges; // by folio, reckoned by nights and prices
+    int roomNights = 0;
 };
+
+// Nights of a guest up to the last audit, which is done at half past two.
+int NightsOf(const QString& guest) {
+    const QDate arrival = QDate::fromString(GetTag(guest, guest_text::kArrivalDate), Qt::ISODate);
+    const QDateTime now = Clock::Now();
+    const bool audited = now.time() >= QTime(2, 35);
+    return int(arrival.daysTo(now.date())) - (audited ? 0 : 1);
+}
+
+Money SumOf(const QString& project) {
+    Money sum;
+    for (FieldWalk posting(project); posting.next();)
+        sum += Money::FromText(GetTag(posting.value(), posting::kAmount));
+    return sum;
+}
 
 int RecordsOf(const QString& project) {
     int records = 0;
@@ -55,6 +73,7 @@ class DemoGuestsTest : public QObject {
     static void checkGuest(House& house, const QString& room, int bed, const QString& guest) {
         using namespace guest_text;
         const QString folio = GetTag(guest, kFolio);
+        const QString status = GetTag(guest, kStatus);
         const QString arrived = GetTag(guest, kArrivalDate) + u' ' + GetTag(guest, kArrivalTime);
         const QString held = GetTag(FindOpenFolio(folio).value_or(QString()), room);
         QCOMPARE(TestKrRecFail(guest), 0);
@@ -66,6 +85,10 @@ class DemoGuestsTest : public QObject {
         if (GetTag(guest, kDocumentKind) == kIdentityCard) {
             QVERIFY(HasItsCheckCharacter(GetTag(guest, kDocumentNumber)));
             QVERIFY(!GetTag(guest, kAddress).split(u',').contains(QString()));
+        }
+        if (status != u"钟点" && status != u"免费" && (bed == 1 || status == u"散客")) {
+            for (int night = NightsOf(guest); night > 0; --night, ++house.roomNights)
+                house.roomCharges[folio] += Money::FromText(GetTag(guest, kPrice));
         }
         house.roomsByFolio[folio].insert(room);
         house.documents.insert(GetTag(guest, kDocumentNumber));
@@ -143,6 +166,24 @@ private Q_SLOTS:
         }
         QCOMPARE(registered, house.guests);
         QCOMPARE(journalled, int(folios.size()));
+
+        const QString charges = PostingProject(kRoomPosting);
+        Money journal;
+        int nights = 0;
+        for (int day = 0; day <= 30; ++day) {
+            const QString file = JournalFile(charges, Clock::Today().addDays(-day));
+            journal += SumOf(ReadProject(file, charges));
+            nights += RecordsOf(ReadProject(file, charges));
+        }
+        Money ledgers;
+        for (const QString& folio : folios) {
+            const Money ledger = SumOf(ReadProject(LedgerFile(folio), charges));
+            QCOMPARE(ledger.text(), house.roomCharges.value(folio).text());
+            ledgers += ledger;
+        }
+        QCOMPARE(journal.text(), ledgers.text());
+        QCOMPARE(nights, house.roomNights);
+        QVERIFY(nights > 40);
         for (const QString& folio : folios)
             QVERIFY(!LoadJzhLastRec(folio, PostingProject(kDepositPosting)).isEmpty());
     }
