@@ -3,13 +3,13 @@
 // What one night costs a bed, and through which date the bed is settled then. The night audit asks this for
 // every bed that it comes to; the charge is the factor times the agreed price.
 //
-//     the bed                                                     charge   settled through
-//     settled through the audit date, or beyond it                none     as it was; the bed isn't written
-//     settled through an earlier date                             full     one day further
-//     never settled; came ahead of Yjbj (his night is yesterday's) full    the date of arrival
-//     never settled; came from Yjbj to XYtks, both included       half     the date of arrival
-//     never settled; came later, on a day ahead of the audit date full     the day behind his arrival
-//     never settled; came later, on the audit date                none     the date of arrival
+//     the bed                                                        charge   settled through
+//     settled through the audit date, or beyond it                   none     as it was: it isn't written
+//     settled through an earlier date                                full     one day further
+//     never settled, came ahead of Yjbj                              full     the date of arrival
+//     never settled, came from Yjbj to XYtks, both included          half     the date of arrival
+//     never settled, came later, on a day ahead of the audit date    full     the day behind his arrival
+//     never settled, came later, on the audit date                   none     the date of arrival
 //
 // The first line that fits holds. Whether a guest came ahead of the noon limit (Bjsx1) or behind it makes no
 // difference to his night: that is reckoned when he leaves.
@@ -26,10 +26,9 @@
 namespace hotel {
 
 struct NightBed {
-    QStringView
-        settledThrough; // 结算日期, "yyyy-MM-dd"; empty until the first audit that reaches the bed
-    QStringView arrivalDate; // 入住日期, likewise
-    QStringView arrivalTime; // 入住时间, of which HH:mm counts
+    QStringView settledThrough; // 结算日期, "yyyy-MM-dd"; empty: never settled
+    QStringView arrivalDate;    // 入住日期, likewise
+    QStringView arrivalTime;    // 入住时间, of which HH:mm counts
     QStringView auditDate;
 };
 

@@ -115,8 +115,8 @@ void SettleRoom(const QString& room, const NightAudit& audit) {
 bool SettleRooms(const NightAudit& audit) {
     const QString statuses = Joined(audit.statuses);
     const QList<RoomEntry> rooms = LoadRooms();
-    if (rooms.isEmpty())
-        audit.log(kResultLead + u"没有读到客房清单"_s);
+    if (rooms.isEmpty() || audit.statuses.isEmpty())
+        audit.log(kResultLead + (rooms.isEmpty() ? u"没有读到客房清单"_s : u"没有读到结算房态"_s));
     for (int n = 0; n < rooms.size(); ++n) {
         if (!GoesOn(audit.progress, n, int(rooms.size())))
             return false;

@@ -22,7 +22,8 @@
 // pays once, by that bed. Check-in writes no 散住客人 (a guest who shares his room carries 散住), so that the
 // status decides.
 //
-// Nothing stops the audit. What fails is logged, and the walk goes on; a bed whose charge could not be posted
+// Nothing stops the audit. What fails is logged, and the walk goes on (a room whose guests can't be read is left
+// for the next audit, and so is a house whose rooms or statuses can't); a bed whose charge could not be posted
 // is settled through its new date all the same, and a charge whose date could not be written is posted once
 // more by the next audit.
 
@@ -38,8 +39,9 @@
 
 namespace hotel {
 
-inline constexpr QStringView kSettledStatuses =
-    u"结算房态"; // category of the statuses that are settled
+// Category of the statuses whose rooms are settled.
+inline constexpr QStringView kSettledStatuses = u"结算房态";
+
 inline constexpr QStringView kFirstAuditStep = u"0";
 
 // The date that an audit begun at this moment bears, "yyyy-MM-dd": behind 18:00:00 that of the next day, so

@@ -388,6 +388,8 @@ private Q_SLOTS:
         QCOMPARE(line.writes(), 6);
         QCOMPARE(SettledThrough(u"101"_s), u"2026-03-05"_s);
         hotel.desk().use();
+        night.audit.statuses.clear();
+        QCOMPARE(night.run(), QStringList{u"    没有读到结算房态"_s});
         hotel.stopServer();
         QCOMPARE(night.run(), QStringList{u"    没有读到客房清单"_s});
         QCOMPARE(night.next, u"2"_s);
