@@ -130,6 +130,14 @@ bool CheckFolios(const NightAudit& audit) {
     return Jzhjc(audit.progress);
 }
 
+struct AuditStep {
+    QStringView tag;
+    QStringView words;               // of its line in the log
+    bool dated;                      // date and time stand ahead of the words
+    bool (*work)(const NightAudit&); // false when it was stopped; null: the step is its line alone
+    QStringView next;                // tag of the step behind it
+};
+
 constexpr AuditStep kSteps[] = {
     {kFirstAuditStep, u"夜审开始：", true, nullptr, u"1"},
     {u"1", u"1:结算房费：", false, SettleRooms, u"2"},
@@ -153,10 +161,6 @@ QString Moment() {
 QString AuditDate(const QDateTime& now) {
     const bool evening = now.toString(u"HH:mm:ss") > kEveningBegins;
     return now.date().addDays(evening ? 1 : 0).toString(u"yyyy-MM-dd");
-}
-
-std::span<const AuditStep> AuditSteps() {
-    return kSteps;
 }
 
 QString RunAuditStep(QStringView tag, const NightAudit& audit) {

@@ -33,7 +33,6 @@
 #include <QStringView>
 
 #include <functional>
-#include <span>
 
 #include "house/common/walk_progress.h"
 
@@ -50,27 +49,17 @@ QString AuditDate(const QDateTime& now);
 
 struct NightAudit {
     QString auditDate;
-    QStringList statuses; // to be settled: a room whose status occurs in one of these is
-    QString department;   // of the auditor, as in the charges
-    QString auditor;      // likewise
+    QStringList
+        statuses; // a room is settled whose status occurs in them, joined with "," behind each
+    QString department; // of the auditor, as in the charges
+    QString auditor;    // likewise
     std::function<void(const QString& line)> log;
     WalkProgress progress = {}; // within a step
 };
 
-struct AuditStep {
-    QStringView tag;
-    QStringView words; // of its line in the log
-    bool dated;        // date and time stand ahead of the words
-    bool (*work)(
-        const NightAudit& audit); // false when it was stopped; null: the step is its line alone
-    QStringView next;             // tag of the step behind it
-};
-
-// Seven of them are lines of the log and nothing more: they keep the place of checks to come.
-std::span<const AuditStep> AuditSteps();
-
-// Logs the step of this tag, does its work and gives the tag of the next one; empty behind the last step and
-// where the audit was stopped, which is logged. An unknown tag does nothing.
+// Logs the step of this tag ("0" to "10"), does its work and gives the tag of the next one; empty behind the
+// last step and where the audit was stopped, which is logged. An unknown tag does nothing. Steps 3 to 9 are
+// lines of the log and nothing more: they keep the place of checks to come.
 QString RunAuditStep(QStringView tag, const NightAudit& audit);
 
 } // namespace hotel
