@@ -10,6 +10,7 @@
 #include "cashier/audit_log.h"
 #include "house/guests/guest_text.h"
 #include "house/rooms/room_record.h"
+#include "link/records.h"
 #include "platform/clock.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
@@ -117,6 +118,7 @@ private Q_SLOTS:
         hotel_->setServerClock(evening);
         CurrentSession().userDept = u"财务部"_s;
         Screen* audit = Begun();
+        QTest::keyClicks(In<QLineEdit>(audit, "Jsrq"), u"1"_s); // is shown, not typed
         QCOMPARE(In<QLineEdit>(audit, "Jsrq")->text(), u"2026-03-05"_s);
         QCOMPARE(In<QLineEdit>(audit, "Jsr")->text(), u"系统管理员"_s);
         QCOMPARE(In<QLineEdit>(audit, "Jbdw")->text(), u"财务部"_s);
@@ -217,6 +219,10 @@ private Q_SLOTS:
         QVERIFY(last[0].endsWith(u"第95行"_s));
         QVERIFY(last[2].endsWith(u"共3页，第3页　制表人：赵国强"_s));
 
+        SaveRecord(u"dygs\\half.QVR", u"正文", u"夜审记录清单",
+                   u"<字体>楷体</字体><粗体>1</粗体><左边界>1</左边界>");
+        SetParam(u"YsjlFmt", u"half.QVR"_s);
+        QCOMPARE(ItemTexts(print(1).previewPage(1)).first(), u"text 1417,850 楷体12B     第1行"_s);
         SetParam(u"YsjlFmt", u"missing.QVR"_s);
         const QStringList plain = ItemTexts(print(2).previewPage(1));
         QCOMPARE(plain[0], u"text 850,850 黑体12     第1行"_s);
@@ -245,10 +251,19 @@ private Q_SLOTS:
             return told.join(u'|');
         };
         const QString asks = u"保存文件提示: 本次夜审记录的存放文件名："_s;
+        const auto status = [audit] {
+            QStringList texts;
+            for (const QLabel* label : audit->findChildren<QLabel*>())
+                texts.append(label->text());
+            return texts.join(u'|');
+        };
+        QVERIFY(status().contains(u"夜审记录共 11 行"_s));
         QCOMPARE(press({}), asks);
         QCOMPARE(press(QString()), asks);
         QVERIFY(QDir(u"Txt"_s).isEmpty());
+        QVERIFY(!status().contains(u"已经保存"_s));
         QCOMPARE(press(u"Txt\\夜审.txt"_s), asks);
+        QVERIFY(status().contains(u"已经保存"_s));
         const QString text = FileText(u"Txt/夜审.txt"_s);
         QVERIFY(text.startsWith(u" 2026-03-05 10:00:00夜审开始：\r\n 1:结算房费：\r\n"_s));
         QVERIFY(text.endsWith(u" 9:数据备份\r\n 2026-03-05 10:00:00夜审结束！\r\n\r\n"_s));
