@@ -5,6 +5,7 @@
 #include "app/tour/tour.h"
 #include "platform/clock.h"
 #include "record/literals.h"
+#include "screen/grid_view.h"
 #include "screen/open_screen.h"
 #include "shell/mainfrm.h"
 
@@ -46,14 +47,27 @@ void AuditTheNight(Tour& tour) {
     audit.close();
 }
 
+// Who has used up his credit after this night?
+void LookAtBalances(Tour& tour) {
+    tour.messages().answerNext(u"600"_s);
+    tour.press(tour.mainWindow(), u"Yecy_cmd"_s);
+    Screen& list = tour.opened(u"CmnGrd"_s);
+    const auto* rows = list.findChild<GridView*>(u"GrdView"_s);
+    tour.waitFor([rows] { return rows->isVisible() && rows->table().dataRows() > 5; },
+                 u"余额没有列出"_s);
+    tour.picture(list, u"余额查验"_s);
+    list.close();
+}
+
 } // namespace
 
-// The night auditor comes too early first, then charges the night and prints its log.
+// The night auditor comes too early first, then charges the night, prints its log and looks at the balances.
 void TourOfNightAudit(Tour& tour) {
     tour.logIn(u"YESHEN"_s, u"555555"_s);
     tour.press(tour.mainWindow(), u"Syjs_cmd"_s);
     TryTooEarly(tour);
     AuditTheNight(tour);
+    LookAtBalances(tour);
     Clock::Resume();
     tour.leave();
 }
