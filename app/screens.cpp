@@ -5,6 +5,8 @@
 
 #include "cashier/Jzhfrm.h"
 #include "cashier/JzhxxFrm.h"
+#include "cashier/YstjFrm.h"
+#include "cashier/balance_list.h"
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
@@ -29,11 +31,11 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"KrhfFrm", u"PicCap",   u"frmWX",   u"frmShw",  u"frmTimer", u"FyxxFrm", u"YstjFrm",
-    u"JztfFrm", u"Yecy",     u"YybbFrm", u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",
-    u"ShopSet", u"khxxmain", u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm",
-    u"Wffj",    u"frmBm",    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",
-    u"QVRView", u"Xtwh",     u"Gys",     u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
+    u"KrhfFrm", u"PicCap",  u"frmWX",    u"frmShw",  u"frmTimer", u"FyxxFrm", u"JztfFrm",
+    u"YybbFrm", u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",     u"ShopSet", u"khxxmain",
+    u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm",  u"Wffj",    u"frmBm",
+    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",    u"QVRView", u"Xtwh",
+    u"Gys",     u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -43,6 +45,7 @@ struct Inquiry {
 };
 constexpr Inquiry kInquiries[] = {
     {u"Czjl", OpenOperationLogQuery},
+    {u"Yecy", OpenBalanceList},
     {u"Zkcx", OpenGuestQuery},
 };
 
@@ -67,6 +70,7 @@ void RegisterScreens() {
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });
+    RegisterScreen(u"YstjFrm", [] { return new YstjFrm; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;

@@ -46,10 +46,10 @@ double Nanoseconds(Work&& work, Time time = Time::Passing) {
 
 // Time of `work` by that of `floor`, each divided by how many things it does. Both are measured by
 // turns, so that a busy machine burdens both alike; the median of the rounds is taken.
-template<typename Work, typename Floor>
+template<size_t kRounds = 15, typename Work, typename Floor>
 double MedianRatio(Work&& work, Floor&& floor, double workThings = 1, double floorThings = 1,
                    Time time = Time::Passing) {
-    std::array<double, 15> ratios;
+    std::array<double, kRounds> ratios;
     for (double& ratio : ratios)
         ratio = (Nanoseconds(work, time) / workThings) / (Nanoseconds(floor, time) / floorThings);
     std::sort(ratios.begin(), ratios.end());

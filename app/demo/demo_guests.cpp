@@ -1,7 +1,10 @@
 #include "app/demo/demo_guests.h"
 
+#include <QMap>
+
 #include <algorithm>
 
+#include "app/demo/consumption.h"
 #include "app/demo/parties.h"
 #include "house/folios/folio_posting.h"
 #include "house/guests/guest_form.h"
@@ -11,6 +14,7 @@
 #include "house/rooms/room_record.h"
 #include "house/stays/board.h"
 #include "house/stays/check_in.h"
+#include "house/stays/night_audit.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -35,13 +39,20 @@ const Employee kDayClerk = {u"QIANTAI"_s, u"111111"_s};
 const Employee kNightClerk = {u"LIBAN"_s, u"222222"_s};
 const Employee kHousekeeper = {u"KEFANG"_s, u"333333"_s};
 const Employee kEngineer = {u"GONGCHENG"_s, u"121212"_s};
+const Employee kNightAuditor = {u"YESHEN"_s, u"555555"_s};
+const Employee kCashier = {u"SHOUYIN"_s, u"444444"_s};
+const Employee kExchange = {u"ZONGJI"_s, u"888888"_s};
+const Employee kOutlet = {u"CANYIN"_s, u"999999"_s};
 
 // How long a clerk takes, in seconds.
 constexpr int kToLogIn = 12;
 constexpr int kToTypeAParty = 140;
 constexpr int kToTakeADeposit = 45;
+constexpr int kToPost = 20;
+constexpr int kALineOfTheAudit = 1; // which nobody types
 constexpr int kToLeave = 30;
 constexpr int kForAll = 300; // so long before the opening the last of them arrives
+const QTime kTimeOfAudit(2, 30);
 
 const Employee& OnDuty(Shift shift, QTime time) {
     switch (shift) {
@@ -53,6 +64,46 @@ const Employee& OnDuty(Shift shift, QTime time) {
         break;
     }
     return time.hour() >= 7 && time.hour() < 19 ? kDayClerk : kNightClerk;
+}
+
+// What an outlet posts: who, from which category it takes its names, the fields in their order of writing, and
+// what the log says.
+struct Outlet {
+    PostingKind kind;
+    const Employee& by;
+    QStringView names;
+    QList<QStringView> fields;
+    QStringView operation;
+};
+const Outlet kOutlets[] = {
+    {kFoodPosting,
+     kOutlet,
+     u"餐饮娱乐服务种类",
+     {u"费用名称", u"结算地点", u"计量单位", u"数量", u"房间号", u"客人", u"日期", u"时间", u"金额",
+      u"备注", u"经办单位", u"经办人"},
+     u"餐饮娱乐服务增加操作"},
+    {kBroadbandPosting,
+     kCashier,
+     u"宽带业务名称",
+     {u"费用名称", u"房间号", u"客人", u"网络端口", u"时长", u"日期", u"时间", u"基本金额",
+      u"服务费", u"金额", u"经办单位", u"经办人"},
+     u"宽带网络费用增加操作"},
+    {kTelephonePosting,
+     kExchange,
+     u"电信业务名称",
+     {u"费用名称", u"房间号", u"客人", u"主叫电话", u"结算地点", u"时长", u"日期", u"时间",
+      u"通达地区", u"话费金额", u"服务费", u"金额", u"被叫号码", u"经办单位", u"经办人"},
+     u"电话费用服务增加操作"},
+    {kServicePosting,
+     kHousekeeper,
+     u"客房服务种类",
+     {u"服务类别", u"服务明细", u"计量单位", u"数量", u"金额", u"房间号", u"客人", u"日期", u"时间",
+      u"经办单位", u"经办人"},
+     u"客房服务增加操作"},
+};
+
+const Outlet& OutletOf(PostingKind kind) {
+    return *std::ranges::find(kOutlets, kind, &Outlet::kind);
 }
 
 void Expect(bool came, const QString& words) {
@@ -88,6 +139,8 @@ public:
     // What the user who is logged in does.
     void checkIn(const DemoParty& party);
     void setStatus(const DemoStatusChange& change);
+    void auditNight();
+    void post(const DemoPosting& posting);
 
 private:
     void moveTo(const QDateTime& moment);
@@ -250,6 +303,56 @@ void Desk::setStatus(const DemoStatusChange& change) {
     Expect(changed.changed, u"客房 "_s + change.room + u" 的房态没有改变"_s);
 }
 
+// As the main menu opens it. Whatever is no success is logged with words of failure or of an error.
+void Desk::auditNight() {
+    SaveLogRec(u"处理房间数据，生成报表"_s, u"夜审"_s);
+    const NightAudit audit{.auditDate = AuditDate(Clock::Now()),
+                           .statuses = LoadCategory(kSettledStatuses),
+                           .department = CurrentSession().userDept,
+                           .auditor = CurrentSession().userName,
+                           .log = [this](const QString& line) {
+                               Expect(!line.contains(u"失败") && !line.contains(u"错误"), line);
+                               goOn(kALineOfTheAudit);
+                           }};
+    for (QString tag = kFirstAuditStep.toString(); !tag.isEmpty();)
+        tag = RunAuditStep(tag, audit);
+}
+
+// The first guest of the room signs. A call and the network cost their fee and the house's service.
+void Desk::post(const DemoPosting& posted) {
+    const Outlet& outlet = OutletOf(posted.kind);
+    const QString guest = GetTag(GetKfrzxx(posted.room), GuestTag(1));
+    const QString room = GetKfjbxx(posted.room);
+    QMap<QStringView, QString> values;
+    for (const auto& [tag, value] : posted.fields)
+        values[tag] = value.toString();
+    Picked(posted.fields.first().second, outlet.names);
+    const bool byTheMinute = posted.kind == kBroadbandPosting || posted.kind == kTelephonePosting;
+    const Money fee = Money::FromText(values[u"话费金额"]) + Money::FromText(values[u"基本金额"]);
+    if (byTheMinute)
+        values[posting::kAmount] = (fee + Money::FromText(values[u"服务费"])).text();
+    values[u"房间号"] = posted.room.toString();
+    values[u"客人"] = GetTag(guest, kName);
+    values[u"主叫电话"] = GetTag(room, room_record::kTelephone);
+    values[u"网络端口"] = GetTag(room, room_record::kNetworkPort);
+    values[u"日期"] = Clock::DateText();
+    values[u"时间"] = Clock::TimeText().left(byTheMinute ? 5 : 8);
+    values[u"经办单位"] = CurrentSession().userDept;
+    values[u"经办人"] = CurrentSession().userName;
+
+    QString record;
+    for (const QStringView tag : outlet.fields)
+        record = SetTag(record, tag, values[tag]);
+    const QString folio = GetTag(guest, kFolio);
+    Expect(SaveBills(folio, posted.kind, record).status == 0,
+           u"客房 "_s + posted.room + u" 的费用没有保存"_s);
+    SaveLogRec(outlet.operation.toString(),
+               QStringList{folio, posted.fields.first().second.toString(), values[u"客人"],
+                           values[posting::kAmount]}
+                   .join(u','));
+    goOn(kToPost);
+}
+
 struct Event {
     QDateTime at;
     Employee by;
@@ -266,6 +369,12 @@ QList<Event> EventsBefore(const QDateTime& opening) {
         add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
     for (const DemoStatusChange& change : DemoStatusChanges())
         add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
+    for (const DemoPosting& posting : DemoPostings())
+        events.append({posting.at.from(opening), OutletOf(posting.kind).by,
+                       [&posting](Desk& desk) { desk.post(posting); }});
+    QDateTime night(std::ranges::min(events, {}, &Event::at).at.date(), kTimeOfAudit);
+    while ((night = night.addDays(1)).addSecs(kForAll) <= opening)
+        events.append({night, kNightAuditor, [](Desk& desk) { desk.auditNight(); }});
     std::ranges::stable_sort(events, {}, &Event::at);
     return events;
 }

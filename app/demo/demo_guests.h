@@ -1,7 +1,8 @@
 #pragma once
 
 // Brings the demo hotel to life: checks the parties of parties.h in through the acts of the front desk,
-// each at its moment and by the clerk on duty, posts their deposits and sets some statuses by hand.
+// each at its moment and by the clerk on duty, posts their deposits and what they consumed, sets some statuses
+// by hand, and audits every night since the first of them arrived.
 
 #include <QDateTime>
 #include <functional>

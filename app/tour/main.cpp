@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
         TourOfParties(tour);
         TourOfBoard(tour);
         TourOfFolio(tour);
+        TourOfNightAudit(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);

@@ -78,6 +78,7 @@ void TourOfRooms(Tour& tour);
 void TourOfParties(Tour& tour);
 void TourOfBoard(Tour& tour);
 void TourOfFolio(Tour& tour);
+void TourOfNightAudit(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 

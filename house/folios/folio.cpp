@@ -138,13 +138,16 @@ int DelJzh(QStringView folio) {
     return result + SaveRecord(file, folio_record::kProject, number, *record);
 }
 
-void Jzhjc() {
-    const QStringList folios = LoadJzhQd();
-    for (const QString& folio : folios.first(qMin(folios.size(), qsizetype(kFolioCheckLimit)))) {
-        const auto record = FindOpenFolio(folio);
+bool Jzhjc(const WalkProgress& progress) {
+    const QStringList folios = LoadJzhQd().mid(0, kFolioCheckLimit);
+    for (int n = 0; n < folios.size(); ++n) {
+        if (!GoesOn(progress, n, int(folios.size())))
+            return false;
+        const auto record = FindOpenFolio(folios[n]);
         if (record && !HoldsRoom(*record))
-            DelJzh(folio);
+            DelJzh(folios[n]);
     }
+    return true;
 }
 
 int SaveJzhLsRec(QStringView folio, const QString& openRecord) {

@@ -29,6 +29,7 @@
 #include <optional>
 
 #include "house/common/folio_number.h"
+#include "house/common/walk_progress.h"
 
 namespace hotel {
 
@@ -69,8 +70,9 @@ int DelKrFromJzh(QStringView folio, QStringView room, int bed);
 int DelJzh(QStringView folio);
 
 // Retires the folios that hold no room any more. Rooms are told by their names, which begin with a
-// number above 0: a folio whose rooms are all named by letters is retired, deliberately.
-void Jzhjc();
+// number above 0: a folio whose rooms are all named by letters is retired, deliberately. False when it
+// was stopped.
+bool Jzhjc(const WalkProgress& progress = {});
 
 // Append to the ledger: the open record as it stands, a settlement, the stay of a room.
 int SaveJzhLsRec(QStringView folio, const QString& openRecord);

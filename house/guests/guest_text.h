@@ -72,6 +72,7 @@ inline constexpr QStringView kStatus = u"房态";
 inline constexpr QStringView kRoomType = u"客房类型";
 inline constexpr QStringView kRateKind = u"房价种类";
 inline constexpr QStringView kPrice = u"确认房价";
+inline constexpr QStringView kSettledThrough = u"结算日期";
 } // namespace guest_text
 
 inline constexpr QStringView kIdentityCard = u"身份证";

@@ -5,6 +5,7 @@
 #include "house/common/paths.h"
 #include "house/folios/folio.h"
 #include "house/folios/folio_posting.h"
+#include "house/folios/folio_totals.h"
 #include "house/guests/guest_text.h"
 #include "house/guests/stay_register.h"
 #include "house/rooms/room_record.h"
@@ -13,6 +14,7 @@
 #include "platform/clock.h"
 #include "record/field_walk.h"
 #include "record/literals.h"
+#include "record/numbers.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "tests/hotel_test.h"
@@ -37,7 +39,29 @@ struct House {
     QMap<QString, QSet<QString>> roomsByFolio;
     QSet<QString> documents;
     QSet<QString> arrivalDates;
+    QMap<QString, Money> roomCharges; // by folio, reckoned by nights and prices
 };
+
+// Nights of a guest up to the last audit, which is done at half past two.
+int NightsOf(const QString& guest) {
+    const QDate arrival = QDate::fromString(GetTag(guest, guest_text::kArrivalDate), Qt::ISODate);
+    const QDateTime now = Clock::Now();
+    const bool audited = now.time() >= QTime(2, 35);
+    return int(arrival.daysTo(now.date())) - (audited ? 0 : 1);
+}
+
+// Sums of the postings by project, folio and day, in ten-thousandths; a journal tells the folio, a ledger the
+// day.
+void AddUp(QMap<QString, qint64>& sums, const QString& project, const QString& postings,
+           const QString& folio, QDate day) {
+    for (FieldWalk posting(postings); posting.next();) {
+        const QString key = u"%1 %2 %3"_s.arg(
+            project, folio.isEmpty() ? GetTag(posting.value(), u"结账号") : folio,
+            day.isValid() ? day.toString(u"yyyy-MM-dd") : GetTag(posting.value(), u"日期"));
+        for (const QStringView amount : {u"金额", u"实收金额", u"信用金额"})
+            sums[key] += Money::FromText(GetTag(posting.value(), amount)).units();
+    }
+}
 
 int RecordsOf(const QString& project) {
     int records = 0;
@@ -55,6 +79,7 @@ class DemoGuestsTest : public QObject {
     static void checkGuest(House& house, const QString& room, int bed, const QString& guest) {
         using namespace guest_text;
         const QString folio = GetTag(guest, kFolio);
+        const QString status = GetTag(guest, kStatus);
         const QString arrived = GetTag(guest, kArrivalDate) + u' ' + GetTag(guest, kArrivalTime);
         const QString held = GetTag(FindOpenFolio(folio).value_or(QString()), room);
         QCOMPARE(TestKrRecFail(guest), 0);
@@ -66,6 +91,10 @@ class DemoGuestsTest : public QObject {
         if (GetTag(guest, kDocumentKind) == kIdentityCard) {
             QVERIFY(HasItsCheckCharacter(GetTag(guest, kDocumentNumber)));
             QVERIFY(!GetTag(guest, kAddress).split(u',').contains(QString()));
+        }
+        if (status != u"钟点" && status != u"免费" && (bed == 1 || status == u"散客")) {
+            for (int night = NightsOf(guest); night > 0; --night)
+                house.roomCharges[folio] += Money::FromText(GetTag(guest, kPrice));
         }
         house.roomsByFolio[folio].insert(room);
         house.documents.insert(GetTag(guest, kDocumentNumber));
@@ -98,6 +127,7 @@ private Q_SLOTS:
         QTest::addColumn<QTime>("time");
         QTest::newRow("in the morning") << QTime(10, 0);
         QTest::newRow("just behind midnight") << QTime(0, 4, 30);
+        QTest::newRow("as the first arrive") << QTime(7, 25);
         QTest::newRow("late") << QTime(23, 59, 59);
     }
 
@@ -133,18 +163,29 @@ private Q_SLOTS:
         QCOMPARE(largest, 12);
 
         int registered = 0;
-        int journalled = 0;
-        for (const QString& date : house.arrivalDates) {
+        for (const QString& date : house.arrivalDates)
             registered += RecordsOf(
                 ReadProject(StayRegisterFile(date, Clock::Today()), stay_register::kProject));
-            const QString project = PostingProject(kDepositPosting);
-            journalled += RecordsOf(
-                ReadProject(JournalFile(project, QDate::fromString(date, u"yyyy-MM-dd")), project));
-        }
         QCOMPARE(registered, house.guests);
-        QCOMPARE(journalled, int(folios.size()));
-        for (const QString& folio : folios)
-            QVERIFY(!LoadJzhLastRec(folio, PostingProject(kDepositPosting)).isEmpty());
+
+        // Every posting of a ledger stands in the journal of its day, and no other does.
+        QMap<QString, qint64> ledgers;
+        QMap<QString, qint64> journals;
+        for (int kind = kDepositPosting; kind <= kServicePosting; ++kind) {
+            const QString project = PostingProject(kind);
+            for (const QString& folio : folios)
+                AddUp(ledgers, project, ReadProject(LedgerFile(folio), project), folio, {});
+            for (int ago = 0; ago <= 30; ++ago) {
+                const QDate day = Clock::Today().addDays(-ago);
+                AddUp(journals, project, ReadProject(JournalFile(project, day), project), {}, day);
+            }
+        }
+        QCOMPARE(journals, ledgers);
+        for (const QString& folio : folios) {
+            const std::optional<FolioTotals> totals = LoadFolioTotals(folio);
+            QCOMPARE(totals->ofKind[kRoomPosting].text(), house.roomCharges.value(folio).text());
+            QVERIFY(totals->credit + totals->received > Money());
+        }
     }
 
     // A house that isn't empty takes no second party in the same beds, and says so.

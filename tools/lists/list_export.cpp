@@ -41,18 +41,6 @@ QString Today() {
     return Clock::Today().toString(u"yyMMdd");
 }
 
-// Names come with the backslashes of the parameters ("Txt\房态260305.txt") and with folders that need
-// not be there yet.
-bool WriteFile(const QString& name, const QString& text) {
-    const QString path = QString(name).replace(u'\\', u'/');
-    QDir().mkpath(QFileInfo(path).path());
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
-        return true;
-    MsgBox(u"文件无法生成!"_s, u"错误"_s);
-    return false;
-}
-
 // The width of each column that takes its widest text, and two more between the columns.
 QList<int> WidestTexts(const TextTable& list) {
     constexpr int kGap = 2;
@@ -102,12 +90,22 @@ int DisplayColumns(int pixels) {
     return pixels * kTwipsPerPixel / 100 + 2;
 }
 
+bool WriteTextFile(const QString& name, const QString& text) {
+    const QString path = QString(name).replace(u'\\', u'/');
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
+        return true;
+    MsgBox(u"文件无法生成!"_s, u"错误"_s);
+    return false;
+}
+
 bool SaveListFile(const TextTable& list, QStringView layout, const QList<int>& widths) {
     if (list.dataRows() == 0)
         return false;
     const QString name =
         AskSaveFile(u"文件保存"_s, Today() + u"清单.txt"_s, u"(文本文档)|*.txt|(所有文件)|*.*"_s);
-    if (name.isEmpty() || !WriteFile(name, ExportText(list, layout, widths)))
+    if (name.isEmpty() || !WriteTextFile(name, ExportText(list, layout, widths)))
         return false;
     TimedMessage(u"表格内容已经成功保存在:"_s + name, u"文件保存"_s, kSavedNote);
     return true;
@@ -121,7 +119,7 @@ bool SaveGridToText(const TextTable& list, const QString& listName, const QStrin
     const QString name = InputBox(listName + u"的存放文件名："_s, u"保存文件提示"_s,
                                   proposedName.isEmpty() ? inProgramFolder : proposedName)
                              .value_or(QString());
-    return !name.isEmpty() && WriteFile(name, ExportText(list, kAligned, WidestTexts(list)));
+    return !name.isEmpty() && WriteTextFile(name, ExportText(list, kAligned, WidestTexts(list)));
 }
 
 } // namespace hotel

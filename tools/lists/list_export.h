@@ -34,6 +34,10 @@ int DisplayWidth(QStringView text);
 // Display columns of a column of a grid that is `pixels` wide.
 int DisplayColumns(int pixels);
 
+// Writes a text file. Names come with the backslashes of the parameters ("Txt\房态260305.txt") and with
+// folders that need not be there yet. False when it can't be made, which the user is told.
+bool WriteTextFile(const QString& name, const QString& text);
+
 // Asks for a file name (proposed: today as yyMMdd + 清单.txt), writes the list there and tells. A
 // list without data rows, and an empty name, do nothing. False when nothing was written.
 bool SaveListFile(const TextTable& list, QStringView layout, const QList<int>& widths);
