@@ -43,6 +43,7 @@ loginfrm::loginfrm(const Configuration& configuration)
     usercmb_->setObjectName(u"usercmb"_s);
     usercmb_->setEditable(true);
     usercmb_->setInsertPolicy(QComboBox::NoInsert);
+    usercmb_->setCompleter(nullptr); // the list offers; who is typed is who is meant
     usercmb_->setMinimumWidth(240);
     password_ = new QLineEdit;
     password_->setObjectName(u"Password"_s);
@@ -114,13 +115,16 @@ void loginfrm::Timer1_Timer() {
 void loginfrm::usercmb_GotFocus() {
     if (usercmb_->count() > 0)
         return;
-    const QString typed = usercmb_->currentText();
     const QStringList users = OfferedUsers();
     if (users.isEmpty())
         return;
+    // What was typed meanwhile stays as it is: the first entry would take its place.
+    const QString typed = usercmb_->currentText();
+    const int cursor = usercmb_->lineEdit()->cursorPosition();
     usercmb_->addItems(users);
     usercmb_->setCurrentIndex(-1);
     usercmb_->setEditText(typed);
+    usercmb_->lineEdit()->setCursorPosition(cursor);
 }
 
 bool loginfrm::eventFilter(QObject* watched, QEvent* event) {

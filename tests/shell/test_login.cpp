@@ -53,6 +53,50 @@ private Q_SLOTS:
         QCOMPARE(users->currentText(), u"SHOUYIN1"_s);
     }
 
+    // What is typed is the user, whether it begins the name of another one, is a part of a name or no
+    // name at all; the list only offers. The key behind the name leads to the password.
+    void typedNameStands() {
+        auto* box = control<QComboBox>(login_, u"usercmb"_s);
+        QTRY_VERIFY(box->count() > 0);
+        const auto row = [&](const char* name, const QStringList& users, const QString& typed,
+                             const QList<Qt::Key>& keys, const QString& user) {
+            box->clear();
+            box->addItems(users);
+            box->setCurrentIndex(-1);
+            password()->clear();
+            box->setFocus();
+            QTest::keyClicks(QApplication::focusWidget(), typed);
+            for (Qt::Key key : keys)
+                QTest::keyClick(QApplication::focusWidget(), key);
+            QTest::keyClicks(QApplication::focusWidget(), u"111111"_s);
+            Check(name, box->currentText(), user);
+            Check(name, password()->text(), u"111111"_s);
+        };
+        const QStringList house = {u"QIANTAI"_s, u"LIBAN"_s, u"QIAN"_s, u"QI"_s};
+        row("half a name", house, u"qiant"_s, {Qt::Key_Return}, u"QIANT"_s);
+        row("a whole name", house, u"qiantai"_s, {Qt::Key_Return}, u"QIANTAI"_s);
+        row("a name that begins others", house, u"qi"_s, {Qt::Key_Return}, u"QI"_s);
+        row("a name between others, Tab", house, u"qian"_s, {Qt::Key_Tab}, u"QIAN"_s);
+        row("half a name, Tab", house, u"lib"_s, {Qt::Key_Tab}, u"LIB"_s);
+        row("the only user's half name", {u"ADMIN"_s}, u"adm"_s, {Qt::Key_Return}, u"ADM"_s);
+        row("nobody to offer", {}, u"adm"_s, {Qt::Key_Return}, u"ADM"_s);
+        row("chosen by key", house, {}, {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, u"LIBAN"_s);
+    }
+
+    // A quick clerk types before the list is there.
+    void listThatComesLeavesTheTypingAlone() {
+        auto* box = control<QComboBox>(login_, u"usercmb"_s);
+        QCOMPARE(box->count(), 0);
+        QTimer::singleShot(0, box, [box] {
+            QTest::keyClicks(box->lineEdit(), u"qt"_s);
+            QTest::keyClick(box->lineEdit(), Qt::Key_Left);
+            QTest::keyClicks(box->lineEdit(), u"ian"_s);
+        });
+        QTRY_VERIFY(box->count() > 0);
+        QTest::keyClicks(box->lineEdit(), u"1"_s);
+        QCOMPARE(box->currentText(), u"QIAN1T"_s);
+    }
+
     void emptyUserIsAskedAgain() {
         control<QPushButton>(login_, u"Logincmd"_s)->click();
         QCOMPARE(messages_->entries().last().title, u"登录失败！"_s);
