@@ -75,7 +75,6 @@ loginfrm::loginfrm(const Configuration& configuration)
         {u"cancelcmd"_s, u"退出"_s, [this] { close(); }, Qt::Key_F10, CommandKind::Plain,
          u"leave"_s},
     });
-    setCommandEnabled(u"SetPassCmd", false);
     setFieldOrder({usercmb_, password_});
     onEnter(password_, [this] { Logincmd_Click(); });
     usercmb_->lineEdit()->installEventFilter(this);
