@@ -144,8 +144,8 @@ void loginfrm::Logincmd_Click() {
 
     switch (CheckLogin(user, password_->text())) {
     case LoginResult::Refused:
-        LogRefusedLogin(user);
         refuse(u"用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"_s);
+        LogRefusedLogin(user);
         return;
     case LoginResult::LinkTrouble:
         refuse(u"网络未连接或不可预料的错误！"_s);

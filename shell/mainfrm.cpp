@@ -36,7 +36,7 @@ constexpr QLatin1StringView kStyle(R"(
     #header { background: #1b3556; }
     #header QLabel { color: #f6f3ea; }
     #groups { background: #e6ebf2; }
-    #groups QPushButton { text-align: left; padding: 10px 16px; font-size: 12pt; border: none;
+    #groups QPushButton { text-align: left; padding: 8px 16px; font-size: 12pt; border: none;
                           border-radius: 4px; background: transparent; color: #1b2733; }
     #groups QPushButton:hover { background: #d3dce8; }
     #groups QPushButton:checked { background: #1f5fa8; color: white; }
@@ -82,7 +82,7 @@ mainfrm::mainfrm(loginfrm& login)
     showTime();
     every(1000, [this] { showTime(); });
     setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
-    resize(1280, 760);
+    resize(1280, 680); // with its frame inside a display of 1366 by 768
 }
 
 QWidget* mainfrm::makeHeader() {

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
+#include "screen/theme.h"
 #include "session/operation_log.h"
 #include "session/session.h"
 #include "shell/loginfrm.h"
@@ -157,6 +158,38 @@ private Q_SLOTS:
         QTest::keyClicks(password(), u"111111"_s);
         QTest::keyClick(password(), Qt::Key_Return);
         QTRY_VERIFY(login_->mainWindow());
+    }
+
+    // The words don't wait for the log, which a silent server would keep for minutes.
+    void refusalIsTakenDownBehindItsWords() {
+        QTRY_VERIFY(control<QComboBox>(login_, u"usercmb"_s)->count() > 0);
+        messages_.reset(); // the words come in a box
+        const int before = Link().commandCounter();
+        int commands = 0;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            if (auto* box = QApplication::activeModalWidget()) {
+                commands = Link().commandCounter() - before;
+                box->close();
+            }
+        });
+        watch.start(5);
+        logIn(u"qiantai"_s, u"wrong"_s);
+        QTRY_COMPARE(commands, 2); // with no password, and with the one typed
+        QTRY_COMPARE(password()->selectedText().size(), 5);
+        QVERIFY(Link().commandCounter() - before > 2);
+    }
+
+    // A small display of 1366 by 768, less a task bar and the window's own frame.
+    void mainWindowFitsASmallDisplay() {
+        ApplyTheme(*qApp);
+        CurrentSession().rights = u"人事管理"_s;
+        mainfrm window(*login_);
+        window.show();
+        control<QPushButton>(&window, u"Rsgl_cmd"_s)->click();
+        const QSize room(1366 - 16, 768 - 88);
+        QCOMPARE(window.size().boundedTo(room), window.size());
+        QCOMPARE(window.minimumSizeHint().boundedTo(room), window.minimumSizeHint());
     }
 
     void mainWindowShowsTheUsersRights() {
