@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kUserListMilliseconds = 500;
 constexpr int kNoPasswordMilliseconds = 2000;
+constexpr int kMachineClockMilliseconds = 4000;
 
 // Login names are kept in capitals; other characters than a to z stay as they are.
 QString Capitals(const QString& typed) {
@@ -159,8 +160,11 @@ void loginfrm::Logincmd_Click() {
     }
     BeginSession(user);
     setWindowTitle(u"用户登录"_s);
-    FollowServerClock();
+    const bool machineFollowed = FollowServerClock();
     openMainWindow();
+    if (!machineFollowed)
+        TimedMessage(u"本机时钟没有校准（当前系统用户无权设定），程序按服务器的时间运行。"_s,
+                     u"注意"_s, kMachineClockMilliseconds);
 }
 
 void loginfrm::refuse(const QString& words) {

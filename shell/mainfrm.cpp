@@ -47,10 +47,14 @@ constexpr QLatin1StringView kStyle(R"(
     QPushButton[entry="true"]:disabled { background: #f3f5f7; color: #a3adb8; border-color: #dde3ea; }
 )");
 
+QString Caption() {
+    const QString hotel = Param(u"Yhdwmc");
+    return hotel.isEmpty() ? u"宾馆管理工作站"_s : hotel + u" 管理工作站"_s;
+}
+
 } // namespace
 
-mainfrm::mainfrm(loginfrm& login)
-    : Screen(u"mainfrm"_s, Param(u"Yhdwmc") + u" 管理工作站"_s), login_(login) {
+mainfrm::mainfrm(loginfrm& login) : Screen(u"mainfrm"_s, Caption()), login_(login) {
     auto* body = new QHBoxLayout;
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);

@@ -290,6 +290,29 @@ private Q_SLOTS:
         QCOMPARE(Clock::DateText(), u"2026-03-05"_s);
     }
 
+    // Only where the configuration asks for it; a machine that refuses is told of, and stops nobody.
+    void machinesClockFollows_data() {
+        const Columns<bool, QString> row("may", "told");
+        row("set", true, {});
+        row("refused", false,
+            u"本机时钟没有校准（当前系统用户无权设定），程序按服务器的时间运行。"_s);
+    }
+    void machinesClockFollows() {
+        QFETCH(bool, may);
+        QList<QDateTime> set;
+        Clock::LetMachineFollow([&](const QDateTime& moment) {
+            set += moment;
+            return may;
+        });
+        const QDateTime server(QDate(2026, 3, 5), QTime(11, 22, 33));
+        hotel_->setServerClock(server);
+        comeIn(u"qiantai"_s, u"111111"_s);
+        Clock::LetMachineFollow({});
+        QCOMPARE(set, QList<QDateTime>{server});
+        QTEST(messages_->last(), "told");
+        QCOMPARE(Clock::TimeText(), u"11:22:33"_s);
+    }
+
     void serverThatComesLaterFillsTheList() {
         delete login_;
         hotel_->stopServer();
