@@ -98,6 +98,7 @@ std::optional<Request> ClientConnection::next() {
     arrival_.setEnabled(takes && !ended() && !gone_);
     if (!takes)
         return std::nullopt;
+    reader_.setLimit(peer.user.isEmpty() ? kLimitBeforeLogin : kRequestLimit);
     std::optional<Request> request = reader_.next();
     if (!request && std::exchange(arrived_, false)) {
         receive();

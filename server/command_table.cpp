@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QSet>
 
+#include "record/field_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 #include "server/field_text.h"
@@ -18,6 +19,9 @@ namespace {
 // A buffered read brings following records along, up to so many and so much.
 constexpr int kBlockRecords = 32;
 constexpr qsizetype kBlockLength = 16 * 1024;
+
+// Where a request names files.
+constexpr QStringView kFileFields[] = {u"库文件名", u"源文件名", u"目标文件名", u"文件名"};
 
 // --- What requests and answers are made of -----------------------------------------------------------
 
@@ -59,6 +63,10 @@ QString DateText(const ServerState& server) {
 }
 
 CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
+    peer.user.clear();
+    peer.mayLog = false;
+    if (server.failures.isClosedTo(peer.address))
+        return {ErrorText(u"登录失败次数太多，请稍候再试"_s), server.failures.wait(peer.address)};
     const QString user = NameField(request, u"用户名");
     const QStringView digest = request.field(u"密码");
     const QString date = DateText(server);
@@ -66,11 +74,12 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
         JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
         peer.user = user;
-        return {u"<SUCCESS>登录成功"_s};
+        peer.userChanges = server.userChanges;
+        return {u"<SUCCESS>登录成功"_s, server.failures.wait(peer.address)};
     }
-    const int delay = IsEmptyAttempt(server.productId, user, digest, date)
-                          ? 0
-                          : server.failures.delayOfFailure(peer.address);
+    peer.mayLog = true;
+    peer.wasCounted = !IsEmptyAttempt(server.productId, user, digest, date);
+    const int delay = peer.wasCounted ? server.failures.delayOfFailure(peer.address) : 0;
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -79,6 +88,20 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     default:
         return {ErrorText(u"密码错误"_s), delay};
     }
+}
+
+// The entry of a refused attempt: one record, which must not stand yet, in the log of the day.
+bool IsAttemptEntry(const ServerState& server, const Peer& peer, const Request& request) {
+    if (!peer.mayLog || (request.command() != u"修改记录" && request.command() != u"创建记录"))
+        return false;
+    const QDate today = server.clock().date();
+    const auto file = ParseFilePath(request.field(u"库文件名"));
+    const auto log =
+        ParseFilePath(server.log.folder + today.toString(u"yy\\MM\\yyMMdd") + u".qvr"_s);
+    const QString project = NameField(request, u"项目名");
+    return file && log && file->key == log->key && project == server.log.project &&
+           request.field(u"记录值").size() <= kAttemptEntryLimit &&
+           !server.store.read(*file, project, NameField(request, u"记录"));
 }
 
 CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
@@ -222,6 +245,18 @@ CommandAnswer Download(ServerState& server, Peer&, const Request& request) {
 
 // --- Projects ----------------------------------------------------------------------------------------
 
+// The text of a project written whole. One without any field would empty the project, which only an empty
+// text is meant to do.
+QStringView WholeProject(QStringView text) {
+    if (TrimWhite(text).isEmpty())
+        return text;
+    for (FieldWalk field(text); field.next();) {
+        if (field.closed())
+            return text;
+    }
+    throw Refusal(u"内容不是记录"_s);
+}
+
 CommandAnswer ProjectList(ServerState& server, Peer&, const Request& request) {
     return List(u"项目清单", server.store.projects(FileField(request)));
 }
@@ -230,7 +265,7 @@ CommandAnswer CreateProject(ServerState& server, Peer&, const Request& request) 
     const StorePath path = FileField(request);
     const QString project = NewNameField(request, u"项目名");
     if (!server.store.hasProject(path, project))
-        server.store.writeProject(path, project, request.field(u"初始值"));
+        server.store.writeProject(path, project, WholeProject(request.field(u"初始值")));
     return Done();
 }
 
@@ -271,7 +306,7 @@ void Write(Store& store, const RecordKey& key, const Request& request) {
     const QString record = NewNameField(request, u"记录");
     const QStringView value = request.field(u"记录值");
     if (key.project.isEmpty())
-        store.writeProject(key.path, record, value);
+        store.writeProject(key.path, record, WholeProject(value));
     else
         store.write(key.path, NewNameField(request, u"项目名"), record, value.toString());
 }
@@ -425,6 +460,24 @@ constexpr ServerCommand kCommands[] = {
     {u"下载文件", 0, Download},
 };
 
+// A command that names the user file among its files.
+bool NamesUserFile(const Request& request) {
+    const QString userFile = ParseFilePath(kUserFile)->key;
+    return std::ranges::any_of(kFileFields, [&](QStringView field) {
+        const auto path = ParseFilePath(request.field(field));
+        return path && path->key == userFile;
+    });
+}
+
+// Looks again at who is logged in when the users may have changed.
+void DropDeletedUser(const ServerState& server, Peer& peer) {
+    if (peer.user.isEmpty() || peer.userChanges == server.userChanges)
+        return;
+    peer.userChanges = server.userChanges;
+    if (!server.store.read(*ParseFilePath(kUserFile), kUserProject, peer.user))
+        peer.user.clear();
+}
+
 } // namespace
 
 const ServerCommand* FindServerCommand(QStringView name) {
@@ -440,14 +493,26 @@ QString ErrorText(const QString& words) {
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
     const ServerCommand* command = FindServerCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
-    if (peer.user.isEmpty() && !beforeLogin)
+    DropDeletedUser(server, peer);
+    const bool isAttemptEntry =
+        peer.user.isEmpty() && !beforeLogin && IsAttemptEntry(server, peer, request);
+    if (peer.user.isEmpty() && !beforeLogin && !isAttemptEntry)
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
+    if (request.isCut())
+        return {ErrorText(u"命令不完整"_s)};
     if (command->flags & kWrites)
         server.store.begin();
+    if (isAttemptEntry)
+        peer.mayLog = false;
     try {
-        return command->handler(server, peer, request);
+        CommandAnswer answer = command->handler(server, peer, request);
+        if (command->flags & kWrites && NamesUserFile(request))
+            ++server.userChanges;
+        if (isAttemptEntry && !peer.wasCounted)
+            answer.delay = server.failures.delayOfFailure(peer.address);
+        return answer;
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
     }

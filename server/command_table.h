@@ -17,8 +17,22 @@ namespace hotel {
 // Who speaks on a connection.
 struct Peer {
     QHostAddress address;
-    QString user; // empty: not logged in
+    QString user;            // empty: not logged in
+    quint64 userChanges = 0; // the state of the user file in which the user was last seen
+    // After a refused login one entry of the operation log may be added, so that attempts are on file.
+    bool mayLog = false;
+    bool wasCounted = false; // the refused login counts as a failure already
 };
+
+// Where the workstations keep their operation log: `folder` + yy\MM\yyMMdd.qvr by the day. The defaults are
+// those of the workstations' parameters.
+struct OperationLogPlace {
+    QString folder = u"BglogRec\\"_s;
+    QString project = u"操作记录信息"_s;
+};
+
+// An entry that a connection may add before login is no longer than this.
+inline constexpr qsizetype kAttemptEntryLimit = 4096;
 
 // What all commands work on.
 struct ServerState {
@@ -26,6 +40,8 @@ struct ServerState {
     FailureLimit& failures;
     QString productId;                // enters the login digest
     std::function<QDateTime()> clock; // the house's time
+    OperationLogPlace log = {};
+    quint64 userChanges = 0; // commands that may have changed the user file
 };
 
 struct CommandAnswer {
@@ -49,7 +65,7 @@ struct ServerCommand {
 // The command of that name, nullptr when there is none.
 const ServerCommand* FindServerCommand(QStringView name);
 
-// Answers a request; begins a transaction when the command writes, and leaves the commit to the
+// Answers a request; a user who is no longer among the users counts as not logged in. Begins a transaction when the command writes, and leaves the commit to the
 // caller. A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when
 // the store fails.
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QElapsedTimer>
+
 #include "record/login_digest.h"
 #include "record/record_text.h"
 
@@ -13,6 +15,7 @@ constexpr qint64 kFailureMemory = 60'000; // milliseconds
 constexpr int kFreeFailures = 10;
 constexpr int kDelayStep = 500; // milliseconds more with each failure
 constexpr int kLongestDelay = 10'000;
+constexpr int kLongestLine = 60'000;
 
 bool AddressMatches(const QString& allowed, const QHostAddress& address) {
     return allowed.isEmpty() ||
@@ -38,18 +41,38 @@ bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest,
     return LoginDigest(productId, user, u"", date) == digest;
 }
 
+FailureLimit::FailureLimit(std::function<qint64()> time) : time_(std::move(time)) {
+    if (!time_) {
+        QElapsedTimer clock;
+        clock.start();
+        time_ = [clock] { return clock.elapsed(); };
+    }
+}
+
+int FailureLimit::wait(const QHostAddress& address) const {
+    const auto failures = failures_.constFind(address);
+    return failures == failures_.cend() ? 0 : int(qMax<qint64>(failures->due - time_(), 0));
+}
+
 int FailureLimit::delayOfFailure(const QHostAddress& address) {
-    const qint64 now = time_.elapsed();
+    const qint64 now = time_();
     forgetOld(now);
     Failures& failures = failures_[address];
     failures.last = now;
     const int beyond = ++failures.count - kFreeFailures;
-    return std::clamp(beyond, 0, kLongestDelay / kDelayStep) * kDelayStep;
+    failures.due =
+        qMax(failures.due, now) + std::clamp(beyond, 0, kLongestDelay / kDelayStep) * kDelayStep;
+    return int(failures.due - now);
+}
+
+bool FailureLimit::isClosedTo(const QHostAddress& address) const {
+    return wait(address) > kLongestLine;
 }
 
 void FailureLimit::forgetOld(qint64 now) {
     using Entry = QHash<QHostAddress, Failures>::iterator;
-    failures_.removeIf([now](Entry entry) { return now - entry->last > kFailureMemory; });
+    failures_.removeIf(
+        [now](Entry entry) { return now - qMax(entry->last, entry->due) > kFailureMemory; });
 }
 
 } // namespace hotel

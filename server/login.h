@@ -6,7 +6,8 @@
 //     密码          password as typed; empty: the user logs in with the digest of the empty password
 //     IP地址        the one address from which the user may log in; empty: any
 
-#include <QElapsedTimer>
+#include <functional>
+
 #include <QHash>
 #include <QHostAddress>
 #include <QString>
@@ -31,22 +32,32 @@ LoginVerdict JudgeLogin(Store& store, QStringView productId, const QString& user
 bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest, QStringView date);
 
 // Slows down whoever guesses passwords. The first failures from an address are answered at once,
-// those that follow within a minute of each other later and later.
+// those that follow within a minute of each other later and later. The answers to one address stand in one
+// line, whatever the number of its connections: each waits behind the failures before it, and so does a
+// login that succeeds, since a guesser on many connections would know it by its haste.
 class FailureLimit {
 public:
-    FailureLimit() { time_.start(); }
+    // `time` tells milliseconds that never go back; the system's unless given.
+    explicit FailureLimit(std::function<qint64()> time = {});
+
+    // Milliseconds until the failures so far have been answered.
+    int wait(const QHostAddress& address) const;
 
     // Notes a failure; gives the milliseconds by which its answer is to be held back.
     int delayOfFailure(const QHostAddress& address);
+
+    // The line is too long to join: attempts are refused without a look at them.
+    bool isClosedTo(const QHostAddress& address) const;
 
 private:
     struct Failures {
         int count = 0;
         qint64 last = 0; // milliseconds on time_
+        qint64 due = 0;  // when the last of them is answered
     };
     void forgetOld(qint64 now);
 
-    QElapsedTimer time_;
+    std::function<qint64()> time_;
     QHash<QHostAddress, Failures> failures_;
 };
 

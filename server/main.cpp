@@ -105,6 +105,10 @@ int Run(QCoreApplication& application) {
     parser.addOption({u"data"_s, u"Folder of the store."_s, u"DIR"_s});
     parser.addOption({u"port"_s, u"Port to serve on, 0 for any free one."_s, u"PORT"_s, u"6801"_s});
     parser.addOption({u"listen"_s, u"Address to serve on."_s, u"ADDRESS"_s, u"127.0.0.1"_s});
+    const OperationLogPlace log;
+    parser.addOption({u"log-folder"_s, u"Folder of the operation log."_s, u"FOLDER"_s, log.folder});
+    parser.addOption(
+        {u"log-project"_s, u"Project of the operation log."_s, u"NAME"_s, log.project});
     parser.addPositionalArgument(u"command"_s, u"import TREE, export TREE or check; none: serve."_s,
                                  u"[command [TREE]]"_s);
     parser.process(application);
@@ -116,6 +120,7 @@ int Run(QCoreApplication& application) {
     settings.dataFolder = data;
     settings.port = parser.value(u"port"_s).toUShort(&isPort);
     settings.listen = QHostAddress(parser.value(u"listen"_s));
+    settings.log = {parser.value(u"log-folder"_s), parser.value(u"log-project"_s)};
     if (!data.isEmpty() && isPort && !settings.listen.isNull()) {
         if (words.isEmpty())
             return Serve(application, settings);

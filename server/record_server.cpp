@@ -1,10 +1,13 @@
 #include "server/record_server.h"
 
+#include <cerrno>
 #include <utility>
 
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+
+#include <sys/socket.h>
 
 namespace hotel {
 
@@ -23,14 +26,16 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 RecordServer::RecordServer(ServerSettings settings)
     : settings_(std::move(settings)),
       store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
-                                                              settings_.productId,
-                                                              settings_.clock} {
-    connect(&listener_, &Listener::accepted, this, &RecordServer::listener_accepted);
-    connect(&listener_, &QTcpServer::acceptError, this, &RecordServer::listener_acceptError);
+                                                              settings_.productId, settings_.clock,
+                                                              settings_.log} {
     listener_.setListenBacklogSize(kListenBacklog);
     if (!listener_.listen(settings_.listen, settings_.port))
         throw StoreError(u"can't listen on "_s + settings_.listen.toString() + u':' +
                          QString::number(settings_.port) + u": " + listener_.errorString());
+    listener_.pauseAccepting();
+    callers_ =
+        std::make_unique<QSocketNotifier>(listener_.socketDescriptor(), QSocketNotifier::Read);
+    connect(callers_.get(), &QSocketNotifier::activated, this, &RecordServer::callers_activated);
     connect(&stallTimer_, &QTimer::timeout, this, &RecordServer::dropStalled);
     stallTimer_.start(settings_.stallLimit / 4);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
@@ -39,14 +44,26 @@ RecordServer::RecordServer(ServerSettings settings)
 
 RecordServer::~RecordServer() = default;
 
-void RecordServer::listener_accepted(qintptr descriptor) {
-    auto* connection = new ClientConnection(int(descriptor), settings_.unsentLimit, this);
-    connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
-}
-
-// Out of descriptors: whoever waits is taken in when some have come free.
-void RecordServer::listener_acceptError() {
-    QTimer::singleShot(kAcceptPause, this, [this] { listener_.resumeAccepting(); });
+// Out of descriptors, the caller stays in front of the door and would be announced again at once: nobody is
+// listened to until some may have come free.
+void RecordServer::callers_activated() {
+    while (true) {
+        const int descriptor =
+            ::accept4(int(callers_->socket()), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+        if (descriptor >= 0) {
+            auto* connection = new ClientConnection(descriptor, settings_.unsentLimit, this);
+            connect(connection, &ClientConnection::ready, this, &RecordServer::enqueue);
+            connect(connection, &QObject::destroyed, callers_.get(),
+                    [this] { callers_->setEnabled(true); });
+        } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
+            return;
+        } else if (errno != EINTR && errno != ECONNABORTED) {
+            callers_->setEnabled(false);
+            QTimer::singleShot(kAcceptPause, callers_.get(),
+                               [this] { callers_->setEnabled(true); });
+            return;
+        }
+    }
 }
 
 void RecordServer::enqueue(ClientConnection* connection) {
@@ -150,6 +167,7 @@ void RecordServer::dropStalled() {
 }
 
 void RecordServer::finish() {
+    callers_.reset();
     listener_.close();
     for (ClientConnection* connection : connections()) {
         connection->readArrived();

@@ -20,6 +20,7 @@
 #include <QElapsedTimer>
 #include <QHostAddress>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTimer>
 
@@ -38,17 +39,7 @@ struct ServerSettings {
     std::function<QDateTime()> clock;          // called on the server's thread
     qsizetype unsentLimit = 4 * 1024 * 1024;   // bytes of answers a client may leave untaken
     int stallLimit = 60'000;                   // milliseconds after which it is dropped then
-};
-
-// Gives what it accepts as bare descriptors.
-class Listener : public QTcpServer {
-    Q_OBJECT
-
-Q_SIGNALS:
-    void accepted(qintptr descriptor);
-
-protected:
-    void incomingConnection(qintptr descriptor) override { Q_EMIT accepted(descriptor); }
+    OperationLogPlace log = {};                // of the workstations
 };
 
 class RecordServer : public QObject {
@@ -77,8 +68,7 @@ private:
         QElapsedTimer spent;                    // since the first of them
     };
 
-    void listener_accepted(qintptr descriptor);
-    void listener_acceptError();
+    void callers_activated();
     void dispatcher_aboutToBlock();
     void enqueue(ClientConnection* connection);
     bool takeRequests();
@@ -93,7 +83,8 @@ private:
     Store store_;
     FailureLimit failures_;
     ServerState state_;
-    Listener listener_;
+    QTcpServer listener_;                      // binds the address; callers_ does the accepting
+    std::unique_ptr<QSocketNotifier> callers_; // off while there is no descriptor for a caller
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
     Turn turn_;

@@ -58,6 +58,7 @@ Request::Request(QByteArray number, QString text)
         const qsizetype start = bracket + 1;
         const qsizetype end = free ? all.lastIndexOf(closing) : FindText(all, closing, start);
         if (end < start) {
+            isCut_ |= free;
             position = start;
             continue;
         }

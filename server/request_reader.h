@@ -21,8 +21,9 @@
 
 namespace hotel {
 
-// The longest request, end mark included: 64 MiB.
+// The longest request, end mark included: 64 MiB; on a connection that has not logged in, 64 KiB.
 inline constexpr qsizetype kRequestLimit = 64 * 1024 * 1024;
+inline constexpr qsizetype kLimitBeforeLogin = 64 * 1024;
 
 // One request. Its fields are those that stand side by side at the outermost level. A name's field
 // ends at its first closing tag; a field that carries free text (`记录值`, `初始值`, the
@@ -39,6 +40,9 @@ public:
     // Value of a field; empty when the request doesn't have it.
     QStringView field(QStringView name) const;
 
+    // A field of free text is opened and never closed: its value has been cut.
+    bool isCut() const { return isCut_; }
+
 private:
     using Span = std::pair<qsizetype, qsizetype>; // start and length in text_
     QStringView view(Span span) const { return QStringView(text_).sliced(span.first, span.second); }
@@ -46,11 +50,15 @@ private:
     QByteArray number_;
     QString text_;
     std::vector<std::pair<Span, Span>> fields_; // name, value
+    bool isCut_ = false;
 };
 
 class RequestReader {
 public:
     explicit RequestReader(qsizetype limit = kRequestLimit) : limit_(limit) {}
+
+    // From here on no request may be longer.
+    void setLimit(qsizetype limit) { limit_ = limit; }
 
     // Takes bytes that arrived.
     void feed(QByteArrayView bytes);

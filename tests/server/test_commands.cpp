@@ -1,5 +1,6 @@
 // Every command over the wire: what is asked, and the answer to the letter.
 
+#include "record/code_page.h"
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
 
@@ -228,6 +229,50 @@ private Q_SLOTS:
             QCOMPARE(client.ask(QStringView(command).toString(),
                                 {{u"库文件名"_s, u"User.QVR"_s}, {u"记录"_s, u"操作员定义"_s}}),
                      Error(u"没有登录"));
+    }
+
+    // A value whose end is missing, and a project's text that holds no field, would store nothing, or empty
+    // the project, and say that all is well.
+    void cutTextsAreRefused() {
+        WireClient client(server_.port(), u"前台"_s);
+        const Fields whole = {
+            {u"库文件名"_s, u"a.qvr"_s}, {u"项目名"_s, {}}, {u"记录"_s, u"cut"_s}};
+        const auto write = [&](const QString& value) {
+            return client.ask(u"修改记录"_s, whole + Fields{{u"记录值"_s, value}});
+        };
+        QCOMPARE(write(u"<1>v</1>"_s), kDone);
+        QCOMPARE(write(u"v"_s), Error(u"内容不是记录"));
+        QCOMPARE(write(u"<1>v"_s), Error(u"内容不是记录"));
+        WireClient cut(server_.port(), u"前台"_s);
+        cut.sendBytes(RequestBytes(u"修改记录"_s, RecordFields(u"cut"_s, u"v"_s), 1)
+                          .replace(EncodeForWire(u"</记录值>\r\n"), {}));
+        QCOMPARE(cut.receive(), Error(u"命令不完整"));
+        QCOMPARE(client.ask(u"读取记录"_s, RecordFields(u"cut"_s)), Error(u"没有该记录"));
+        const Fields read = {{u"库文件名"_s, u"a.qvr"_s}, {u"记录"_s, u"cut"_s}};
+        QCOMPARE(client.ask(u"读取记录"_s, read), u"<cut><1>v</1></cut>"_s);
+        const Fields named = {{u"库文件名"_s, u"a.qvr"_s}, {u"项目名"_s, u"new"_s}};
+        QCOMPARE(client.ask(u"创建项目"_s, named + Fields{{u"初始值"_s, u"v"_s}}),
+                 Error(u"内容不是记录"));
+        QCOMPARE(write(u" \r\n"_s), kDone); // empties
+        QCOMPARE(client.ask(u"读取记录"_s, read), u"<cut></cut>"_s);
+    }
+
+    // Before login nobody keeps the server's memory with requests that are none.
+    void longRequestsBeforeLogin() {
+        const auto request = [](qsizetype size) {
+            const qsizetype frame = RequestBytes(u"读取日期"_s, {{u"x"_s, u""_s}}, 0).size();
+            return RequestBytes(u"读取日期"_s, {{u"x"_s, QString(size - frame, u'x')}}, 0);
+        };
+        WireClient fits(server_.port());
+        fits.sendBytes(request(65'536));
+        QVERIFY(fits.receive().contains(u"当前日期"));
+        WireClient tooLong(server_.port());
+        tooLong.sendBytes(request(65'537));
+        QCOMPARE(tooLong.readToEnd(), QByteArray());
+        WireClient known(server_.port());
+        QVERIFY(known.logIn(u"前台"_s, {}).contains(u"登录成功"));
+        known.sendBytes(request(65'537).replace("CmdID:000", "CmdID:001"));
+        QVERIFY(known.receive().contains(u"当前日期"));
     }
 
     void badPathsAreRefused() {

@@ -2,9 +2,11 @@
 // is half done.
 
 #include <csignal>
+#include <memory>
 #include <thread>
 #include <vector>
 
+#include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -103,10 +105,44 @@ private Q_SLOTS:
                  (QStringList{u"lock"_s, u"store.db"_s}));
     }
 
+    // More callers than descriptors: the server sleeps until somebody leaves, and then takes the next one in.
+    void callersWithoutDescriptors() {
+        QTemporaryDir folder;
+        QProcess process;
+        const quint16 port = Start(process, folder.path(), u"ulimit -n 40; "_s);
+        std::vector<std::unique_ptr<WireClient>> callers;
+        for (int i = 0; i < 30;
+             ++i) // taken in one by one, so that the server has seen an empty door
+            callers.push_back(std::make_unique<WireClient>(port));
+        callers.front()->ask(u"读取日期"_s);
+        for (int i = 0; i < 60; ++i)
+            callers.push_back(std::make_unique<WireClient>(port));
+        WireClient& last = *callers.back();
+        last.send(u"读取日期"_s);
+        const qint64 before = ProcessorTicks(process.processId());
+        QVERIFY(!last.socket().waitForReadyRead(500));
+        QVERIFY(ProcessorTicks(process.processId()) - before < 15); // of 50 that a busy one takes
+        callers.erase(callers.begin(), callers.end() - 1);
+        QVERIFY(last.receive().contains(u"当前日期"));
+        process.terminate();
+        QVERIFY(process.waitForFinished(60'000));
+    }
+
 private:
-    // Starts the program over the store; gives its port.
-    static quint16 Start(QProcess& process, const QString& folder) {
-        process.start(QStringLiteral(QVRD), {u"--data"_s, folder, u"--port"_s, u"0"_s});
+    // What the process has used of a processor so far, in hundredths of a second.
+    static qint64 ProcessorTicks(qint64 process) {
+        QFile file(u"/proc/%1/stat"_s.arg(process));
+        if (!file.open(QIODevice::ReadOnly))
+            return 0;
+        const QList<QByteArray> fields = file.readAll().split(' ');
+        return fields[13].toLongLong() + fields[14].toLongLong();
+    }
+
+    // Starts the program over the store, behind a shell's `limits`; gives its port.
+    static quint16 Start(QProcess& process, const QString& folder, const QString& limits = {}) {
+        process.start(u"/bin/sh"_s,
+                      {u"-c"_s, limits + u"exec \"$0\" \"$@\""_s, QStringLiteral(QVRD), u"--data"_s,
+                       folder, u"--port"_s, u"0"_s});
         process.waitForReadyRead(60'000);
         return quint16(process.readLine().trimmed().split(':').last().toUInt());
     }

@@ -81,26 +81,103 @@ private Q_SLOTS:
         QVERIFY(!isIn());
         client.logIn(u"经理"_s, u"secret"_s);
         QVERIFY(isIn());
-        client.logIn(u"经理"_s, u"wrong"_s);
-        QVERIFY(isIn());
+        client.logIn(u"经理"_s, u"wrong"_s); // ends what was
+        QVERIFY(!isIn());
+        client.logIn(u"经理"_s, u"secret"_s);
         QCOMPARE(client.ask(u"注销"_s), u"<SUCCESS>"_s);
         QVERIFY(!isIn());
         QVERIFY(WireClient(server_.port()).ask(u"注销"_s) == u"<ERROR>没有登录</ERROR>");
     }
 
-    // The first failures are free; each of those that follow waits longer, to a bound; other
-    // addresses aren't touched.
+    // A user who is deleted is refused on the connections that he has, others go on.
+    void deletedUser() {
+        TestServer server;
+        const QString users = u"User.QVR"_s;
+        const QString project = u"操作员定义"_s;
+        WireClient manager(server.port(), u"前台"_s);
+        WireClient deleted(server.port());
+        deleted.logIn(u"经理"_s, u"secret"_s);
+        manager.ask(u"修改记录"_s, {{u"库文件名"_s, u"user.qvr"_s},
+                                    {u"项目名"_s, project},
+                                    {u"记录"_s, u"新人"_s},
+                                    {u"记录值"_s, u"<密码></密码>"_s}});
+        QVERIFY(!deleted.ask(u"记录清单"_s).contains(u"没有登录"));
+        manager.ask(u"删除记录"_s,
+                    {{u"库文件名"_s, users}, {u"项目名"_s, project}, {u"记录"_s, u"经理"_s}});
+        QCOMPARE(deleted.ask(u"记录清单"_s), u"<ERROR>没有登录</ERROR>"_s);
+        QVERIFY(!manager.ask(u"记录清单"_s).contains(u"没有登录"));
+        manager.ask(u"文件换名"_s, {{u"源文件名"_s, users}, {u"目标文件名"_s, u"b.qvr"_s}});
+        QCOMPARE(manager.ask(u"记录清单"_s), u"<ERROR>没有登录</ERROR>"_s);
+    }
+
+    // After each refused login one new entry of the day's operation log, and nothing else.
+    void refusedAttemptsAreOnFile() {
+        TestServer server;
+        WireClient client(server.port());
+        const QString refused = u"<ERROR>没有登录</ERROR>"_s;
+        const auto add = [&](const QString& record, const QString& file, const QString& project,
+                             const QString& value, const QString& command) {
+            return client.ask(command, {{u"库文件名"_s, file},
+                                        {u"项目名"_s, project},
+                                        {u"记录"_s, record},
+                                        {u"记录值"_s, value}});
+        };
+        const QString log = u"BglogRec\\26\\03\\260305.qvr"_s;
+        const QString entries = u"操作记录信息"_s;
+        const QString modify = u"修改记录"_s;
+        const QString entry = u"<操作内容>登录失败</操作内容>"_s;
+        QCOMPARE(add(u"100000"_s, log, entries, entry, modify), refused); // nobody was refused yet
+        client.logIn(u"经理"_s, u"wrong"_s);
+        QCOMPARE(add(u"100000"_s, u"BglogRec\\26\\03\\260306.qvr"_s, entries, entry, modify),
+                 refused);
+        QCOMPARE(add(u"100000"_s, log, u"别的"_s, entry, modify), refused);
+        QCOMPARE(add(u"100000"_s, log, {}, entry, modify), refused);
+        QCOMPARE(add(u"100000"_s, log, entries, entry, u"替换记录"_s), refused);
+        QCOMPARE(add(u"100000"_s, log, entries, QString(4097, u'x'), modify), refused);
+        QCOMPARE(
+            add(u"100000"_s, u"bglogrec/26/03/260305.QVR"_s, entries, QString(4096, u'x'), modify),
+            u"<SUCCESS>"_s);
+        QCOMPARE(add(u"100001"_s, log, entries, entry, modify), refused); // one is one
+        client.logIn(u"经理"_s, u"wrong"_s);
+        QCOMPARE(add(u"100000"_s, log, entries, entry, modify), refused); // it stands already
+        QCOMPARE(add(u"100001"_s, log, entries, entry, u"创建记录"_s), u"<SUCCESS>"_s);
+        client.logIn(u"经理"_s, u"wrong"_s);
+        client.logIn(u"前台"_s, {});
+        client.ask(u"注销"_s);
+        QCOMPARE(add(u"100002"_s, log, entries, entry, modify), refused); // he came in meanwhile
+    }
+
+    // The first failures are free; each of those that follow waits longer, to a bound, and behind the ones
+    // before it; other addresses aren't touched.
     void delays() {
-        FailureLimit limit;
+        qint64 now = 0;
+        FailureLimit limit([&now] { return now; });
         const QHostAddress guesser(u"10.0.0.1"_s);
         QList<int> delays;
-        for (int i = 0; i < 40; ++i)
+        for (int i = 0; i < 13; ++i)
             delays += limit.delayOfFailure(guesser);
-        QVERIFY(std::all_of(delays.begin(), delays.begin() + 10, [](int d) { return d == 0; }));
-        QVERIFY(delays[10] > 0);
-        QVERIFY(std::is_sorted(delays.begin(), delays.end()));
-        QCOMPARE(delays.last(), 10'000);
+        QCOMPARE(delays.mid(0, 10), QList<int>(10, 0));
+        QCOMPARE(delays.mid(10), QList<int>({500, 1500, 3000}));
+        QCOMPARE(limit.wait(guesser), 3000);
+        QCOMPARE(limit.wait(QHostAddress(u"10.0.0.2"_s)), 0);
         QCOMPARE(limit.delayOfFailure(QHostAddress(u"10.0.0.2"_s)), 0);
+        now = 3000;
+        QCOMPARE(limit.wait(guesser), 0);
+        QCOMPARE(limit.delayOfFailure(guesser), 2000);
+        for (int i = 0; i < 20; ++i) { // one at a time: each has been answered before the next
+            now += 10'000;
+            limit.delayOfFailure(guesser);
+        }
+        QCOMPARE(limit.wait(guesser), 10'000);
+        now += 20'000;
+        for (int i = 0; i < 6; ++i)
+            limit.delayOfFailure(guesser);
+        QCOMPARE(limit.wait(guesser), 60'000);
+        QVERIFY(!limit.isClosedTo(guesser));
+        limit.delayOfFailure(guesser);
+        QVERIFY(limit.isClosedTo(guesser));
+        now += 70'000 + 60'001; // nothing for a minute: forgotten
+        QCOMPARE(limit.delayOfFailure(guesser), 0);
     }
 
     // A workstation tries the empty password ahead of every login: that is no guessing.
@@ -125,7 +202,7 @@ private Q_SLOTS:
             QCOMPARE(delay(u"guess"), 0);
         QVERIFY(delay(u"guess") > 0);
         QCOMPARE(delay(u""), 0);
-        QCOMPARE(delay(u"secret"), 0);
+        QVERIFY(delay(u"secret") > 0); // behind the guesses: its haste would tell
     }
 
     void orderIsKeptAroundADelayedAnswer() {
