@@ -48,11 +48,9 @@ constexpr Explanation kExplanations[] = {
     {u"Yjbj", u"夜间入住的客人，在此时间之后入住,当天中午结算,按半天收费。超过后算一天。"},
 };
 
-// Times of day among the parameters.
-constexpr QStringView kTimes[] = {u"XYtks", u"Bjsx1", u"Bjsx2", u"Yjbj"};
-
 bool IsTime(QStringView parameter) {
-    return std::ranges::find(kTimes, parameter) != std::end(kTimes);
+    const auto found = std::ranges::find(Parameters(), parameter, &Parameter::name);
+    return found->kind == ParameterKind::Time;
 }
 
 std::span<const Parameter> ParametersOf(qsizetype group) {

@@ -1,6 +1,7 @@
 #include "platform/clock.h"
 
 #include <optional>
+#include <utility>
 
 #include <time.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 struct State {
     qint64 offset = 0; // milliseconds ahead of the machine's clock
-    bool machineFollows = false;
+    MachineClock machine;
     std::optional<QDateTime> frozen;
 };
 
@@ -21,21 +22,10 @@ State& Current() {
     return state;
 }
 
-// False where the user may not set the machine's clock.
-bool SetMachineClock(const QDateTime& moment) {
-    const qint64 milliseconds = moment.toMSecsSinceEpoch();
-    timespec time{};
-    time.tv_sec = milliseconds / 1000;
-    time.tv_nsec = (milliseconds % 1000) * 1000000;
-    return clock_settime(CLOCK_REALTIME, &time) == 0;
-}
-
 void MoveTo(const QDateTime& moment) {
     State& state = Current();
     if (state.frozen)
         state.frozen = moment;
-    else if (state.machineFollows && SetMachineClock(moment))
-        state.offset = 0;
     else
         state.offset = QDateTime::currentDateTime().msecsTo(moment);
 }
@@ -94,8 +84,25 @@ bool SetTime(QStringView hhmmss) {
     return time.isValid();
 }
 
-void LetMachineFollow(bool on) {
-    Current().machineFollows = on;
+bool SetMachineClock(const QDateTime& moment) {
+    const qint64 milliseconds = moment.toMSecsSinceEpoch();
+    timespec time{};
+    time.tv_sec = milliseconds / 1000;
+    time.tv_nsec = (milliseconds % 1000) * 1000000;
+    return clock_settime(CLOCK_REALTIME, &time) == 0;
+}
+
+void LetMachineFollow(MachineClock machine) {
+    Current().machine = std::move(machine);
+}
+
+bool MoveMachine() {
+    const QDateTime moment = Now();
+    if (!Current().machine)
+        return true;
+    const bool moved = Current().machine(moment);
+    MoveTo(moment);
+    return moved;
 }
 
 void Freeze(const QDateTime& moment) {

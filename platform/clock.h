@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QTime>
+#include <functional>
 
 namespace hotel::Clock {
 
@@ -29,9 +30,16 @@ double SecondsSinceMidnight();
 bool SetDate(QStringView yyyyMMdd);
 bool SetTime(QStringView hhmmss);
 
-// Whether SetDate and SetTime set the machine's clock as well (off at start). Where the user may not,
-// nothing happens.
-void LetMachineFollow(bool on);
+// How the machine's own clock is set; false where this user may not.
+using MachineClock = std::function<bool(const QDateTime& moment)>;
+bool SetMachineClock(const QDateTime& moment);
+
+// Has the machine's clock follow this one, by that way; none (as at the start) leaves it alone.
+void LetMachineFollow(MachineClock machine);
+
+// Sets the machine's clock to what this one shows, if it is to follow; false when that failed. This clock
+// goes on as it was in any case.
+bool MoveMachine();
 
 // Stands the clock at a moment, for a test and for the days that the demo hotel has behind it; it moves
 // only by Advance. Release with Resume.

@@ -6,6 +6,7 @@
 #include "record/code_page.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
+#include "session/parameters.h"
 
 namespace hotel {
 
@@ -14,6 +15,24 @@ namespace {
 constexpr qsizetype kShortestAddress = 8;
 constexpr qsizetype kShortestPort = 3;
 constexpr int kHighestPort = 65535;
+
+bool IsOn(const QString& text, QStringView key) {
+    return LeadingNumber(GetTag(text, key)) != 0;
+}
+
+void TakeParameters(const QString& text, Configuration& configuration) {
+    for (const Parameter& parameter : Parameters()) {
+        if (!text.contains(u"<%1>"_s.arg(parameter.name)))
+            continue;
+        const QString value = GetTag(text, parameter.name);
+        const QString objection = CheckParameter(parameter, value);
+        if (objection.isEmpty())
+            configuration.parameters.insert(parameter.name.toString(), value);
+        else
+            configuration.refused += u"%1（%2）：“%3”没有采用，%4。"_s.arg(
+                parameter.label, parameter.name, value, objection);
+    }
+}
 
 QString DecodeFile(const QByteArray& bytes) {
     QStringDecoder utf8(QStringDecoder::Utf8);
@@ -35,7 +54,9 @@ Configuration ParseConfiguration(QStringView text) {
         if (number >= 1 && number <= kHighestPort)
             configuration.port = int(number);
     }
-    configuration.debugMode = LeadingNumber(GetTag(joined, u"调试方式")) != 0;
+    configuration.debugMode = IsOn(joined, u"调试方式");
+    configuration.setsMachineClock = IsOn(joined, u"校准本机时钟");
+    TakeParameters(joined, configuration);
     return configuration;
 }
 

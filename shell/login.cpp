@@ -54,9 +54,10 @@ void LogRefusedLogin(const QString& user) {
                u"从["_s + Link().localIP + u"]尝试以用户："_s + user + u"登录，失败"_s);
 }
 
-void FollowServerClock() {
+bool FollowServerClock() {
     Clock::SetTime(DbServerTime());
     Clock::SetDate(DbServerDate());
+    return Clock::MoveMachine();
 }
 
 void LogLeaving() {

@@ -31,8 +31,9 @@ void BeginSession(const QString& user);
 // Writes the failed attempt into the operation log.
 void LogRefusedLogin(const QString& user);
 
-// Sets the workstation's clock from the server's time and date; a failure changes nothing.
-void FollowServerClock();
+// Sets the workstation's clock from the server's time and date; a failure changes nothing. False when the
+// machine's own clock was to follow and could not be set.
+bool FollowServerClock();
 
 // Writes the end of the session into the operation log, where the link still stands. The server gets
 // no log out command: the connection's end is its log out.

@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kUserListMilliseconds = 500;
 constexpr int kNoPasswordMilliseconds = 2000;
+constexpr int kMachineClockMilliseconds = 4000;
 
 // Login names are kept in capitals; other characters than a to z stay as they are.
 QString Capitals(const QString& typed) {
@@ -43,6 +44,7 @@ loginfrm::loginfrm(const Configuration& configuration)
     usercmb_->setObjectName(u"usercmb"_s);
     usercmb_->setEditable(true);
     usercmb_->setInsertPolicy(QComboBox::NoInsert);
+    usercmb_->setCompleter(nullptr); // the list offers; who is typed is who is meant
     usercmb_->setMinimumWidth(240);
     password_ = new QLineEdit;
     password_->setObjectName(u"Password"_s);
@@ -74,7 +76,6 @@ loginfrm::loginfrm(const Configuration& configuration)
         {u"cancelcmd"_s, u"退出"_s, [this] { close(); }, Qt::Key_F10, CommandKind::Plain,
          u"leave"_s},
     });
-    setCommandEnabled(u"SetPassCmd", false);
     setFieldOrder({usercmb_, password_});
     onEnter(password_, [this] { Logincmd_Click(); });
     usercmb_->lineEdit()->installEventFilter(this);
@@ -114,13 +115,16 @@ void loginfrm::Timer1_Timer() {
 void loginfrm::usercmb_GotFocus() {
     if (usercmb_->count() > 0)
         return;
-    const QString typed = usercmb_->currentText();
     const QStringList users = OfferedUsers();
     if (users.isEmpty())
         return;
+    // What was typed meanwhile stays as it is: the first entry would take its place.
+    const QString typed = usercmb_->currentText();
+    const int cursor = usercmb_->lineEdit()->cursorPosition();
     usercmb_->addItems(users);
     usercmb_->setCurrentIndex(-1);
     usercmb_->setEditText(typed);
+    usercmb_->lineEdit()->setCursorPosition(cursor);
 }
 
 bool loginfrm::eventFilter(QObject* watched, QEvent* event) {
@@ -141,8 +145,8 @@ void loginfrm::Logincmd_Click() {
 
     switch (CheckLogin(user, password_->text())) {
     case LoginResult::Refused:
-        LogRefusedLogin(user);
         refuse(u"用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"_s);
+        LogRefusedLogin(user);
         return;
     case LoginResult::LinkTrouble:
         refuse(u"网络未连接或不可预料的错误！"_s);
@@ -156,8 +160,11 @@ void loginfrm::Logincmd_Click() {
     }
     BeginSession(user);
     setWindowTitle(u"用户登录"_s);
-    FollowServerClock();
+    const bool machineFollowed = FollowServerClock();
     openMainWindow();
+    if (!machineFollowed)
+        TimedMessage(u"本机时钟没有校准（当前系统用户无权设定），程序按服务器的时间运行。"_s,
+                     u"注意"_s, kMachineClockMilliseconds);
 }
 
 void loginfrm::refuse(const QString& words) {

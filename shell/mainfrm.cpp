@@ -36,7 +36,7 @@ constexpr QLatin1StringView kStyle(R"(
     #header { background: #1b3556; }
     #header QLabel { color: #f6f3ea; }
     #groups { background: #e6ebf2; }
-    #groups QPushButton { text-align: left; padding: 10px 16px; font-size: 12pt; border: none;
+    #groups QPushButton { text-align: left; padding: 8px 16px; font-size: 12pt; border: none;
                           border-radius: 4px; background: transparent; color: #1b2733; }
     #groups QPushButton:hover { background: #d3dce8; }
     #groups QPushButton:checked { background: #1f5fa8; color: white; }
@@ -47,10 +47,14 @@ constexpr QLatin1StringView kStyle(R"(
     QPushButton[entry="true"]:disabled { background: #f3f5f7; color: #a3adb8; border-color: #dde3ea; }
 )");
 
+QString Caption() {
+    const QString hotel = Param(u"Yhdwmc");
+    return hotel.isEmpty() ? u"宾馆管理工作站"_s : hotel + u" 管理工作站"_s;
+}
+
 } // namespace
 
-mainfrm::mainfrm(loginfrm& login)
-    : Screen(u"mainfrm"_s, Param(u"Yhdwmc") + u" 管理工作站"_s), login_(login) {
+mainfrm::mainfrm(loginfrm& login) : Screen(u"mainfrm"_s, Caption()), login_(login) {
     auto* body = new QHBoxLayout;
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
@@ -82,7 +86,7 @@ mainfrm::mainfrm(loginfrm& login)
     showTime();
     every(1000, [this] { showTime(); });
     setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
-    resize(1280, 760);
+    resize(1280, 680); // with its frame inside a display of 1366 by 768
 }
 
 QWidget* mainfrm::makeHeader() {

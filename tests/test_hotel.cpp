@@ -75,6 +75,7 @@ QDateTime TestHotel::Moment() {
 TestHotel::TestHotel(Start start) : serverClock_(Moment().toMSecsSinceEpoch()) {
     CopyFolder(FilledStore(), folder_.path());
     Clock::Freeze(Moment());
+    SetSiteParameters({});
     ResetParameters();
     CurrentSession() = {};
     startServer();

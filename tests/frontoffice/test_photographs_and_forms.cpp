@@ -201,12 +201,13 @@ private Q_SLOTS:
                                    u"<年龄>77</年龄><户口所在地>重庆市</户口所在地>"_s));
         set =
             WithGuest(set, u"8302", u"客人01", ValidGuest(u"张三"_s, u"260305140510"_s, u"团队"_s));
+        SetParam(u"Yhdwmc", u"海天宾馆"_s);
         PrintRegistrationForm(set, rooms);
 
         PrintScript script = ScriptOfJob();
         const QStringList first = Texts(script.previewPage(1));
         for (const QString& value :
-             {Param(u"Yhdwmc"), rooms.join(u','), u"王一"_s, u"女"_s, u"34"_s,
+             {u"海天宾馆"_s, rooms.join(u','), u"王一"_s, u"女"_s, u"34"_s,
               u"四川省,成都市,武侯区"_s, u"会计师"_s, u"旅游观光"_s, u"成都"_s, u"重庆"_s,
               u"2026-03-08"_s, u"林晓燕"_s, u"8301"_s, u"标准双床房"_s, u"含双早"_s, u"李二"_s,
               u"77"_s, u"重庆市"_s, u"10:00"_s})

@@ -32,8 +32,26 @@ private Q_SLOTS:
         row("negative port", u"<端口地址>-70</端口地址>"_s, home, 6801, false);
         row("tag broken over lines", u"<IP地\r\n址>192.168.1.10</IP地址>"_s, u"192.168.1.10"_s,
             6801, false);
+        QVERIFY(ParseConfiguration(u"<校准本机时钟>1</校准本机时钟>").setsMachineClock);
+        QVERIFY(!ParseConfiguration(u"<校准本机时钟>0</校准本机时钟>").setsMachineClock);
+        QVERIFY(!ParseConfiguration({}).setsMachineClock);
         row("debug minus one", u"<调试方式>-1</调试方式>"_s, home, 6801, true);
         row("unclosed tags", u"<IP地址>192.168.1.10<端口地址>7000"_s, home, 6801, false);
+    }
+
+    void sitesOwnValues() {
+        const Configuration configuration = ParseConfiguration(
+            u"<Yhdwmc>海天宾馆</Yhdwmc>\r\n<AutoFy>1</AutoFy>\n<KfxxLj>rooms</KfxxLj>\n"
+            "<Bjsx1>14:00</Bjsx1><ErrPause>on</ErrPause><Jzhxx></Jzhxx><Nobody>1</Nobody>");
+        QCOMPARE(configuration.parameters, (QHash<QString, QString>{{u"Yhdwmc"_s, u"海天宾馆"_s},
+                                                                    {u"AutoFy"_s, u"1"_s},
+                                                                    {u"Bjsx1"_s, u"14:00"_s}}));
+        QCOMPARE(configuration.refused,
+                 (QStringList{u"结账号信息库（Jzhxx）：“”没有采用，不能为空。"_s,
+                              u"客房信息存放路径（KfxxLj）：“rooms”没有采用，必须以“\\”结尾。"_s,
+                              u"考勤错误暂停（ErrPause）：“on”没有采用，只能是0或1。"_s}));
+        const Configuration none = ParseConfiguration(u"<IP地址>192.168.1.10</IP地址>");
+        QVERIFY(none.parameters.isEmpty() && none.refused.isEmpty());
     }
 
     void missingOrUnreadableFileGivesDefaults() {

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
+#include "screen/theme.h"
 #include "session/operation_log.h"
 #include "session/session.h"
 #include "shell/loginfrm.h"
@@ -53,6 +54,50 @@ private Q_SLOTS:
         QCOMPARE(users->currentText(), u"SHOUYIN1"_s);
     }
 
+    // What is typed is the user, whether it begins the name of another one, is a part of a name or no
+    // name at all; the list only offers. The key behind the name leads to the password.
+    void typedNameStands() {
+        auto* box = control<QComboBox>(login_, u"usercmb"_s);
+        QTRY_VERIFY(box->count() > 0);
+        const auto row = [&](const char* name, const QStringList& users, const QString& typed,
+                             const QList<Qt::Key>& keys, const QString& user) {
+            box->clear();
+            box->addItems(users);
+            box->setCurrentIndex(-1);
+            password()->clear();
+            box->setFocus();
+            QTest::keyClicks(QApplication::focusWidget(), typed);
+            for (Qt::Key key : keys)
+                QTest::keyClick(QApplication::focusWidget(), key);
+            QTest::keyClicks(QApplication::focusWidget(), u"111111"_s);
+            Check(name, box->currentText(), user);
+            Check(name, password()->text(), u"111111"_s);
+        };
+        const QStringList house = {u"QIANTAI"_s, u"LIBAN"_s, u"QIAN"_s, u"QI"_s};
+        row("half a name", house, u"qiant"_s, {Qt::Key_Return}, u"QIANT"_s);
+        row("a whole name", house, u"qiantai"_s, {Qt::Key_Return}, u"QIANTAI"_s);
+        row("a name that begins others", house, u"qi"_s, {Qt::Key_Return}, u"QI"_s);
+        row("a name between others, Tab", house, u"qian"_s, {Qt::Key_Tab}, u"QIAN"_s);
+        row("half a name, Tab", house, u"lib"_s, {Qt::Key_Tab}, u"LIB"_s);
+        row("the only user's half name", {u"ADMIN"_s}, u"adm"_s, {Qt::Key_Return}, u"ADM"_s);
+        row("nobody to offer", {}, u"adm"_s, {Qt::Key_Return}, u"ADM"_s);
+        row("chosen by key", house, {}, {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, u"LIBAN"_s);
+    }
+
+    // A quick clerk types before the list is there.
+    void listThatComesLeavesTheTypingAlone() {
+        auto* box = control<QComboBox>(login_, u"usercmb"_s);
+        QCOMPARE(box->count(), 0);
+        QTimer::singleShot(0, box, [box] {
+            QTest::keyClicks(box->lineEdit(), u"qt"_s);
+            QTest::keyClick(box->lineEdit(), Qt::Key_Left);
+            QTest::keyClicks(box->lineEdit(), u"ian"_s);
+        });
+        QTRY_VERIFY(box->count() > 0);
+        QTest::keyClicks(box->lineEdit(), u"1"_s);
+        QCOMPARE(box->currentText(), u"QIAN1T"_s);
+    }
+
     void emptyUserIsAskedAgain() {
         control<QPushButton>(login_, u"Logincmd"_s)->click();
         QCOMPARE(messages_->entries().last().title, u"登录失败！"_s);
@@ -84,19 +129,67 @@ private Q_SLOTS:
             QCOMPARE(hotel_->logged(operation_log::kRemark),
                      u"从[%1]以用户：%2登录"_s.arg(Link().localIP, user.toUpper()));
             QCOMPARE(hotel_->logged(operation_log::kOperator), CurrentSession().userName);
+            const auto* change = control<QPushButton>(login_, u"SetPassCmd"_s);
+            QCOMPARE(change->isEnabled(), user != u"chaxun"_s); // who has no right to it
         }
+    }
+
+    // Who may change a password is known from the rights alone, so nobody is kept from it before the
+    // first failure.
+    void passwordMayBeChangedUntilALoginFails() {
+        QStringList asked;
+        SetEntryOpener([&](QStringView screen) {
+            asked.append(screen.toString());
+            return true;
+        });
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+        QCOMPARE(asked, QStringList{u"SetPass"_s});
+        logIn(u"qiantai"_s, u"wrong"_s);
+        QTRY_COMPARE(messages_->last(), kRefusal);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+        QCOMPARE(asked.size(), 1);
     }
 
     void refusedPasswordIsSelectedForTyping() {
         logIn(u"qiantai"_s, u"wrong"_s);
         QTRY_COMPARE(messages_->last(), kRefusal);
         QVERIFY(control<QPushButton>(login_, u"Logincmd"_s)->isEnabled());
-        QVERIFY(!control<QPushButton>(login_, u"SetPassCmd"_s)->isEnabled());
         QCOMPARE(password()->selectedText().size(), 5);
         QTest::keyClicks(password(), u"111111"_s);
         QTest::keyClick(password(), Qt::Key_Return);
         QTRY_VERIFY(login_->mainWindow());
-        QVERIFY(control<QPushButton>(login_, u"SetPassCmd"_s)->isEnabled());
+    }
+
+    // The words don't wait for the log, which a silent server would keep for minutes.
+    void refusalIsTakenDownBehindItsWords() {
+        QTRY_VERIFY(control<QComboBox>(login_, u"usercmb"_s)->count() > 0);
+        messages_.reset(); // the words come in a box
+        const int before = Link().commandCounter();
+        int commands = 0;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            if (auto* box = QApplication::activeModalWidget()) {
+                commands = Link().commandCounter() - before;
+                box->close();
+            }
+        });
+        watch.start(5);
+        logIn(u"qiantai"_s, u"wrong"_s);
+        QTRY_COMPARE(commands, 2); // with no password, and with the one typed
+        QTRY_COMPARE(password()->selectedText().size(), 5);
+        QVERIFY(Link().commandCounter() - before > 2);
+    }
+
+    // A small display of 1366 by 768, less a task bar and the window's own frame.
+    void mainWindowFitsASmallDisplay() {
+        ApplyTheme(*qApp);
+        CurrentSession().rights = u"人事管理"_s;
+        mainfrm window(*login_);
+        window.show();
+        control<QPushButton>(&window, u"Rsgl_cmd"_s)->click();
+        const QSize room(1366 - 16, 768 - 88);
+        QCOMPARE(window.size().boundedTo(room), window.size());
+        QCOMPARE(window.minimumSizeHint().boundedTo(room), window.minimumSizeHint());
     }
 
     void mainWindowShowsTheUsersRights() {
@@ -195,6 +288,29 @@ private Q_SLOTS:
         comeIn(u"qiantai"_s, u"111111"_s);
         QCOMPARE(Clock::TimeText(), u"11:22:33"_s);
         QCOMPARE(Clock::DateText(), u"2026-03-05"_s);
+    }
+
+    // Only where the configuration asks for it; a machine that refuses is told of, and stops nobody.
+    void machinesClockFollows_data() {
+        const Columns<bool, QString> row("may", "told");
+        row("set", true, {});
+        row("refused", false,
+            u"本机时钟没有校准（当前系统用户无权设定），程序按服务器的时间运行。"_s);
+    }
+    void machinesClockFollows() {
+        QFETCH(bool, may);
+        QList<QDateTime> set;
+        Clock::LetMachineFollow([&](const QDateTime& moment) {
+            set += moment;
+            return may;
+        });
+        const QDateTime server(QDate(2026, 3, 5), QTime(11, 22, 33));
+        hotel_->setServerClock(server);
+        comeIn(u"qiantai"_s, u"111111"_s);
+        Clock::LetMachineFollow({});
+        QCOMPARE(set, QList<QDateTime>{server});
+        QTEST(messages_->last(), "told");
+        QCOMPARE(Clock::TimeText(), u"11:22:33"_s);
     }
 
     void serverThatComesLaterFillsTheList() {
