@@ -44,7 +44,7 @@ int PrintTable(const TextTable& table) {
 QByteArray ScriptOf(int pages) {
     PrintTable(GuestTable(pages));
     FinishedPrintJob job = ReadPrintJob();
-    QFile script(u"_$$_TEMP.TMP"_s);
+    QFile script(PrintScriptFile());
     return script.open(QIODevice::ReadOnly) ? script.readAll() : QByteArray();
 }
 

@@ -15,7 +15,7 @@ namespace hotel {
 
 namespace {
 
-std::function<QStringList(QStringView)> categoryLoader;
+std::function<std::optional<QStringList>(QStringView)> categoryLoader;
 
 std::function<bool(QStringView, QStringView)> categoryMatch = [](QStringView entry,
                                                                  QStringView typed) {
@@ -24,7 +24,7 @@ std::function<bool(QStringView, QStringView)> categoryMatch = [](QStringView ent
 
 } // namespace
 
-void SetCategoryLoader(std::function<QStringList(QStringView category)> loader) {
+void SetCategoryLoader(std::function<std::optional<QStringList>(QStringView category)> loader) {
     categoryLoader = std::move(loader);
 }
 
@@ -65,8 +65,11 @@ void CategoryBox::fill() {
     // asked for again when it is opened while another handler waits.
     auto* screen = qobject_cast<Screen*>(window());
     const auto read = [this] {
-        filled_ = true;
-        setChoices(categoryLoader(category_));
+        filled_ = true; // while it waits, nobody else reads
+        if (const auto entries = categoryLoader(category_))
+            setChoices(*entries);
+        else
+            filled_ = false;
     };
     if (screen)
         screen->run(read);
@@ -112,7 +115,7 @@ void CategoryBox::selectByLetters(const QString& letters) {
 }
 
 void CategoryBox::focusOutEvent(QFocusEvent* event) {
-    if (isEditable() && event->reason() == Qt::TabFocusReason)
+    if (isEditable() && !category_.isEmpty() && event->reason() == Qt::TabFocusReason)
         takeInitials();
     QComboBox::focusOutEvent(event);
 }

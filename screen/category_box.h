@@ -1,10 +1,12 @@
 #pragma once
 
-// A drop-down over a category. Its entries are read when they are first wanted, and only once.
+// A drop-down over a category. Its entries are read when they are first wanted, and, once that has
+// succeeded, not again.
 //
 // Letters look for an entry (see SetCategoryMatch): at once where only entries can be chosen; where any
 // text may be typed, a text of plain letters turns into the entry it means when Enter or Tab leaves the
-// box, and stays where it means none.
+// box, and stays where it means none. A box that its owner fills, with what was typed earlier for instance,
+// only offers: what is typed there is what is meant.
 
 #include <QComboBox>
 #include <QElapsedTimer>

@@ -51,8 +51,9 @@ struct FormField {
 };
 
 // How a category's entries are read. Set once, by the program; called when a drop-down is first
-// opened or searched by letters, as a handler of its screen. It may wait on the server.
-void SetCategoryLoader(std::function<QStringList(QStringView category)> loader);
+// opened or searched by letters, as a handler of its screen. It may wait on the server, and gives nothing
+// when that fails: then it is called again when the drop-down is wanted the next time.
+void SetCategoryLoader(std::function<std::optional<QStringList>(QStringView category)> loader);
 
 // Whether letters typed in a drop-down mean an entry (by its pinyin initials, say). At the start:
 // whether the entry begins with them.

@@ -87,38 +87,37 @@ QString ShowFileDialog(QFileDialog::AcceptMode mode, const QString& title, const
 } // namespace
 
 // Hands a message to the newest recorder; an answer for those kinds that ask for one.
-std::optional<QString> Ask(MessageRecorder::Kind kind, const QString& words, const QString& title) {
+std::optional<QString> Ask(const MessageRecorder::Entry& entry) {
     using Kind = MessageRecorder::Kind;
     MessageRecorder& recorder = *recorders.last();
-    recorder.entries_.append({kind, title, words});
-    if (kind == Kind::Message || kind == Kind::Timed || recorder.answers_.isEmpty())
-        return std::nullopt;
-    return recorder.answers_.takeFirst();
+    recorder.entries_.append(entry);
+    const bool asks = entry.kind != Kind::Message && entry.kind != Kind::Timed;
+    return asks && !recorder.answers_.isEmpty() ? recorder.answers_.takeFirst() : std::nullopt;
 }
 
 void MsgBox(const QString& words, const QString& title) {
     if (!recorders.isEmpty())
-        Ask(MessageRecorder::Kind::Message, words, title);
+        Ask({MessageRecorder::Kind::Message, title, words});
     else
         ShowBox(QMessageBox::Information, words, title, {u"确定(&O)"_s, {}});
 }
 
 bool AskOkCancel(const QString& words, const QString& title) {
     if (!recorders.isEmpty())
-        return IsConsent(Ask(MessageRecorder::Kind::OkCancel, words, title));
+        return IsConsent(Ask({MessageRecorder::Kind::OkCancel, title, words}));
     return ShowBox(QMessageBox::Question, words, title, {u"确定(&O)"_s, u"取消(&C)"_s});
 }
 
 bool AskYesNo(const QString& words, const QString& title) {
     if (!recorders.isEmpty())
-        return IsConsent(Ask(MessageRecorder::Kind::YesNo, words, title));
+        return IsConsent(Ask({MessageRecorder::Kind::YesNo, title, words}));
     return ShowBox(QMessageBox::Question, words, title, {u"是(&Y)"_s, u"否(&N)"_s});
 }
 
 std::optional<QString> InputBox(const QString& words, const QString& title,
                                 const QString& proposed) {
     if (!recorders.isEmpty())
-        return Ask(MessageRecorder::Kind::Input, words, title);
+        return Ask({MessageRecorder::Kind::Input, title, words, proposed});
     Shown<QInputDialog> dialog(title);
     dialog->setLabelText(words);
     dialog->setTextValue(proposed);
@@ -132,19 +131,20 @@ std::optional<QString> InputBox(const QString& words, const QString& title,
 
 QString AskSaveFile(const QString& title, const QString& proposed, const QString& filter) {
     if (!recorders.isEmpty())
-        return Ask(MessageRecorder::Kind::SaveFile, proposed, title).value_or(QString());
+        return Ask({MessageRecorder::Kind::SaveFile, title, proposed, proposed, filter})
+            .value_or(QString());
     return ShowFileDialog(QFileDialog::AcceptSave, title, proposed, filter);
 }
 
 QString AskOpenFile(const QString& title, const QString& filter) {
     if (!recorders.isEmpty())
-        return Ask(MessageRecorder::Kind::OpenFile, {}, title).value_or(QString());
+        return Ask({MessageRecorder::Kind::OpenFile, title, {}, {}, filter}).value_or(QString());
     return ShowFileDialog(QFileDialog::AcceptOpen, title, {}, filter);
 }
 
 void TimedMessage(const QString& words, const QString& title, int milliseconds, bool wait) {
     if (!recorders.isEmpty()) {
-        Ask(MessageRecorder::Kind::Timed, words, title);
+        Ask({MessageRecorder::Kind::Timed, title, words});
         return;
     }
     static QPointer<WaitFrm> box;

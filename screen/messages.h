@@ -38,7 +38,9 @@ public:
     struct Entry {
         Kind kind;
         QString title;
-        QString words;
+        QString words;         // of file questions: what is proposed
+        QString proposed = {}; // what stands in the box when it comes up
+        QString filter = {};   // of file questions
     };
 
     MessageRecorder();
@@ -57,7 +59,7 @@ public:
     void clear() { entries_.clear(); }
 
 private:
-    friend std::optional<QString> Ask(Kind kind, const QString& words, const QString& title);
+    friend std::optional<QString> Ask(const Entry& entry);
     QList<Entry> entries_;
     QList<std::optional<QString>> answers_;
 };

@@ -21,6 +21,9 @@ constexpr qsizetype kFieldNameLimit = 32;
 constexpr std::array<QStringView, 6> kFreeTexts = {u"记录值",     u"初始值",     u"记录查询条件",
                                                    u"记录必选项", u"记录任选项", u"记录排除项"};
 
+// Of these, what is to be stored.
+constexpr QStringView kValues[] = {u"记录值", u"初始值"};
+
 struct Marks {
     QByteArray command = EncodeForWire(u"<命令>");
     QByteArray numberOpen = EncodeForWire(u"<命令流水号>CmdID:");
@@ -58,7 +61,7 @@ Request::Request(QByteArray number, QString text)
         const qsizetype start = bracket + 1;
         const qsizetype end = free ? all.lastIndexOf(closing) : FindText(all, closing, start);
         if (end < start) {
-            isCut_ |= free;
+            isCut_ |= std::ranges::find(kValues, view(name)) != std::end(kValues);
             position = start;
             continue;
         }

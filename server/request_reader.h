@@ -40,7 +40,7 @@ public:
     // Value of a field; empty when the request doesn't have it.
     QStringView field(QStringView name) const;
 
-    // A field of free text is opened and never closed: its value has been cut.
+    // A value that is to be stored is opened and never closed: it has been cut.
     bool isCut() const { return isCut_; }
 
 private:

@@ -147,6 +147,27 @@ private Q_SLOTS:
         QCOMPARE(read_, QStringList{u"省市名称"_s});
     }
 
+    // A list that could not be read is asked for again when it is wanted again; one that was read isn't.
+    void aListThatCouldNotBeRead() {
+        bool serverAnswers = false;
+        int reads = 0;
+        SetCategoryLoader([&](QStringView) -> std::optional<QStringList> {
+            ++reads;
+            return serverAnswers ? std::optional(QStringList{u"身份证"_s}) : std::nullopt;
+        });
+        auto* list = form_->editor<QComboBox>(u"Zjzl");
+        list->showPopup();
+        list->hidePopup();
+        QCOMPARE(list->count(), 0);
+        serverAnswers = true;
+        for (int again = 0; again < 2; ++again) {
+            list->showPopup();
+            list->hidePopup();
+            QCOMPARE(list->count(), 1);
+        }
+        QCOMPARE(reads, 2);
+    }
+
     void aCategoryThatWaitsKeepsTheScreenStanding() {
         const QPointer<Screen> screen = screen_.get();
         SetCategoryLoader([&](QStringView) -> QStringList {

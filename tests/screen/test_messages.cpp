@@ -45,6 +45,20 @@ class MessagesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    // What a box proposes, and what a file dialog offers, is kept beside the words.
+    void recorderKeepsProposals() {
+        MessageRecorder recorder;
+        recorder.answerNext(u"b"_s);
+        QCOMPARE(InputBox(u"文件名："_s, u"保存"_s, u"夜审纪录.txt"_s), u"b"_s);
+        QCOMPARE(recorder.entries().last().words, u"文件名："_s);
+        QCOMPARE(recorder.entries().last().proposed, u"夜审纪录.txt"_s);
+        QCOMPARE(AskSaveFile(u"保存"_s, u"Txt\\a.txt"_s, u"(文本文档)|*.txt"_s), QString());
+        QCOMPARE(recorder.entries().last().proposed, u"Txt\\a.txt"_s);
+        QCOMPARE(recorder.entries().last().filter, u"(文本文档)|*.txt"_s);
+        AskOpenFile(u"照片"_s, u"(图片)|*.jpg"_s);
+        QCOMPARE(recorder.entries().last().filter, u"(图片)|*.jpg"_s);
+    }
+
     void realQuestions() {
         const auto row = [](const char* name, bool yesNo, Qt::Key key, bool agreed) {
             QString title;

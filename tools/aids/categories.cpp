@@ -1,5 +1,6 @@
 #include "tools/aids/categories.h"
 
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "record/field_walk.h"
 #include "record/numbers.h"
@@ -76,8 +77,15 @@ QString CategoryFile() {
     return Param(u"XtsjLj") + Param(u"Flmcxx");
 }
 
+std::optional<QStringList> ReadCategory(QStringView categoryName) {
+    const RecordRead category = ReadProjectToChange(CategoryFile(), categoryName);
+    if (category.failed())
+        return {};
+    return CategoryEntries(category.value);
+}
+
 QStringList LoadCategory(QStringView categoryName) {
-    return CategoryEntries(DbReadRecord(CategoryFile(), {}, categoryName));
+    return ReadCategory(categoryName).value_or(QStringList());
 }
 
 QStringList LoadCategoryNames() {

@@ -17,6 +17,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <optional>
+
 #include "record/text_table.h"
 
 namespace hotel {
@@ -59,8 +61,9 @@ QString CategoryText(const TextTable& table);
 // The category database: parameters XtsjLj and Flmcxx put together.
 QString CategoryFile();
 
-// The entries of a category, read from the server. A category that does not exist and a failed read
-// give an empty list. (Wait on the server.)
+// The entries of a category, read from the server: none where there is no such category, nothing when the
+// read fails. LoadCategory takes both for an empty list. (Wait on the server.)
+std::optional<QStringList> ReadCategory(QStringView categoryName);
 QStringList LoadCategory(QStringView categoryName);
 
 // The names of all categories, without the description. (Wait on the server.)

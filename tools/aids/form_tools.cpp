@@ -17,7 +17,7 @@ std::optional<double> ReadAmount(const QString& text) {
 } // namespace
 
 void SetUpForms() {
-    SetCategoryLoader(LoadCategory);
+    SetCategoryLoader(ReadCategory);
     SetCategoryMatch(MatchesTyped);
     SetAmountReader(ReadAmount);
 }

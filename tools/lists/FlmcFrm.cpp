@@ -1,5 +1,6 @@
 #include "tools/lists/FlmcFrm.h"
 
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/record_text.h"
@@ -98,9 +99,13 @@ void FlmcFrm::FlmcQd_Click() {
     const QString chosen = FlmcQd->currentText();
     if (chosen.isEmpty() || chosen == shown_)
         return;
-    const QString text = DbReadRecord(CategoryFile(), {}, chosen);
-    shown_ = chosen;
-    showRows(CategoryTable(IsError(text) ? QString() : text));
+    const RecordRead category = ReadProjectToChange(CategoryFile(), chosen);
+    shown_ = category.failed() ? QString() : chosen;
+    showRows(CategoryTable(category.value));
+    if (category.failed()) {
+        FlmcQd->setCurrentIndex(-1); // choosing it again reads it again
+        MsgBox(u"分类名称读取失败,请稍候再选一次!"_s, u"数据库错误"_s);
+    }
 }
 
 void FlmcFrm::CmdAdd_Click() {

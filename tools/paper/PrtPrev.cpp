@@ -92,6 +92,7 @@ PrtPrev::PrtPrev()
     zVal->setObjectName(u"zVal"_s);
     zVal->setEditable(true);
     zVal->setInsertPolicy(QComboBox::NoInsert);
+    zVal->setCompleter(nullptr); // 10 is not the beginning of 100
     zVal->addItems({kPageHeight, kPageWidth, kWholePage, u"200"_s, u"150"_s, u"100"_s, u"75"_s,
                     u"50"_s, u"25"_s});
     zVal->setCurrentText(kWholePage);
@@ -147,6 +148,11 @@ PrtPrev::PrtPrev()
 void PrtPrev::load(const QVariant&) {
     job_ = ReadPrintJob();
     ePag->clear();
+    if (!job_.isWhole) {
+        MsgBox(u"打印文件无法写入临时文件夹,请检查磁盘空间和权限!"_s, u"无法预览"_s);
+        close();
+        return;
+    }
     if (!job_.script.hasPage(1)) {
         MsgBox(u"没有可以打印的内容!"_s, u"无法预览"_s);
         close();

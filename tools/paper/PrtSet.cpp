@@ -44,8 +44,8 @@ PrtSet::PrtSet(FinishedPrintJob& job, int viewedPage)
     setContent(form);
     addCommands({
         {u"Command1"_s, u"打印"_s, [this] { Command1_Click(); }, {}, CommandKind::Default},
-        {u"Command4"_s, u"当前页"_s, [this] { Command4_Click(); }},
-        {u"Command3"_s, u"选择打印机"_s, [this] { Command3_Click(); }},
+        {u"Command4"_s, u"select activee (viewed) page"_s, [this] { Command4_Click(); }},
+        {u"Command3"_s, u"select printer"_s, [this] { Command3_Click(); }},
         {u"CmdStop"_s, u"停止"_s, [this] { requestStop(); }, {}, CommandKind::Stop},
         {u"CmdExit"_s, u"关闭"_s, [this] { close(); }},
     });

@@ -1,6 +1,10 @@
 #include "tools/paper/PrtSubs.h"
 
+#include <memory>
+
 #include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 #include "record/literals.h"
 #include "screen/messages.h"
@@ -35,8 +39,18 @@ PrintJob& Job() {
     return job;
 }
 
+// Empty when no folder can be made. One that a clean-up of the machine has taken is made anew.
+QString ScriptFolder() {
+    static std::unique_ptr<QTemporaryDir> folder;
+    if (!folder || !QFileInfo(folder->path()).isDir())
+        folder = std::make_unique<QTemporaryDir>();
+    return folder->isValid() ? folder->path() : QString();
+}
+
 void DeleteScripts() {
-    QDir folder = QDir::current();
+    QDir folder(ScriptFolder());
+    if (folder.isRelative())
+        return;
     const QStringList scripts = folder.entryList({kScriptFiles}, QDir::Files | QDir::Hidden);
     for (const QString& script : scripts)
         folder.remove(script);
@@ -136,13 +150,18 @@ void PrintFoot(const QString& foot) {
 
 } // namespace
 
+QString PrintScriptFile() {
+    const QString folder = ScriptFolder();
+    return folder.isEmpty() ? QString() : folder + u'/' + kScriptFile;
+}
+
 void OpenPrintJob(double widthCm, double heightCm) {
     ClosePrintJob();
     PrintJob job;
     job.number = Job().number;
     job.width = widthCm > 0 ? widthCm : Job().width;
     job.height = heightCm > 0 ? heightCm : Job().height;
-    job.script.start(QDir::current().filePath(kScriptFile));
+    job.script.start(PrintScriptFile());
     Job() = job;
 }
 
@@ -176,8 +195,8 @@ void ClosePrintJob() {
 FinishedPrintJob ReadPrintJob() {
     PrintJob& job = Job();
     job.script.flush();
-    return {PrintScript::FromFile(job.script.fileName()), QSizeF(job.width, job.height),
-            job.number};
+    return {PrintScript::FromFile(job.script.fileName()), QSizeF(job.width, job.height), job.number,
+            !job.script.failed()};
 }
 
 void PreviewClosed(const FinishedPrintJob& job) {

@@ -13,8 +13,9 @@
 //     EndPage();
 //     PreviewPrintJob();
 //
-// The operations don't draw; they write the print script (print_script.h), _$$_TEMP.TMP in the current
-// folder. There is one job at a time: opening one ends the one before.
+// The operations don't draw; they write the print script (print_script.h), _$$_TEMP.TMP in a temporary
+// folder of this process: two workstations on one machine don't mix their jobs. There is one job at a time:
+// opening one ends the one before.
 //
 // All lengths are centimetres, measured from the top left corner of the area inside the margins. An
 // empty font name or a size of 0 stands for the default of the job. A text that would begin outside
@@ -42,6 +43,9 @@ void SetPrintMargins(double left, double right, double top, double bottom);
 
 // Font for the texts that name none.
 void SetDefaultPrintFont(const QString& name, double size);
+
+// Where the script of the jobs stands; empty when no folder can be written.
+QString PrintScriptFile();
 
 // Shows the job in the preview, or says 没有可以打印的内容! when it has no page. Closing the preview
 // closes the job.

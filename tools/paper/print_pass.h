@@ -13,8 +13,9 @@ namespace hotel {
 // A job as the preview and the printers read it; it outlives the files of the job.
 struct FinishedPrintJob {
     PrintScript script;
-    QSizeF paper;   // width and height in centimetres
-    int number = 0; // which of this run of the program
+    QSizeF paper;        // width and height in centimetres
+    int number = 0;      // which of this run of the program
+    bool isWhole = true; // false: something of the script could not be written
 };
 
 // The printer that was chosen at this workstation; the system's default until then, and again when the

@@ -215,7 +215,8 @@ bool ScriptWriter::start(const QString& fileName) {
     waiting_.clear();
     linesWaiting_ = 0;
     QFile file(fileName_);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    failed_ = !file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    return !failed_;
 }
 
 void ScriptWriter::add(QStringView line) {
@@ -239,7 +240,10 @@ bool ScriptWriter::flush() {
     const QByteArray lines = std::exchange(waiting_, {});
     linesWaiting_ = 0;
     QFile file(fileName_);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(lines) == lines.size();
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Append) &&
+                         file.write(lines) == lines.size() && file.flush();
+    failed_ = failed_ || !written;
+    return written;
 }
 
 PrintScript PrintScript::FromFile(const QString& fileName) {

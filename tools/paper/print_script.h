@@ -90,8 +90,12 @@ public:
 
     const QString& fileName() const { return fileName_; }
 
+    // Something has been lost since the start: the file can't be made, or could not take all lines.
+    bool failed() const { return failed_; }
+
 private:
     QString fileName_;
+    bool failed_ = false;
     QByteArray waiting_; // as it will stand in the file
     int linesWaiting_ = 0;
 };

@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QPushButton>
 
+#include "link/serv_api.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
@@ -91,6 +92,25 @@ private Q_SLOTS:
         QVERIFY(list_->isModified());
         Choose(names_, u"信用等级"_s);
         QVERIFY(!list_->isModified());
+    }
+
+    // A category that could not be read is no empty one: nothing of it can be saved, and it can be chosen again.
+    void aCategoryThatCouldNotBeReadIsNotSaved() {
+        const QString before = stored(u"行业"_s);
+        QVERIFY(before.size() > 100);
+        hotel_->stopServer();
+        Choose(names_, u"行业"_s);
+        QCOMPARE(messages_->last(), u"分类名称读取失败,请稍候再选一次!"_s);
+        QVERIFY(!form_->command(u"CmdAdd")->isEnabled());
+        hotel_->startServer();
+        DbServerDate(); // connects anew
+        hotel_->desk().logIn(u"ADMIN"_s, u"admin888"_s);
+        list_->setCurrent(1, 1);
+        TypeText(list_, u"A"_s);
+        press(u"CmdSave"_s);
+        QCOMPARE(stored(u"行业"_s), before);
+        Choose(names_, u"行业"_s);
+        QCOMPARE(list_->table().text(1, 1), GetTag(GetTag(before, u"记录01"), u"内容"));
     }
 
     void tellsThatSavingFailed() {

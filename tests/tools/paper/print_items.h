@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include "tools/paper/PrtSubs.h"
 #include "tools/paper/print_script.h"
 
 namespace hotel {
@@ -61,7 +62,7 @@ inline PrintScript ScriptOf(const QString& lines) {
 
 // The script of the open print job, as the preview would read it.
 inline PrintScript ScriptOfJob() {
-    return PrintScript::FromFile(u"_$$_TEMP.TMP"_s);
+    return PrintScript::FromFile(PrintScriptFile());
 }
 
 } // namespace hotel

@@ -157,17 +157,19 @@ private Q_SLOTS:
     }
 
     void opensWithACleanFolder() {
-        QFile stale(u"_$$_OLD.TMP"_s);
+        const QString old = QFileInfo(PrintScriptFile()).path() + u"/_$$_OLD.TMP"_s;
+        QFile stale(old);
         QVERIFY(stale.open(QIODevice::WriteOnly));
         stale.close();
         PrintTextLeft(0, 0, u"甲"_s, kSong10);
         OpenPrintJob(21, 28);
-        QVERIFY(!QFile::exists(u"_$$_OLD.TMP"_s));
-        QCOMPARE(QFileInfo(u"_$$_TEMP.TMP"_s).size(), 0);
+        QVERIFY(!QFile::exists(old));
+        QCOMPARE(QFileInfo(PrintScriptFile()).fileName(), u"_$$_TEMP.TMP"_s);
+        QCOMPARE(QFileInfo(PrintScriptFile()).size(), 0);
         AddScriptLine(script::kBufferFresh);
         QCOMPARE(ScriptOfJob().pageCount(), 0);
         ClosePrintJob();
-        QVERIFY(!QFile::exists(u"_$$_TEMP.TMP"_s));
+        QVERIFY(!QFile::exists(PrintScriptFile()));
     }
 
     void keepsPaperAndMarginsThatAreNotSet() {

@@ -144,7 +144,31 @@ private Q_SLOTS:
         QCOMPARE(messages_->entries().size(), 1);
         QCOMPARE(messages_->entries().first().title, u"无法预览"_s);
         QCOMPARE(messages_->last(), u"没有可以打印的内容!"_s);
-        QVERIFY(!QFile::exists(u"_$$_TEMP.TMP"_s));
+        QVERIFY(!QFile::exists(PrintScriptFile()));
+    }
+
+    // Where no folder can be written, that is what is told.
+    void tellsThatTheScriptCouldNotBeWritten() {
+        QDir(QFileInfo(PrintScriptFile()).path()).removeRecursively();
+        const QByteArray before = qgetenv("TMPDIR");
+        qputenv("TMPDIR", "/dev/null"); // no folder
+        QVERIFY(!preview(1));
+        QCOMPARE(messages_->words(),
+                 QStringList{u"打印文件无法写入临时文件夹,请检查磁盘空间和权限!"_s});
+        qputenv("TMPDIR", before);
+        QVERIFY(preview(1)); // the second try, with the folder back
+    }
+
+    // What is typed into the box is the zoom, whatever entry it begins.
+    void typedZoom() {
+        Screen* screen = preview(1);
+        auto* zoom = Find<QComboBox>(screen, u"zVal"_s);
+        zoom->setFocus();
+        zoom->lineEdit()->selectAll();
+        QTest::keyClicks(zoom->lineEdit(), u"10"_s);
+        QCOMPARE(zoom->currentText(), u"10"_s);
+        QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+        QCOMPARE(Find<QLabel>(screen, u"ZoomLbl"_s)->text(), u"%25"_s); // the smallest
     }
 
     void turnsPagesByKeys() {
@@ -168,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(pageShown(screen), u"第3页，共4页"_s);
         QTest::keyClick(screen, Qt::Key_Escape);
         QTRY_VERIFY(!FindScreen(u"PrtPrev"));
-        QVERIFY(!QFile::exists(u"_$$_TEMP.TMP"_s));
+        QVERIFY(!QFile::exists(PrintScriptFile()));
     }
 
     // The last page may be asked for before the script was looked through.
@@ -197,7 +221,7 @@ private Q_SLOTS:
         Screen* second = preview(2);
         QVERIFY(second);
         QTRY_COMPARE(pageShown(second), u"第1页，共2页"_s);
-        QVERIFY(QFile::exists(u"_$$_TEMP.TMP"_s));
+        QVERIFY(QFile::exists(PrintScriptFile()));
     }
 
     void printsThePagesChosen() {
@@ -273,7 +297,7 @@ private Q_SLOTS:
         QVERIFY(!PrintPages(job, 1, 3, goOn));
         QCOMPARE(messages_->entries().last().title, u"注意"_s);
         QCOMPARE(messages_->last(), u"没有可以使用的打印机!"_s);
-        QVERIFY(PrintScript::FromFile(u"_$$_TEMP.TMP"_s).hasPage(3));
+        QVERIFY(PrintScript::FromFile(PrintScriptFile()).hasPage(3));
     }
 
     // The real thing, into a file: every desk has that choice.

@@ -149,6 +149,14 @@ private Q_SLOTS:
         QCOMPARE(form.listed(), 2);
         QCOMPARE(recorder_->last(), u"完全重复的条件！"_s);
         QVERIFY(form.list(u"Vl"_s)->findText(u"王"_s) >= 0); // history of the session
+        // which offers, and turns nothing that is typed into what was typed before
+        form.add(u"或者"_s, u"姓名"_s, u"等于"_s, u"wang"_s);
+        form.activate();
+        form.list(u"Vl"_s)->setFocus();
+        form.list(u"Vl"_s)->setEditText({});
+        form.type(u"Vl"_s, u"wa"_s);
+        QTest::keyClick(form.list(u"Vl"_s)->lineEdit(), Qt::Key_Tab);
+        QCOMPARE(form.list(u"Vl"_s)->currentText(), u"wa"_s);
         QTest::keyClick(query_.get(), Qt::Key_Escape);
         QVERIFY(!query_->accepted());
         QVERIFY(query_->conditionText().isEmpty());
