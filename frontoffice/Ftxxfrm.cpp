@@ -171,18 +171,18 @@ void Ftxxfrm::readSettings() {
     const StatusPlaces places = LoadStatusPlaces();
     const QStringList floors = LoadLcQd();
     const QStringList types = LoadRoomTypes();
-    const BoardSettings settings =
+    const auto settings =
         LoadBoardSettings(CurrentSession().userId, kStatusPlaces, floors.size(), types.size());
-    if (!Link().isUp())
+    if (!settings || !Link().isUp())
         return;
     places_ = places;
     counts_ = EmptyCounts(places, floors, types);
     statuses_->setPlaces(places);
-    statuses_->setTicks(settings.statuses);
+    statuses_->setTicks(settings->statuses);
     Xslc->setEntries(floors);
-    Xslc->setTicks(settings.floors);
+    Xslc->setTicks(settings->floors);
     Xsfx->setEntries(types);
-    Xsfx->setTicks(settings.types);
+    Xsfx->setTicks(settings->types);
     settingsRead_ = !stopRequested();
 }
 

@@ -159,15 +159,15 @@ void ParaFrm::load(const QVariant&) {
 
 // Saving replaces all that is stored, so a list that could not be read is not to be changed.
 void ParaFrm::readDays() {
-    GzrQd->setTable(LoadWorkingDays());
+    const auto days = LoadWorkingDays();
+    GzrQd->setTable(days.value_or(TextTable()));
     day_->clear();
     day_->setText(u"Rq", Clock::DateText());
     showDays(false);
-    const bool read = Link().isUp();
-    setCommandEnabled(u"AddRq", read);
-    setCommandEnabled(u"DelRq", read);
-    setStatus(read ? u"参数修改后立即有效，程序结束后恢复原来的设定"_s
-                   : u"与服务器的连接断开，没有读到特殊工作日；连接恢复后请再次打开系统参数"_s);
+    setCommandEnabled(u"AddRq", days.has_value());
+    setCommandEnabled(u"DelRq", days.has_value());
+    setStatus(days ? u"参数修改后立即有效，程序结束后恢复原来的设定"_s
+                   : u"没有读到特殊工作日，暂时不能修改；连接恢复后请再次打开系统参数"_s);
 }
 
 // --- parameters ---

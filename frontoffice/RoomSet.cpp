@@ -10,6 +10,7 @@
 #include "house/common/paths.h"
 #include "house/rooms/room_edit.h"
 #include "house/rooms/room_record.h"
+#include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
@@ -132,6 +133,10 @@ void RoomSet::ZpCmd_Click() {
         return;
     if (!QFileInfo(path).isFile()) {
         MsgBox(u"照片文件不存在？"_s, u"请检查"_s);
+        return;
+    }
+    if (QFileInfo(path).size() >= kFileLimit) {
+        MsgBox(u"照片文件太大，请选择小于1000000字节的照片！"_s, u"请检查"_s);
         return;
     }
     Zp->setText(path);

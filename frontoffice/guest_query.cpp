@@ -4,6 +4,7 @@
 
 #include "house/guests/guest_text.h"
 #include "house/rooms/room_record.h"
+#include "platform/clock.h"
 #include "record/conditions.h"
 #include "record/field_walk.h"
 #include "record/numbers.h"
@@ -22,9 +23,11 @@ const QStringList kColumns = {
     u"确认房价"_s,   u"结账号"_s,   u"付费客人"_s, u"工作单位"_s, u"接待单位"_s, u"自何处来"_s,
     u"往何处去"_s,   u"停留事由"_s, u"职务"_s,     u"特殊说明"_s, u"接待"_s};
 
-bool ArrivedWithin(const QString& guest, QDate first, QDate last) {
-    const QString arrival = GetTag(guest, u"入住日期");
-    return arrival >= first.toString(u"yyyy-MM-dd"_s) && arrival <= last.toString(u"yyyy-MM-dd"_s);
+// The stay touches the period. It lasts through today at least: whoever is asked for is still in the house.
+bool StaysWithin(const QString& guest, QDate first, QDate last, QDate today) {
+    const auto text = [](QDate day) { return day.toString(u"yyyy-MM-dd"_s); };
+    const QString end = qMax(GetTag(guest, u"预计离店"), text(today));
+    return GetTag(guest, u"入住日期") <= text(last) && end >= text(first);
 }
 
 WalkEnd SearchGuests(const QueryAnswer& answer, CmnGrd& list) {
@@ -34,7 +37,7 @@ WalkEnd SearchGuests(const QueryAnswer& answer, CmnGrd& list) {
         return finished;
     });
     for (const InHouseGuest& guest :
-         SelectGuests(guests, answer.conditionText, answer.first, answer.last))
+         SelectGuests(guests, answer.conditionText, answer.first, answer.last, Clock::Today()))
         list.Grd().addRow(CellsOf(guest.text, guest.name, kColumns, kNoNameColumn));
     return finished ? WalkEnd::Finished : WalkEnd::Stopped;
 }
@@ -58,11 +61,11 @@ QList<InHouseGuest> GuestsInHouse(const std::function<bool(int done, int total)>
 }
 
 QList<InHouseGuest> SelectGuests(const QList<InHouseGuest>& guests, const QString& conditionText,
-                                 QDate first, QDate last) {
+                                 QDate first, QDate last, QDate today) {
     QList<InHouseGuest> candidates;
     const KeywordLists keywords = KeywordsOf(conditionText);
     for (const InHouseGuest& guest : guests) {
-        if (ArrivedWithin(guest.text, first, last) &&
+        if (StaysWithin(guest.text, first, last, today) &&
             (keywords.isEmpty() || MatchesKeywords(guest.text, keywords)))
             candidates.append(guest);
     }

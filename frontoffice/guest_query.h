@@ -21,10 +21,11 @@ struct InHouseGuest {
 // room (rooms done, rooms in all) and ends the walk with false.
 QList<InHouseGuest> GuestsInHouse(const std::function<bool(int done, int total)>& step);
 
-// Those that match: numbered conditions, or keywords searched in the whole guest text; and who arrived
-// within the period. An extreme is sought among all of the period.
+// Those that match: numbered conditions, or keywords searched in the whole guest text; and whose stay touches
+// the period: it lasts from the arrival to the departure planned, and through `today` at least, since they
+// are in the house. An extreme is sought among all of the period.
 QList<InHouseGuest> SelectGuests(const QList<InHouseGuest>& guests, const QString& conditionText,
-                                 QDate first, QDate last);
+                                 QDate first, QDate last, QDate today);
 
 // Asks, searches and shows, as part of a handler of `parent`'s screen.
 void OpenGuestQuery(QWidget* parent);

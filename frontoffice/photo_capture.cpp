@@ -4,9 +4,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include "link/serv_api.h"
 #include "platform/camera.h"
 #include "record/literals.h"
 #include "screen/messages.h"
@@ -31,6 +33,25 @@ bool TakeCopy(const QString& chosen, const QString& file) {
     return QFile::copy(chosen, file);
 }
 
+// Makes the picture small enough to come back from the server. A face on a screen needs no more.
+bool FitForServer(const QString& file) {
+    constexpr int kSides[] = {1600, 1200, 800}; // pixels
+    constexpr int kQuality = 85;
+    if (QFileInfo(file).size() < kFileLimit)
+        return true;
+    const QImage picture(file);
+    for (const int side : kSides) {
+        if (!picture.isNull() &&
+            picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                .save(file, "JPG", kQuality) &&
+            QFileInfo(file).size() < kFileLimit)
+            return true;
+    }
+    QFile::remove(file);
+    MsgBox(u"照片文件太大，无法缩小，请选择小于1000000字节的照片！"_s, u"提示"_s);
+    return false;
+}
+
 QString ChoosePhotograph(const QString& file) {
     const QString chosen = AskOpenFile(u"选择照片"_s, u"(JPEG图片文件)|*.jpg|(所有文件)|*.*"_s);
     if (chosen.isEmpty())
@@ -43,7 +64,7 @@ QString ChoosePhotograph(const QString& file) {
         MsgBox(u"照片文件不能复制，请检查本机的磁盘空间！"_s, u"提示"_s);
         return {};
     }
-    return file;
+    return FitForServer(file) ? file : QString();
 }
 
 } // namespace
@@ -60,7 +81,9 @@ QString TakePhotograph(QWidget* parent, const QString& fileName) {
     camera.CamDisConnect();
     if (!answered)
         return {};
-    return view->fromFile() ? ChoosePhotograph(file) : file;
+    if (view->fromFile())
+        return ChoosePhotograph(file);
+    return FitForServer(file) ? file : QString();
 }
 
 } // namespace hotel

@@ -395,7 +395,7 @@ int DbDownloadFile(QStringView remoteName, const QString& localPath) {
 
 int DbUploadFile(const QString& localPath, QStringView remoteName) {
     QFile file(localPath);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly) || file.size() >= kFileLimit)
         return kFailed;
     QString content;
     content.reserve(2 * file.size());

@@ -106,9 +106,10 @@ QString DbFindRecords(QStringView file, QStringView project, QStringView require
 QString DbFieldFind(QStringView file, QStringView project, QStringView conditionText, int n);
 
 // Files of the workstation. Meant for pictures and small format files: the content travels in one
-// command, in hexadecimal, and one of a million bytes or more is not received.
+// command, in hexadecimal, and one of kFileLimit bytes or more could not be received again.
+inline constexpr qint64 kFileLimit = 1'000'000;
 
-// Both give 0 on success, otherwise -1. A local file that exists is only touched when all that arrived has been
+// Both give 0 on success, otherwise -1. A file that could not come back is not sent. A local file that exists is only touched when all that arrived has been
 // checked; an empty file can't be downloaded.
 int DbDownloadFile(QStringView remoteName, const QString& localPath);
 int DbUploadFile(const QString& localPath, QStringView remoteName);

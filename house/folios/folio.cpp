@@ -21,7 +21,10 @@ constexpr QStringView kEntryFields[] = {guest_text::kName, guest_text::kSharesRo
 struct OpenFolio {
     QString number;
     QString record;
+    bool isKnown = true; // false: it could not be read, and is not to be written
 };
+
+constexpr int kUnread = -1;
 
 QString EntryOf(QStringView guest) {
     QString entry;
@@ -47,7 +50,8 @@ OpenFolio& FolioAmong(QList<OpenFolio>& folios, const QString& number) {
         if (folio.number == number)
             return folio;
     }
-    return folios.emplaceBack(OpenFolio{number, FindOpenFolio(number).value_or(QString())});
+    const RecordRead read = ReadToChange(OpenFolioFile(), folio_record::kProject, number);
+    return folios.emplaceBack(OpenFolio{number, read.value, !read.failed()});
 }
 
 int SaveOpenFolio(QStringView folio, QStringView record) {
@@ -105,7 +109,7 @@ int UpdateJzhByRmRec(const QString& stayRecord) {
     }
     int result = 0;
     for (const OpenFolio& folio : folios)
-        result += SaveOpenFolio(folio.number, folio.record);
+        result += folio.isKnown ? SaveOpenFolio(folio.number, folio.record) : kUnread;
     return result;
 }
 

@@ -19,8 +19,9 @@
 //
 // A folio without rooms is dead and is retired: its record moves to the retired-folio file of the day.
 //
-// A failed read counts as an empty record throughout, every write is tried twice, and a status is the
-// sum of the writes' results: 0 when all are done. There is no lock.
+// A folio that is not there counts as an empty record throughout, one that can't be read is left as it is.
+// Every write is tried twice, and a status is the sum of the writes' results: 0 when all are done. There is
+// no lock.
 
 #include <QString>
 #include <QStringList>

@@ -49,6 +49,8 @@ constexpr GuestCell kStay[] = {
     {cell::kFormNumber, kFolio},
     {cell::kFolio, kFolio},
     {cell::kReception, kReceptionist},
+    {cell::kArrivalDate, kArrivalDate},
+    {cell::kArrivalTime, kArrivalTime},
 };
 
 FormCells Cells(QStringView guest, std::span<const GuestCell> layout) {
@@ -56,13 +58,6 @@ FormCells Cells(QStringView guest, std::span<const GuestCell> layout) {
     for (const GuestCell& entry : layout)
         cells[entry.cell] = entry.field.isEmpty() ? u" "_s : GetTag(guest, entry.field);
     return cells;
-}
-
-FormCells MomentCells(const QDateTime& now) {
-    const QString date = now.toString(u"yyyy-MM-dd");
-    return {{cell::kArrivalDate, date},
-            {cell::kArrivalTime, now.toString(u"HH:mm")},
-            {cell::kRegistered, date}};
 }
 
 } // namespace
@@ -87,7 +82,7 @@ FormCells GuestCells(QStringView guest, int n) {
 }
 
 FormCells RegistrationCells(QStringView roomGuests, const QDateTime& now) {
-    FormCells cells = MomentCells(now);
+    FormCells cells = {{cell::kRegistered, now.toString(u"yyyy-MM-dd")}};
     FieldWalk bed(roomGuests);
     for (int n = 1; n <= 2 && bed.next(); ++n) {
         cells.insert(GuestCells(bed.value(), n));

@@ -18,7 +18,8 @@ FormCells HotelCells();
 FormCells PartyCells(const QStringList& rooms);
 
 // Block 表芯: what one of a room's first two guests puts into it (further guests have no cells), and
-// all of it for a room of the working set (one field a bed). The stay is that of the first guest.
+// all of it for a room of the working set (one field a bed). The stay, with its arrival, is that of the first
+// guest; the form is dated by `now`.
 FormCells GuestCells(QStringView guest, int n);
 FormCells RegistrationCells(QStringView roomGuests, const QDateTime& now);
 

@@ -37,6 +37,10 @@ RoomEditOutcome Refuse(QStringView words, QStringView missing = {}) {
     return {false, Notice{u"错误"_s, words.toString()}, missing};
 }
 
+RoomEditOutcome Unread() {
+    return {false, Notice{kUnreadTitle.toString(), kUnreadWords.toString()}};
+}
+
 QString Box(QStringView boxes, QStringView field) {
     const QString value = TrimWhite(GetTag(boxes, field));
     return field == kBeds ? FormatText(value, u"#0") : value;
@@ -74,7 +78,10 @@ RoomEditOutcome AddRoom(QStringView boxes, const QString& picturePath) {
             return Refuse(required.words, required.field);
     }
     const QString room = Box(boxes, kNumber);
-    if (!GetKfjbxx(room).isEmpty())
+    const RecordRead standing = FindKfjbxx(room);
+    if (standing.failed())
+        return Unread();
+    if (!standing.value.isEmpty())
         return Refuse(u"房间信息已经存在，请使用修改命令");
     return Save(room, WithPicture(WithBoxes({}, boxes), picturePath));
 }
@@ -83,10 +90,13 @@ RoomEditOutcome ChangeRoom(QStringView boxes, const QString& picturePath) {
     const QString room = Box(boxes, kNumber);
     if (room.isEmpty())
         return Refuse(kRequired[0].words);
-    const QString record = GetKfjbxx(room);
-    if (record.isEmpty())
+    const RecordRead standing = FindKfjbxx(room);
+    if (standing.failed())
+        return Unread();
+    if (standing.value.isEmpty())
         return Refuse(kNoSuchRoom);
-    const RoomEditOutcome outcome = Save(room, WithPicture(WithBoxes(record, boxes), picturePath));
+    const RoomEditOutcome outcome =
+        Save(room, WithPicture(WithBoxes(standing.value, boxes), picturePath));
     if (outcome.done)
         SaveLogRec(kOperation.toString(), u"修改房间参数"_s);
     return outcome;

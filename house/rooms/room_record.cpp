@@ -40,7 +40,11 @@ QList<RoomEntry> LoadRooms() {
 }
 
 QString GetKfjbxx(QStringView room) {
-    return ReadRecord(RoomDatabaseFile(), room_record::kProject, room);
+    return FindKfjbxx(room).value;
+}
+
+RecordRead FindKfjbxx(QStringView room) {
+    return ReadToChange(RoomDatabaseFile(), room_record::kProject, room);
 }
 
 int SetKfjbxx(QStringView room, QStringView record) {
@@ -54,7 +58,11 @@ int SetKfft(QStringView room, QStringView status) {
 }
 
 QString GetKfrzxx(QStringView room) {
-    return ReadProject(RoomFile(room), room_record::kStayProject);
+    return FindKfrzxx(room).value;
+}
+
+RecordRead FindKfrzxx(QStringView room) {
+    return ReadProjectToChange(RoomFile(room), room_record::kStayProject);
 }
 
 int SaveRmRec(QStringView room, QStringView guests) {

@@ -24,6 +24,8 @@
 
 #include "record/text_table.h"
 
+#include "link/records.h"
+
 namespace hotel {
 
 namespace room_record {
@@ -56,15 +58,18 @@ struct RoomEntry {
 // All rooms in the order of the room database, read in one command.
 QList<RoomEntry> LoadRooms();
 
-// The room's record; empty when there is none.
+// The room's record; empty when there is none. FindKfjbxx tells a record that is missing from a failed read.
 QString GetKfjbxx(QStringView room);
+RecordRead FindKfjbxx(QStringView room);
 int SetKfjbxx(QStringView room, QStringView record);
 
 // Sets the status of a room that exists; other fields stay. 0 when it is written.
 int SetKfft(QStringView room, QStringView status);
 
-// The guests in the room, one field a bed; empty when there are none.
+// The guests in the room, one field a bed; empty when there are none. FindKfrzxx tells an empty room from a
+// failed read.
 QString GetKfrzxx(QStringView room);
+RecordRead FindKfrzxx(QStringView room);
 int SaveRmRec(QStringView room, QStringView guests);
 
 int BedsOfRoom(QStringView record);

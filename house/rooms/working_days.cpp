@@ -53,10 +53,12 @@ QString CheckGzr(QStringView date) {
     return name.isEmpty() ? QString() : GetTag(ReadRecord(file, kProject, name), kWeekday);
 }
 
-TextTable LoadWorkingDays() {
+std::optional<TextTable> LoadWorkingDays() {
+    const RecordRead stored = ReadProjectToChange(WorkingDayFile(), kProject);
+    if (stored.failed())
+        return {};
     TextTable list({kRemark.toString(), kDate.toString(), kWeekday.toString()});
-    const QString stored = ReadProject(WorkingDayFile(), kProject);
-    for (FieldWalk day(stored); list.dataRows() < kWorkingDayLimit && day.next();)
+    for (FieldWalk day(stored.value); list.dataRows() < kWorkingDayLimit && day.next();)
         list.addRow(Cells(day.value()));
     return list;
 }

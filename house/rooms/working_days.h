@@ -38,7 +38,8 @@ QString WeekdayOfKey(QStringView key);
 // The weekday whose rules hold on `date` ("yyyy-MM-dd"); empty for a date that isn't defined.
 QString CheckGzr(QStringView date);
 
-TextTable LoadWorkingDays();
+// Nothing when they can't be read: saving replaces all that is stored.
+std::optional<TextTable> LoadWorkingDays();
 
 // A day that is gone can't be defined any more.
 std::optional<Notice> CheckWorkingDay(QDate day, QDate today);

@@ -31,14 +31,17 @@ QList<bool> ShownOfText(QStringView text, qsizetype entries) {
     return shown;
 }
 
-BoardSettings LoadBoardSettings(QStringView user, qsizetype statuses, qsizetype floors,
-                                qsizetype types) {
-    const QString stored = ReadProject(PersonalFile(user), board_settings::kProject);
+std::optional<BoardSettings> LoadBoardSettings(QStringView user, qsizetype statuses,
+                                               qsizetype floors, qsizetype types) {
+    const RecordRead stored = ReadProjectToChange(PersonalFile(user), board_settings::kProject);
+    if (stored.failed())
+        return {};
     const auto shown = [&stored](QStringView record, qsizetype entries) {
-        return ShownOfText(GetTag(stored, record), entries);
+        return ShownOfText(GetTag(stored.value, record), entries);
     };
-    return {shown(board_settings::kStatuses, statuses), shown(board_settings::kFloors, floors),
-            shown(board_settings::kTypes, types)};
+    return BoardSettings{shown(board_settings::kStatuses, statuses),
+                         shown(board_settings::kFloors, floors),
+                         shown(board_settings::kTypes, types)};
 }
 
 int SaveBoardSettings(QStringView user, const BoardSettings& settings) {

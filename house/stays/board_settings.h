@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace hotel {
 
 namespace board_settings {
@@ -27,9 +29,9 @@ struct BoardSettings {
 QString TextOfShown(const QList<bool>& shown);
 QList<bool> ShownOfText(QStringView text, qsizetype entries);
 
-// One read for all three.
-BoardSettings LoadBoardSettings(QStringView user, qsizetype statuses, qsizetype floors,
-                                qsizetype types);
+// One read for all three; nothing when it fails. What was not read is not to be written back.
+std::optional<BoardSettings> LoadBoardSettings(QStringView user, qsizetype statuses,
+                                               qsizetype floors, qsizetype types);
 
 // 0 when all three records are written.
 int SaveBoardSettings(QStringView user, const BoardSettings& settings);

@@ -123,7 +123,13 @@ bool StoreGuests(const RoomParty& party, CheckInOutcome& outcome) {
         if (SaveDtRzKrQd(bed.guest) != 0)
             outcome.notice = GuestsNotSaved(party.room);
     }
-    QString guests = party.merges ? GetKfrzxx(party.room) : QString();
+    const RecordRead present =
+        party.merges ? FindKfrzxx(party.room) : RecordRead{Reading::Absent, {}};
+    if (present.failed()) { // who is in the room would be overwritten
+        outcome.notice = GuestsNotSaved(party.room);
+        return false;
+    }
+    QString guests = present.value;
     for (const Bed& bed : party.beds)
         guests = SetTag(guests, bed.tag, WithUploadedPhotographs(bed.guest));
     if (SaveRmRec(party.room, guests) != 0) {

@@ -335,7 +335,7 @@ private Q_SLOTS:
         click(u"Ftxz10"_s);
         meanwhile([this] { board_->close(); });
         QVERIFY(!board_->isVisible());
-        QVERIFY(!LoadBoardSettings(u"ADMIN", kStatusPlaces, 0, 0).statuses[9]);
+        QVERIFY(!LoadBoardSettings(u"ADMIN", kStatusPlaces, 0, 0)->statuses[9]);
     }
 
     void printsAndSavesTheList() {

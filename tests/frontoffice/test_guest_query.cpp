@@ -30,6 +30,31 @@ private Q_SLOTS:
         QCOMPARE(GuestsInHouse([](int, int) { return false; }).size(), 2);
     }
 
+    // Who is in the house is found whatever the day of arrival; a period means that the stay touches it.
+    void thePeriodOfAStay() {
+        const auto row = [](const char* name, const QString& arrival, const QString& departure,
+                            QDate first, QDate last, bool found) {
+            const InHouseGuest guest{
+                u"8201-客人01"_s,
+                u"<入住日期>%1</入住日期>\r\n<预计离店>%2</预计离店>"_s.arg(arrival, departure)};
+            Check(name, SelectGuests({guest}, {}, first, last, QDate(2026, 3, 5)).size() == 1,
+                  found);
+        };
+        const QDate march1(2026, 3, 1);
+        const QDate march5(2026, 3, 5);
+        row("arrived long ago", u"2025-11-20"_s, u"2026-03-09"_s, march1, march5, true);
+        row("should have left", u"2026-02-20"_s, u"2026-02-22"_s, march1, march5, true);
+        row("no day known", {}, {}, march1, march5, true);
+        row("arrives behind the period", u"2026-03-05"_s, u"2026-03-09"_s, march1,
+            QDate(2026, 3, 4), false);
+        row("arrives on its last day", u"2026-03-04"_s, u"2026-03-09"_s, march1, QDate(2026, 3, 4),
+            true);
+        row("leaves on its first day", u"2026-03-01"_s, u"2026-03-09"_s, QDate(2026, 3, 9),
+            QDate(2026, 3, 20), true);
+        row("leaves ahead of it", u"2026-03-01"_s, u"2026-03-09"_s, QDate(2026, 3, 10),
+            QDate(2026, 3, 20), false);
+    }
+
     void selects_data() {
         QTest::addColumn<QString>("conditionText");
         QTest::addColumn<QString>("names");
@@ -41,11 +66,11 @@ private Q_SLOTS:
         };
         QTest::newRow("field") << condition(u"性别", u"等于", u"女") << u"b d"_s;
         QTest::newRow("own name") << condition(u"记录名", u"首部等于", u"b") << u"b"_s;
-        QTest::newRow("extreme within the period") << condition(u"年龄", u"数值最大", {}) << u"b"_s;
+        QTest::newRow("extreme within the period") << condition(u"年龄", u"数值最大", {}) << u"c"_s;
         QTest::newRow("keywords") << KeywordText(
                                          {.required = u"女"_s, .optional = {}, .excluded = u"44"_s})
                                   << u"d"_s;
-        QTest::newRow("nothing asked") << QString() << u"a b d"_s;
+        QTest::newRow("nothing asked") << QString() << u"a b c d"_s;
     }
     void selects() {
         QFETCH(QString, conditionText);
@@ -59,8 +84,8 @@ private Q_SLOTS:
                                             guest(u"c"_s, u"男"_s, 80, u"2026-02-28"_s),
                                             guest(u"d"_s, u"女"_s, 9, u"2026-03-03"_s)};
         QStringList names;
-        for (const InHouseGuest& found :
-             SelectGuests(guests, conditionText, QDate(2026, 3, 1), QDate(2026, 3, 5)))
+        for (const InHouseGuest& found : SelectGuests(guests, conditionText, QDate(2026, 3, 1),
+                                                      QDate(2026, 3, 5), QDate(2026, 3, 5)))
             names.append(found.name);
         QTEST(names.join(u' '), "names");
     }

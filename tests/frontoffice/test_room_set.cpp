@@ -249,9 +249,10 @@ private Q_SLOTS:
 
     void tellsThatSavingFailed() {
         fill(u"103"_s, u"1"_s, u"2"_s, u"三人房"_s);
-        hotel_->stopServer();
+        hotel_->stopServer(); // nobody knows whether there is such a room
         press(u"CmdAdd");
-        QVERIFY(messages_->words().contains(u"房间信息保存失败，可能需要重新登录数据库！"_s));
+        QVERIFY(
+            messages_->words().contains(u"原有数据读取失败，为避免覆盖，没有保存！请稍候再试！"_s));
         QCOMPARE(list_->table().dataRows(), 3);
     }
 

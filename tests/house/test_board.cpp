@@ -131,11 +131,13 @@ private Q_SLOTS:
         TestHotel hotel;
         const BoardSettings settings{{true, false}, {false, true, true}, {false}};
         QCOMPARE(SaveBoardSettings(u"QT01", settings), 0);
-        const BoardSettings loaded = LoadBoardSettings(u"QT01", 2, 3, 1);
+        const BoardSettings loaded = *LoadBoardSettings(u"QT01", 2, 3, 1);
         QCOMPARE(loaded.statuses, settings.statuses);
         QCOMPARE(loaded.floors, settings.floors);
         QCOMPARE(loaded.types, settings.types);
-        QCOMPARE(LoadBoardSettings(u"QT02", 1, 0, 0).statuses, QList<bool>{true});
+        QCOMPARE(LoadBoardSettings(u"QT02", 1, 0, 0)->statuses, QList<bool>{true});
+        hotel.stopServer();
+        QVERIFY(!LoadBoardSettings(u"QT01", 2, 3, 1)); // not to be written back
     }
 
     void specialWorkingDays() {
@@ -147,7 +149,7 @@ private Q_SLOTS:
 
         TestHotel hotel;
         QCOMPARE(CheckGzr(u"2026-05-01"), QString());
-        TextTable list = LoadWorkingDays();
+        TextTable list = *LoadWorkingDays();
         QCOMPARE(list.dataRows(), 0);
         const QString sunday = u"星期天"_s;
         QVERIFY(AddWorkingDay(list, u"劳动节"_s, u"2026-05-01"_s, sunday).changed);
@@ -164,8 +166,9 @@ private Q_SLOTS:
         QCOMPARE(list.dataRows(), 1);
         QVERIFY(!SaveWorkingDays(list));
         QCOMPARE(CheckGzr(u"2026-05-09"), QString());
-        QCOMPARE(LoadWorkingDays().row(1), QStringList({u"国庆"_s, u"2026-10-01"_s, sunday}));
+        QCOMPARE(LoadWorkingDays()->row(1), QStringList({u"国庆"_s, u"2026-10-01"_s, sunday}));
         hotel.stopServer();
+        QVERIFY(!LoadWorkingDays());
         QCOMPARE(Words(SaveWorkingDays(list)), u"意外错误: 工作日定义信息保存失败？！"_s);
     }
     void roomsAreAdded() {

@@ -121,7 +121,9 @@ private Q_SLOTS:
     }
 
     void registrationForm() {
-        const QString guests = u"<客人02>"_s + ValidGuest(u"王一"_s, u"260305140509"_s, u"散客"_s) +
+        const QString stay = u"<入住日期>2026-03-01</入住日期><入住时间>14:20</入住时间>"_s;
+        const QString guests = u"<客人02>"_s +
+                               ValidGuest(u"王一"_s, u"260305140509"_s, u"散客"_s, stay) +
                                u"</客人02><客人03><客人姓名>李二</客人姓名></客人03>"
                                "<客人04><客人姓名>张三</客人姓名></客人04>"_s;
         const FormCells cells =
@@ -129,7 +131,8 @@ private Q_SLOTS:
         QCOMPARE(cells.value(1), u"王一"_s);
         QCOMPARE(cells.value(14), u"李二"_s);
         QCOMPARE(cells.value(34), u"260305140509"_s);
-        QCOMPARE(cells.value(38), u"09:05"_s);
+        QCOMPARE(cells.value(37), u"2026-03-01"_s); // the arrival's, not that of printing
+        QCOMPARE(cells.value(38), u"14:20"_s);
         QCOMPARE(cells.value(52), u"2026-03-05"_s);
         QVERIFY(!cells.values().contains(u"张三"_s));
         QCOMPARE(PartyCells({u"101"_s, u"102"_s}).value(1), u"101,102"_s);
