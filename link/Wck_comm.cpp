@@ -150,6 +150,8 @@ QString Wck_comm::DoCommand(QString& text) {
     send_data(text);
 
     const QString answer = waitForAnswer(number, connection, time);
+    if (answer.startsWith(u"<ERROR>没有登录</ERROR>"))
+        loseLogin();
     return answer.isEmpty() ? u"<ERROR>命令响应超时</ERROR>\r\n"_s : answer;
 }
 
@@ -438,7 +440,17 @@ void Wck_comm::setLinkState(const QString& state) {
     if (linkState_ == state)
         return;
     linkState_ = state;
+    if (!isUp())
+        loseLogin();
     Q_EMIT linkStateChanged();
+}
+
+void Wck_comm::loseLogin() {
+    if (UserName.isEmpty())
+        return;
+    UserName.clear();
+    password.clear();
+    Q_EMIT loginLost();
 }
 
 QString Wck_comm::peer() const {
