@@ -99,6 +99,8 @@ void loginfrm::Load() {
     showLinkState();
     timer1_ = every(kUserListMilliseconds, [this] { Timer1_Timer(); });
     usercmb_->setFocus();
+    if (link.isUp())
+        QTimer::singleShot(0, this, [this] { run([this] { usercmb_GotFocus(); }); });
 }
 
 void loginfrm::Timer1_Timer() {
