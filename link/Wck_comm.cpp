@@ -123,6 +123,7 @@ int Wck_comm::ConnectServer(const QString& address, const QString& port,
     }
     setLinkState(ProxyMode ? u"3"_s : u"2"_s);
     timer1_.start();
+    Timer1_Timer(); // the first tick at once
 
     QElapsedTimer real;
     real.start();
