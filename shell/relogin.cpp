@@ -45,7 +45,8 @@ void Relogin::setWanted(bool wanted) {
         qApp->removeEventFilter(this);
         if (notice_) {
             notice_->hide();
-            notice_->deleteLater();
+            notice_->deleteLater(); // it may have been pressed
+            notice_.clear();
         }
     }
     Q_EMIT changed();

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include "screen/open_screen.h"
 #include "screen/theme.h"
 #include "session/operation_log.h"
+#include "session/parameters.h"
 #include "session/session.h"
 #include "shell/loginfrm.h"
 #include "shell/main_menu.h"
@@ -202,7 +204,11 @@ private Q_SLOTS:
     void mainWindowFitsASmallDisplay() {
         ApplyTheme(*qApp);
         CurrentSession().rights = u"人事管理"_s;
+        QCOMPARE(mainfrm(*login_).windowTitle(), u"宾馆管理工作站"_s);
+        SetParam(u"Yhdwmc", u"海天宾馆"_s);
         mainfrm window(*login_);
+        QCOMPARE(window.windowTitle(), u"海天宾馆 管理工作站"_s);
+        QCOMPARE(control<QLabel>(&window, u"Bgmc"_s)->text(), u"海天宾馆"_s);
         window.show();
         control<QPushButton>(&window, u"Rsgl_cmd"_s)->click();
         const QSize room(1366 - 16, 768 - 88);
