@@ -123,6 +123,7 @@ int Wck_comm::ConnectServer(const QString& address, const QString& port,
     }
     setLinkState(ProxyMode ? u"3"_s : u"2"_s);
     timer1_.start();
+    Timer1_Timer(); // the first tick at once
 
     QElapsedTimer real;
     real.start();
@@ -150,6 +151,8 @@ QString Wck_comm::DoCommand(QString& text) {
     send_data(text);
 
     const QString answer = waitForAnswer(number, connection, time);
+    if (answer.startsWith(u"<ERROR>没有登录</ERROR>"))
+        loseLogin();
     return answer.isEmpty() ? u"<ERROR>命令响应超时</ERROR>\r\n"_s : answer;
 }
 
@@ -438,7 +441,17 @@ void Wck_comm::setLinkState(const QString& state) {
     if (linkState_ == state)
         return;
     linkState_ = state;
+    if (!isUp())
+        loseLogin();
     Q_EMIT linkStateChanged();
+}
+
+void Wck_comm::loseLogin() {
+    if (UserName.isEmpty())
+        return;
+    UserName.clear();
+    password.clear();
+    Q_EMIT loginLost();
 }
 
 QString Wck_comm::peer() const {

@@ -54,7 +54,7 @@ public:
     QString ProdID = QStringLiteral("Normal");      // product tag that enters the login digest
     QString HardMacNo = QStringLiteral("00000000"); // WorkstationNumber, eight digits or more
     QString localIP = QStringLiteral("127.0.0.1");
-    QString UserName; // the user logged in on this connection, and the password as typed
+    QString UserName; // the user logged in on this connection, empty: nobody; the password as typed
     QString password;
     bool AliveKp = true;
     QString AliveGap = QStringLiteral("600"); // idle seconds before a keep-alive
@@ -122,6 +122,8 @@ public:
 Q_SIGNALS:
     // Emitted while bytes are being received: a slot must not wait or issue commands.
     void linkStateChanged();
+    // Nobody is logged in any longer, because the connection is gone or an answer says so.
+    void loginLost();
     void logChanged(const QString& lastLine);
     void traceChanged();
 
@@ -157,6 +159,7 @@ private:
     void sendBytes(const QByteArray& bytes);
     void takeText(QByteArrayView bytes);
     void setLinkState(const QString& state);
+    void loseLogin();
     QString peer() const;
     void TraceAppend(QString& trace, const QString& text);
 

@@ -1,6 +1,7 @@
 #include "shell/login.h"
 
 #include "link/Wck_comm.h"
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "platform/clock.h"
 #include "record/record_text.h"
@@ -14,6 +15,10 @@ namespace {
 // What the link answers to a login.
 constexpr int kLoginDone = 0;
 constexpr int kLoginLinkTrouble = 3;
+
+void LogLogin(const QString& user) {
+    SaveLogRec(u"登录系统成功"_s, u"从["_s + Link().localIP + u"]以用户："_s + user + u"登录"_s);
+}
 
 } // namespace
 
@@ -42,11 +47,43 @@ LoginResult CheckLogin(const QString& user, const QString& password) {
     }
 }
 
+bool IsLoggedIn(LoginResult result) {
+    return result == LoginResult::LoggedIn || result == LoginResult::NoPasswordSet;
+}
+
+QString LoginFailure(LoginResult result) {
+    switch (result) {
+    case LoginResult::Refused:
+        return u"用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"_s;
+    case LoginResult::LinkTrouble:
+        return u"网络未连接或不可预料的错误！"_s;
+    case LoginResult::LoggedIn:
+    case LoginResult::NoPasswordSet:
+        break;
+    }
+    return {};
+}
+
 void BeginSession(const QString& user) {
     const QString key = TrimBlanks(user);
     const QString record = DbReadRecord(DbUserFileName(), user_record::kProject.toString(), key);
     CurrentSession() = SessionFromUserRecord(key, record);
-    SaveLogRec(u"登录系统成功"_s, u"从["_s + Link().localIP + u"]以用户："_s + user + u"登录"_s);
+    LogLogin(user);
+}
+
+LoginResult LogInAgain(const QString& password) {
+    FollowServerClock();
+    if (!Link().isUp())
+        return LoginResult::LinkTrouble;
+    const QString user = CurrentSession().userId;
+    const LoginResult result = CheckLogin(user, password);
+    if (!IsLoggedIn(result))
+        return result;
+    const auto record = FindRecord(DbUserFileName(), user_record::kProject, user);
+    if (record)
+        CurrentSession() = SessionFromUserRecord(user, *record);
+    LogLogin(user);
+    return result;
 }
 
 void LogRefusedLogin(const QString& user) {

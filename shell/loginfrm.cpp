@@ -10,12 +10,12 @@
 #include "link/Wck_comm.h"
 #include "record/literals.h"
 #include "screen/messages.h"
+#include "screen/open_screen.h"
 #include "screen/theme.h"
 #include "session/parameters.h"
 #include "session/session.h"
 #include "shell/backdrop.h"
 #include "shell/login.h"
-#include "shell/main_menu.h"
 #include "shell/mainfrm.h"
 
 namespace hotel {
@@ -99,6 +99,8 @@ void loginfrm::Load() {
     showLinkState();
     timer1_ = every(kUserListMilliseconds, [this] { Timer1_Timer(); });
     usercmb_->setFocus();
+    if (link.isUp())
+        QTimer::singleShot(0, this, [this] { run([this] { usercmb_GotFocus(); }); });
 }
 
 void loginfrm::Timer1_Timer() {
@@ -136,28 +138,23 @@ bool loginfrm::eventFilter(QObject* watched, QEvent* event) {
 void loginfrm::Logincmd_Click() {
     const QString user = usercmb_->currentText();
     if (user.isEmpty()) {
-        MsgBox(u"用户名不能为空，请重新选择！"_s, u"登录失败！"_s);
+        MsgBox(u"用户名不能为空，请重新选择！"_s, kLoginFailed.toString());
         usercmb_->setFocus();
         return;
     }
     setCommandEnabled(u"Logincmd", false);
     password_->setEnabled(false);
 
-    switch (CheckLogin(user, password_->text())) {
-    case LoginResult::Refused:
-        refuse(u"用户名与密码不匹配！也有可能是未经许可的IP,还应保持和服务器时间相近，请核对！"_s);
-        LogRefusedLogin(user);
+    const LoginResult result = CheckLogin(user, password_->text());
+    if (!IsLoggedIn(result)) {
+        refuse(LoginFailure(result));
+        if (result == LoginResult::Refused)
+            LogRefusedLogin(user);
         return;
-    case LoginResult::LinkTrouble:
-        refuse(u"网络未连接或不可预料的错误！"_s);
-        return;
-    case LoginResult::NoPasswordSet:
+    }
+    if (result == LoginResult::NoPasswordSet)
         TimedMessage(u"用户没有密码,必要时请设定操作密码！"_s, u"注意"_s, kNoPasswordMilliseconds,
                      true);
-        break;
-    case LoginResult::LoggedIn:
-        break;
-    }
     BeginSession(user);
     setWindowTitle(u"用户登录"_s);
     const bool machineFollowed = FollowServerClock();
@@ -171,7 +168,7 @@ void loginfrm::refuse(const QString& words) {
     setCommandEnabled(u"SetPassCmd", false);
     setCommandEnabled(u"Logincmd", true);
     password_->setEnabled(true);
-    MsgBox(words, u"登录失败！"_s);
+    MsgBox(words, kLoginFailed.toString());
     password_->setFocus();
     password_->selectAll();
 }
@@ -186,7 +183,7 @@ void loginfrm::openMainWindow() {
 }
 
 void loginfrm::SetPassCmd_Click() {
-    OpenEntry(u"SetPass", u"修改密码");
+    OpenScreen(u"SetPass", usercmb_->currentText());
 }
 
 void loginfrm::showLinkState() {

@@ -78,11 +78,17 @@ mainfrm::mainfrm(loginfrm& login) : Screen(u"mainfrm"_s, Caption()), login_(logi
         panelOfGroup_.insert(group.control, panel);
         panels_->addWidget(panel);
     }
-    addCommands({{u"exit_cmd"_s, u"退出系统"_s, [this] { close(); }, Qt::Key_F10}});
+    addCommands({
+        {u"Relogin_cmd"_s, u"重新登录"_s, [this] { relogin_.ask(); }, kReloginKey},
+        {u"exit_cmd"_s, u"退出系统"_s, [this] { close(); }, Qt::Key_F10, CommandKind::Plain,
+         u"leave"_s},
+    });
+    connect(&relogin_, &Relogin::changed, this, &mainfrm::showRelogin);
 
     FuWei();
     panels_->setCurrentWidget(welcome_);
     showHotelName();
+    showRelogin();
     showTime();
     every(1000, [this] { showTime(); });
     setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
@@ -93,13 +99,12 @@ QWidget* mainfrm::makeHeader() {
     auto* header = new QWidget;
     header->setObjectName(u"header"_s);
     header->setAttribute(Qt::WA_StyledBackground);
-    Bgmc_ = new QLabel;
+    Bgmc_ = new QLabel(u"宾馆管理工作站"_s); // unless the hotel has a name
     Bgmc_->setObjectName(u"Bgmc"_s);
     Bgmc_->setFont(FontFor(u"宋体", 22, true));
-    const Session& session = CurrentSession();
-    auto* user = new QLabel(session.userDept + u"　"_s + session.userName);
-    user->setObjectName(u"user"_s);
-    user->setFont(FontFor(u"黑体", 12));
+    user_ = new QLabel;
+    user_->setObjectName(u"user"_s);
+    user_->setFont(FontFor(u"黑体", 12));
     time_ = new QLabel;
     time_->setObjectName(u"time"_s);
     time_->setFont(FontFor(u"黑体", 12));
@@ -108,7 +113,7 @@ QWidget* mainfrm::makeHeader() {
     layout->setContentsMargins(24, 14, 24, 14);
     layout->setSpacing(32);
     layout->addWidget(Bgmc_, 1);
-    layout->addWidget(user);
+    layout->addWidget(user_);
     layout->addWidget(time_);
     return header;
 }
@@ -130,9 +135,7 @@ QWidget* mainfrm::makeGroups() {
         // Not the button's own shortcut: that one clicks a moment later, behind the digit typed next.
         auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), button);
         connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
-        button->setEnabled(HasRight(group.right));
         on(button, &QPushButton::clicked, [this, &group] { openGroup(group); });
-        groupButtons_.append(button);
         layout->addWidget(button);
     }
     layout->addStretch();
@@ -202,7 +205,6 @@ void mainfrm::openGroup(const MenuGroup& group) {
     QPushButton* first = nullptr;
     for (const MenuEntry& entry : group.entries) {
         auto* button = panel->findChild<QPushButton*>(entry.control.toString());
-        button->setEnabled(HasRight(entry.right));
         if (!first && button->isEnabled())
             first = button;
     }
@@ -245,6 +247,28 @@ void mainfrm::changeEvent(QEvent* event) {
 void mainfrm::showHotelName() {
     if (const QString name = Param(u"Yhdwmc"); !name.isEmpty())
         Bgmc_->setText(name);
+}
+
+// The name, and what the rights open.
+void mainfrm::showUser() {
+    const Session& session = CurrentSession();
+    user_->setText(session.userDept + u"　"_s + session.userName);
+    for (const MenuGroup& group : MainMenu()) {
+        auto* button = findChild<QPushButton*>(group.control.toString());
+        button->setEnabled(HasRight(group.right));
+        QWidget* panel = panelOfGroup_.value(group.control);
+        for (const MenuEntry& entry : group.entries)
+            panel->findChild<QPushButton*>(entry.control.toString())
+                ->setEnabled(HasRight(entry.right));
+        if (!button->isEnabled() && panels_->currentWidget() == panel)
+            panels_->setCurrentWidget(welcome_);
+    }
+}
+
+void mainfrm::showRelogin() {
+    setCommandEnabled(u"Relogin_cmd", relogin_.wanted());
+    if (!relogin_.wanted())
+        showUser();
 }
 
 void mainfrm::showTime() {

@@ -4,9 +4,9 @@
 // right to disabled. F1 to F9 open a group, the digit on an entry opens it.
 
 #include <QHash>
-#include <QList>
 
 #include "screen/screen.h"
+#include "shell/relogin.h"
 
 class QLabel;
 class QPushButton;
@@ -22,7 +22,8 @@ class mainfrm : public Screen {
     Q_OBJECT
 
 public:
-    // Reads the rights of the current session. `login` outlives the window.
+    // Reads the rights of the current session, now and after each login that was renewed. `login`
+    // outlives the window.
     explicit mainfrm(loginfrm& login);
 
     // Hides all panels and the welcome panel.
@@ -41,16 +42,19 @@ private:
     QPushButton* makeEntry(const MenuEntry& entry, int number);
     void openGroup(const MenuGroup& group);
     void openEntry(const MenuEntry& entry);
+    void showUser();
+    void showRelogin();
     void showTime();
     void showHotelName();
 
     loginfrm& login_;
+    Relogin relogin_{*this};
     QLabel* Bgmc_ = nullptr;
+    QLabel* user_ = nullptr;
     QLabel* time_ = nullptr;
     QStackedWidget* panels_ = nullptr;
     QWidget* welcome_ = nullptr;
     QHash<QStringView, QWidget*> panelOfGroup_;
-    QList<QPushButton*> groupButtons_;
 };
 
 // Removes the pictures that the photograph screens have downloaded: *.JPG, *.GIF, *.bmp in any case.

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -9,8 +10,10 @@
 #include "platform/clock.h"
 #include "record/record_text.h"
 #include "screen/messages.h"
+#include "screen/open_screen.h"
 #include "screen/theme.h"
 #include "session/operation_log.h"
+#include "session/parameters.h"
 #include "session/session.h"
 #include "shell/loginfrm.h"
 #include "shell/main_menu.h"
@@ -44,6 +47,12 @@ private Q_SLOTS:
         delete login_;
         messages_.reset();
         hotel_.reset();
+    }
+
+    // Leaving has ended the event loops of the program; a run that ends lets others begin.
+    void cleanupTestCase() {
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+        QApplication::exec();
     }
 
     void userListIsFilledAndTypedInCapitals() {
@@ -87,12 +96,14 @@ private Q_SLOTS:
     // A quick clerk types before the list is there.
     void listThatComesLeavesTheTypingAlone() {
         auto* box = control<QComboBox>(login_, u"usercmb"_s);
-        QCOMPARE(box->count(), 0);
-        QTimer::singleShot(0, box, [box] {
-            QTest::keyClicks(box->lineEdit(), u"qt"_s);
-            QTest::keyClick(box->lineEdit(), Qt::Key_Left);
-            QTest::keyClicks(box->lineEdit(), u"ian"_s);
-        });
+        QTRY_VERIFY(box->count() > 0);
+        box->clear();
+        box->setFocus();
+        QTest::keyClicks(box->lineEdit(), u"qt"_s);
+        QTest::keyClick(box->lineEdit(), Qt::Key_Left);
+        QTest::keyClicks(box->lineEdit(), u"ian"_s);
+        password()->setFocus();
+        box->setFocus();
         QTRY_VERIFY(box->count() > 0);
         QTest::keyClicks(box->lineEdit(), u"1"_s);
         QCOMPARE(box->currentText(), u"QIAN1T"_s);
@@ -124,11 +135,18 @@ private Q_SLOTS:
         QTRY_COMPARE(login_->mainWindow() != nullptr, loggedIn);
         QCOMPARE(messages_->last(), message);
         QCOMPARE(login_->isVisible(), !loggedIn);
-        if (loggedIn) {
-            QCOMPARE(hotel_->logged(operation_log::kOperation), u"登录系统成功"_s);
-            QCOMPARE(hotel_->logged(operation_log::kRemark),
+        if (!loggedIn) {
+            const QString entry = logEntry(u"100000"_s);
+            QCOMPARE(GetTag(entry, u"操作内容"), u"登录失败"_s);
+            QCOMPARE(GetTag(entry, u"备注"),
+                     u"从[%1]尝试以用户：%2登录，失败"_s.arg(Link().localIP, user.toUpper()));
+            QCOMPARE(GetTag(entry, u"操作员"), QString());
+        } else {
+            const QString entry = logEntry(u"100000"_s);
+            QCOMPARE(GetTag(entry, u"操作内容"), u"登录系统成功"_s);
+            QCOMPARE(GetTag(entry, u"备注"),
                      u"从[%1]以用户：%2登录"_s.arg(Link().localIP, user.toUpper()));
-            QCOMPARE(hotel_->logged(operation_log::kOperator), CurrentSession().userName);
+            QCOMPARE(GetTag(entry, u"操作员"), CurrentSession().userName);
             const auto* change = control<QPushButton>(login_, u"SetPassCmd"_s);
             QCOMPARE(change->isEnabled(), user != u"chaxun"_s); // who has no right to it
         }
@@ -137,17 +155,19 @@ private Q_SLOTS:
     // Who may change a password is known from the rights alone, so nobody is kept from it before the
     // first failure.
     void passwordMayBeChangedUntilALoginFails() {
-        QStringList asked;
-        SetEntryOpener([&](QStringView screen) {
-            asked.append(screen.toString());
-            return true;
-        });
+        QTest::keyClicks(QApplication::focusWidget(), u"liban"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
-        QCOMPARE(asked, QStringList{u"SetPass"_s});
+        QPointer<Screen> change = FindScreen(u"SetPass");
+        QVERIFY(change && change->isVisible());
+        QCOMPARE(control<QLineEdit>(change, u"UserID"_s)->text(), u"LIBAN"_s);
+        change->close();
+        QTRY_VERIFY(!change);
+        login_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(login_));
         logIn(u"qiantai"_s, u"wrong"_s);
         QTRY_COMPARE(messages_->last(), kRefusal);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
-        QCOMPARE(asked.size(), 1);
+        QVERIFY(!FindScreen(u"SetPass"));
     }
 
     void refusedPasswordIsSelectedForTyping() {
@@ -184,7 +204,11 @@ private Q_SLOTS:
     void mainWindowFitsASmallDisplay() {
         ApplyTheme(*qApp);
         CurrentSession().rights = u"人事管理"_s;
+        QCOMPARE(mainfrm(*login_).windowTitle(), u"宾馆管理工作站"_s);
+        SetParam(u"Yhdwmc", u"海天宾馆"_s);
         mainfrm window(*login_);
+        QCOMPARE(window.windowTitle(), u"海天宾馆 管理工作站"_s);
+        QCOMPARE(control<QLabel>(&window, u"Bgmc"_s)->text(), u"海天宾馆"_s);
         window.show();
         control<QPushButton>(&window, u"Rsgl_cmd"_s)->click();
         const QSize room(1366 - 16, 768 - 88);
@@ -228,14 +252,15 @@ private Q_SLOTS:
         comeIn(u"renshi"_s, u"123456"_s);
         Clock::Advance(5000);
         QVERIFY(QTest::qWaitForWindowActive(login_->mainWindow()));
+        QString entry;
         QTest::keyClick(login_->mainWindow(), Qt::Key_F7);
         QTest::keyClick(login_->mainWindow(), Qt::Key_4);
-        QTRY_COMPARE(hotel_->logged(operation_log::kOperation, u"100005"_s),
-                     u"检查修正考勤中的错误纪录"_s);
-        QCOMPARE(hotel_->logged(operation_log::kRemark, u"100005"_s), u"考勤修订"_s);
-        QCOMPARE(hotel_->logged(operation_log::kOperator, u"100005"_s), u"何雅琴"_s);
-        QCOMPARE(hotel_->logged(operation_log::kDate, u"100005"_s), u"2026-03-05"_s);
-        QCOMPARE(hotel_->logged(operation_log::kTime, u"100005"_s), u"10:00:05"_s);
+        QTRY_VERIFY(!(entry = logEntry(u"100005"_s)).isEmpty());
+        QCOMPARE(GetTag(entry, u"操作内容"), u"检查修正考勤中的错误纪录"_s);
+        QCOMPARE(GetTag(entry, u"备注"), u"考勤修订"_s);
+        QCOMPARE(GetTag(entry, u"操作员"), u"何雅琴"_s);
+        QCOMPARE(GetTag(entry, u"日期"), u"2026-03-05"_s);
+        QCOMPARE(GetTag(entry, u"时间"), u"10:00:05"_s);
     }
 
     void nightAuditIsRefusedByDay() {
@@ -245,7 +270,7 @@ private Q_SLOTS:
         press(u"Ystj_cmd"_s);
         QCOMPARE(messages_->entries().last().title, u"操作时间未到"_s);
         QCOMPARE(messages_->last(), u"夜审时间通常在22：00 - 07：00之间进行"_s);
-        QVERIFY(hotel_->logged(operation_log::kOperation, u"100005"_s).isEmpty());
+        QCOMPARE(logEntry(u"100005"_s), QString());
     }
 
     void leavingIsLoggedAndPicturesAreRemoved() {
@@ -259,9 +284,9 @@ private Q_SLOTS:
         Clock::Advance(7000);
         press(u"exit_cmd"_s);
         QTRY_VERIFY(!login_->mainWindow());
-        QCOMPARE(hotel_->logged(operation_log::kOperation, u"100007"_s), u"退出系统"_s);
-        QCOMPARE(hotel_->logged(operation_log::kRemark, u"100007"_s),
-                 u"用户：QIANTAI，姓名：林晓燕退出系统"_s);
+        const QString entry = logEntry(u"100007"_s);
+        QCOMPARE(GetTag(entry, u"操作内容"), u"退出系统"_s);
+        QCOMPARE(GetTag(entry, u"备注"), u"用户：QIANTAI，姓名：林晓燕退出系统"_s);
         for (const QString& name : pictures)
             QVERIFY2(!QFile::exists(folder + name), qPrintable(name));
         QVERIFY(QFile::remove(folder + u"keep.txt"_s));
@@ -316,30 +341,20 @@ private Q_SLOTS:
     void serverThatComesLaterFillsTheList() {
         delete login_;
         hotel_->stopServer();
+        QTimer::singleShot(100, [] { Clock::Advance(3500); }); // the wait for a server is over
         showLogin();
         auto* users = control<QComboBox>(login_, u"usercmb"_s);
-        QTest::qWait(600);
         QCOMPARE(users->count(), 0);
         hotel_->startServer();
         QTRY_VERIFY_WITH_TIMEOUT(users->count() > 10, 20000);
         comeIn(u"qiantai"_s, u"111111"_s);
     }
 
-    // The next command opens the link again but is not logged in: it fails with the server's words.
-    void serverLostWhileLoggedIn() {
-        comeIn(u"qiantai"_s, u"111111"_s);
-        hotel_->stopServer();
-        QTRY_VERIFY(!Link().isUp());
-        QCOMPARE(DbReadRecord(u"User.QVR", user_record::kProject, u"QIANTAI"),
-                 u"<ERROR>无法连接服务器</ERROR>\r\n"_s);
-        hotel_->startServer();
-        QVERIFY(IsError(DbReadRecord(u"User.QVR", user_record::kProject, u"QIANTAI")));
-        QVERIFY(Link().isUp());
-        press(u"exit_cmd"_s);
-        QTRY_VERIFY(!login_->mainWindow());
-    }
-
 private:
+    // What the day's operation log holds of that second.
+    QString logEntry(const QString& second) {
+        return hotel_->stored(u"BglogRec\\26\\03\\260305.qvr"_s, u"操作记录信息"_s, second);
+    }
     void showLogin() {
         Configuration configuration;
         configuration.port = hotel_->port();
