@@ -26,7 +26,7 @@ namespace {
 const QList<FormField> kBoxes = {
     {kUserId, u"UserID", u"用户名", Editor::Text, {}, 20},
     {user_record::kName, u"UserName", u"姓名", Editor::Text, {}, 20},
-    {user_record::kDepartment, u"UserDept", u"部门", Editor::CategoryText, u"部门名称", 20},
+    {user_record::kDepartment, u"UserDept", u"部门", Editor::CategoryText, u"经办单位", 20},
     {user_record::kPassword, u"Password", u"密码", Editor::Password, {}, 20},
     {user_record::kAddress, u"IPaddr", u"IP地址", Editor::Text, {}, 20, 15},
 };

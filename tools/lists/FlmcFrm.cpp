@@ -72,6 +72,8 @@ FlmcFrm::FlmcFrm() : Screen(u"FlmcFrm"_s, u"分类定义信息管理"_s) {
 }
 
 void FlmcFrm::load(const QVariant&) {
+    if (hasUnsavedRows()) // asked for again: what was typed stays
+        return;
     shown_.clear();
     FlmcQd->clear();
     FlmcQd->addItems(LoadCategoryNames());
@@ -99,6 +101,10 @@ void FlmcFrm::FlmcQd_Click() {
     const QString chosen = FlmcQd->currentText();
     if (chosen.isEmpty() || chosen == shown_)
         return;
+    if (!offerToSave()) {
+        FlmcQd->setCurrentText(shown_);
+        return;
+    }
     const RecordRead category = ReadProjectToChange(CategoryFile(), chosen);
     shown_ = category.failed() ? QString() : chosen;
     showRows(CategoryTable(category.value));
@@ -142,13 +148,19 @@ void FlmcFrm::CmdSave_Click() {
     FlxxQd->finishCell();
     if (!FlxxQd->isModified() || shown_.isEmpty())
         return;
-    if (save(CategoryText(FlxxQd->table())))
+    saveShown();
+}
+
+bool FlmcFrm::saveShown() {
+    const bool saved = save(CategoryText(FlxxQd->table()));
+    if (saved)
         MsgBox(u"分类名称修改成功"_s, u"操作正常"_s);
     else
         MsgBox(u"记录修改失败"_s, u"数据库错误"_s);
     FlxxQd->setModified(false);
     Timer1_Timer();
     SaveLogRec(u"修改分类名称定义"_s, shown_);
+    return saved;
 }
 
 bool FlmcFrm::save(const QString& text) {
@@ -157,6 +169,22 @@ bool FlmcFrm::save(const QString& text) {
         return DbCreateProject(file, shown_) == 0;
     return DbModifyRecord(file, {}, shown_, text) == 0 ||
            DbModifyRecord(file, {}, shown_, text) == 0;
+}
+
+bool FlmcFrm::hasUnsavedRows() const {
+    return !shown_.isEmpty() && FlxxQd->isModified();
+}
+
+bool FlmcFrm::offerToSave() {
+    FlxxQd->finishCell();
+    const bool save =
+        hasUnsavedRows() &&
+        AskYesNo(u"分类名称“%1”的修改还没有保存，要保存吗？"_s.arg(shown_), u"提示"_s);
+    return !save || saveShown();
+}
+
+bool FlmcFrm::closing() {
+    return offerToSave();
 }
 
 void FlmcFrm::CmdPrint_Click() {

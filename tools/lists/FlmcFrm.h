@@ -26,6 +26,9 @@ public:
 
     void load(const QVariant& argument) override;
 
+protected:
+    bool closing() override;
+
 private:
     void FlmcQd_Click();
     void CmdAdd_Click();
@@ -37,6 +40,9 @@ private:
 
     void showRows(const TextTable& table);
     bool save(const QString& text);
+    bool saveShown(); // and tells how it went
+    bool hasUnsavedRows() const;
+    bool offerToSave(); // false: they were to be saved and could not be
 
     QComboBox* FlmcQd;
     GridView* FlxxQd;

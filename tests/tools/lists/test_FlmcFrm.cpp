@@ -113,6 +113,28 @@ private Q_SLOTS:
         QCOMPARE(list_->table().text(1, 1), GetTag(GetTag(before, u"记录01"), u"内容"));
     }
 
+    // Rows that are not saved yet: kept when the screen is asked for again, offered to be saved when it closes
+    // or another category is chosen, and never lost to a save that fails.
+    void offersToSave() {
+        Choose(names_, u"行业"_s);
+        list_->setCurrent(1, 1);
+        TypeText(list_, u"A"_s);
+        form_->run([this] { form_->load({}); });
+        QVERIFY(list_->isModified() && names_->currentText() == u"行业");
+        messages_->answerNext(u"yes"_s);
+        Choose(names_, u"信用等级"_s);
+        QCOMPARE(messages_->words(), QStringList({u"分类名称“行业”的修改还没有保存，要保存吗？"_s,
+                                                  u"分类名称修改成功"_s}));
+        QVERIFY(GetTag(GetTag(stored(u"行业"_s), u"记录01"), u"内容").endsWith(u'A'));
+        list_->setCurrent(1, 1);
+        TypeText(list_, u"B"_s);
+        hotel_->stopServer();
+        messages_->answerNext(u"yes"_s);
+        form_->close();
+        QVERIFY(form_->isVisible());
+        QCOMPARE(list_->table().text(1, 1), u"优B"_s);
+    }
+
     void tellsThatSavingFailed() {
         Choose(names_, u"行业"_s);
         list_->setCurrent(1, 1);
