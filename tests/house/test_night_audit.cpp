@@ -1,3 +1,4 @@
+#include <QRandomGenerator>
 #include <QTest>
 
 #include "house/common/paths.h"
@@ -264,6 +265,85 @@ private Q_SLOTS:
         SetParam(u"Bjsx1", {});
         SetParam(u"Yjbj", u"6:00"_s);
         row("settings", u"包房"_s, {Guest(u"一"_s)}, {u"258.00"_s}, {u"2026-03-04"_s});
+    }
+
+    // Houses, guests and nights by chance, reckoned once more in days, minutes and cents.
+    void nightsByChance() {
+        struct Bed {
+            int arrival, minute, cents;
+            int settled = -1; // day; -1: never
+        };
+        TestHotel hotel;
+        QRandomGenerator chance(20260305);
+        const auto upTo = [&chance](int most) { return int(chance.bounded(most + 1)); };
+        const auto text = [](int day) {
+            return QDate(2026, 2, 25).addDays(day).toString(u"yyyy-MM-dd");
+        };
+        for (int house = 0; house < 12; ++house) {
+            QList<RoomSpec> rooms;
+            QList<QList<Bed>> beds;
+            for (int room = 101; room <= 104; ++room) {
+                const bool shared = upTo(1) == 0;
+                rooms.append({QString::number(room), shared ? u"散客"_s : u"包房"_s});
+                beds.append(QList<Bed>());
+                QStringList guests;
+                for (int bed = 0; bed <= upTo(2); ++bed) {
+                    const Bed taken{upTo(3), 5 * 60 + upTo(9) * 20, upTo(40000)};
+                    beds.last().append(taken);
+                    guests.append(ValidGuest(
+                        u"客"_s, kFolio, rooms.last().status,
+                        u"<入住日期>%1</入住日期><入住时间>%2</入住时间><确认房价>%3.%4</确认房价>"_s
+                            .arg(text(taken.arrival),
+                                 QTime(0, 0).addSecs(60 * taken.minute).toString(u"HH:mm"))
+                            .arg(taken.cents / 100)
+                            .arg(taken.cents % 100, 2, 10, QChar(u'0'))));
+                }
+                LetIn(rooms.last().number, guests);
+            }
+            FillRooms(rooms);
+            SaveProject(kLedger, kRoomCharges, {});
+            SetParam(u"Yjbj", u"06:00"_s);
+            SetParam(u"XYtks", u"07:00"_s);
+
+            int cents = 0;
+            Audit night;
+            int day = 3;
+            for (int audit = 0; audit < 5; ++audit, day += upTo(2)) {
+                night.audit.auditDate = text(day);
+                night.run();
+                for (int room = 0; room < beds.size(); ++room) {
+                    const qsizetype paying =
+                        rooms[room].status == u"散客"_s ? beds[room].size() : 1;
+                    for (qsizetype n = 0; n < paying; ++n) {
+                        Bed& bed = beds[room][n];
+                        const bool atDawn = bed.minute >= 360 && bed.minute <= 420;
+                        if (bed.settled >= day)
+                            continue;
+                        if (bed.settled >= 0) {
+                            cents += bed.cents;
+                            ++bed.settled;
+                        } else if (bed.minute <= 420) {
+                            cents += atDawn ? (bed.cents + 1) / 2 : bed.cents;
+                            bed.settled = bed.arrival;
+                        } else {
+                            cents += bed.arrival < day ? bed.cents : 0;
+                            bed.settled = bed.arrival < day ? bed.arrival + 1 : bed.arrival;
+                        }
+                    }
+                }
+                qint64 posted = 0;
+                for (const QString& amount : Charges())
+                    posted += Money::FromText(amount).units();
+                QCOMPARE(posted, qint64(cents) * 100);
+                for (int room = 0; room < beds.size(); ++room) {
+                    for (int bed = 0; bed < beds[room].size(); ++bed) {
+                        const int settled = beds[room][bed].settled;
+                        QCOMPARE(SettledThrough(rooms[room].number, bed + 1),
+                                 settled < 0 ? QString() : text(settled));
+                    }
+                }
+            }
+        }
     }
 
     void aGuestOfTheSmallHours() {
