@@ -388,7 +388,7 @@ bool StaysFor(const Event& next, const Event& event) {
 
 QDateTime DemoMoment::from(const QDateTime& opening) const {
     if (time.isEmpty())
-        return opening.addSecs(-60 * minutes);
+        return opening.addSecs(-60LL * minutes);
     const QDateTime at(opening.date().addDays(-days), QTime::fromString(time, u"HH:mm"));
     return at.addSecs(kForAll) <= opening ? at : at.addDays(-1);
 }
