@@ -258,11 +258,13 @@ double ModifyRate(quint16 port, int clients) {
     std::atomic<bool> stop = false;
     std::latch ready(clients + 1);
     std::vector<std::thread> threads;
+    threads.reserve(size_t(clients));
     for (int i = 0; i < clients; ++i)
         threads.emplace_back([&, i] {
             Client client(port);
             client.logIn();
             std::vector<QByteArray> requests;
+            requests.reserve(400);
             for (int n = 0; n < 400; ++n) // the second half writes other values than the first
                 requests.push_back(ModifyRequest(u"多"_s, n % 200 * 100 + i + 1, RoomRecord(n)));
             ready.arrive_and_wait();

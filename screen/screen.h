@@ -179,8 +179,9 @@ protected:
     template<class Sender, class Signal, class Handler>
     void on(Sender* sender, Signal signal, Handler handler) {
         connect(sender, signal, this, [this, handler](auto... arguments) {
+            constexpr bool kTakesAll = std::is_invocable_v<Handler, decltype(arguments)...>;
             run([&] {
-                if constexpr (std::is_invocable_v<Handler, decltype(arguments)...>)
+                if constexpr (kTakesAll)
                     handler(arguments...);
                 else
                     handler();
