@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "cashier/QrtfFrm.h"
@@ -116,8 +117,10 @@ QWidget* JztfFrm::makePeriodOptions() {
     for (int period = 0; period < int(std::size(kPeriods)); ++period) {
         auto* option = new QRadioButton(kPeriods[period].toString());
         option->setObjectName(u"Sd%1"_s.arg(period));
-        option->setShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_0 + period)));
         option->setToolTip(u"Alt+%1"_s.arg(period));
+        // A button's own shortcut presses it after a moment: F6 would come ahead of it.
+        auto* key = new QShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_0 + period)), frame);
+        connect(key, &QShortcut::activated, option, [option] { option->setChecked(true); });
         Sd->addButton(option, period);
         line->addWidget(option);
     }
