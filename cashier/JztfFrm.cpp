@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -32,6 +33,7 @@ namespace {
 
 constexpr qsizetype kSearchLimit = 1000;
 constexpr int kTotalsEvery = 500; // milliseconds
+constexpr int kStatusLength = 5;  // characters
 
 const QList<FormField> kTotals = {
     {{}, u"Krxm", u"客人姓名", Editor::ReadOnly},  {{}, u"Zhxfe", u"总消费额", Editor::ReadOnly},
@@ -55,6 +57,9 @@ JztfFrm::JztfFrm()
       Yhft(new CategoryBox(u"使用后房态"_s, false)), Sd(new QButtonGroup(this)),
       Jzdxqd(new GridView(u"Jzdxqd"_s)) {
     Yhft->setObjectName(u"Yhft"_s);
+    Yhft->setMinimumContentsLength(kStatusLength);
+    for (const QStringView amount : {u"Zhxfe", u"Zssje", u"Jzff", u"Zysje"})
+        totals_->editor<QLineEdit>(amount)->setAlignment(Qt::AlignRight);
     Jzdxqd->setTable(EmptySettlementList());
     Jzdxqd->setCheckColumn(kChosenColumn);
     Jzdxqd->setEditable(kChargeColumn, {KeyFilter::Amount, [](const QString& text) {

@@ -35,6 +35,8 @@ QrtfFrm::QrtfFrm(const QString& folio, const QString& due)
     : Screen(u"QrtfFrm"_s, folio + u" 结账退房"_s), boxes_(new FieldForm(kBoxes, 1)) {
     boxes_->setText(u"Ysje", due);
     boxes_->setText(u"Zkje", DefaultDiscount(due));
+    for (const QStringView amount : {u"Ysje", u"Zsje"})
+        boxes_->editor<QLineEdit>(amount)->setAlignment(Qt::AlignRight);
     SetKeyFilter(boxes_->editor<QLineEdit>(u"Khh"), KeyFilter::Capitals);
     boxes_->editor(u"Khh")->setToolTip(u"团队编号，或单位名称、联系人等关键字，回车查找"_s);
     boxes_->editor(u"Zkje")->setToolTip(u"可以输入算式，如 12+3.5 或 1280*0.05"_s);
