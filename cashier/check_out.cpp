@@ -6,6 +6,7 @@
 #include "record/literals.h"
 #include "record/numbers.h"
 #include "session/operation_log.h"
+#include "tools/aids/CalcSub.h"
 
 namespace hotel {
 
@@ -65,7 +66,7 @@ public:
         const auto payment = questions_.payment(sums_);
         if (!payment)
             return false;
-        received_ = payment->received;
+        received_ = AmountFromCell(payment->received).orZero();
         outcome_.notices += PostSettlement(folio_, FirstGuest(list()), *payment);
         return true;
     }
@@ -129,9 +130,10 @@ public:
     }
 
     void logWhole() const {
-        SaveLogRec(folio_ + u" 结账退房"_s,
-                   u"费用:"_s + sums_.spent.text() + u", 已收:"_s + sums_.received.text() +
-                       u", 结账房费:"_s + sums_.roomCharges.text() + u", 实收:"_s + received_);
+        SaveLogRec(folio_ + u" 结账退房"_s, u"费用:"_s + sums_.spent.text() + u", 已收:"_s +
+                                                sums_.received.text() + u", 结账房费:"_s +
+                                                sums_.roomCharges.text() + u", 实收:"_s +
+                                                received_.text());
     }
 
     void logPart() const { SaveLogRec(folio_ + u" 退房"_s, u"房费:"_s + sums_.roomCharges.text()); }
@@ -163,7 +165,7 @@ private:
     CheckOutOutcome& outcome_;
     const QList<int> rows_;
     SettlementSums sums_;
-    QString received_;
+    Money received_;
     QStringList unfreed_;
     int done_ = 0;
 };
