@@ -61,7 +61,7 @@ struct ChargedStay {
 };
 
 // The charge of the last day; nothing where a room let by the hour is of a type that the rate table
-// doesn't have. What is in `now` ahead of and behind the point is two characters each.
+// doesn't have.
 std::optional<QString> LastCharge(const ChargedStay& stay, ChargePeriod period, QStringView now,
                                   const TextTable& rates);
 

@@ -262,7 +262,8 @@ private Q_SLOTS:
         }
         QCOMPARE(StoredRecords(u"kszl\\ldjl\\260305.QVR"_s, u"离店客人记录"_s).size(), 2);
         QCOMPARE(hotel_->logged(u"操作内容"), u"260305100000 结账退房"_s);
-        QCOMPARE(hotel_->logged(u"备注"), u"费用:100.56, 已收:0.00, 结账房费:258.00, 实收:360.00"_s);
+        QCOMPARE(hotel_->logged(u"备注"),
+                 u"费用:100.56, 已收:0.00, 结账房费:258.00, 实收:360.00"_s);
         // both guests show the same document, so the second is its second stay
         const QString history =
             StoredRecords(u"kszl\\军官证\\南1\\南12345.QVR"_s, u"客史资料信息"_s).value(0);
