@@ -5,8 +5,10 @@
 
 #include "cashier/Jzhfrm.h"
 #include "cashier/JzhxxFrm.h"
+#include "cashier/JztfFrm.h"
 #include "cashier/YstjFrm.h"
 #include "cashier/balance_list.h"
+#include "cashier/khxxmain.h"
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
@@ -31,11 +33,10 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"KrhfFrm", u"PicCap",  u"frmWX",    u"frmShw",  u"frmTimer", u"FyxxFrm", u"JztfFrm",
-    u"YybbFrm", u"PicView", u"GzjhFrm",  u"frmYD",   u"Pmxs",     u"ShopSet", u"khxxmain",
-    u"frmYsk",  u"QdjzFrm", u"Accntfrm", u"Kdjf",    u"HdfjFrm",  u"Wffj",    u"frmBm",
-    u"FrmYgxx", u"FrmKq",   u"frmCheck", u"FrmTj",   u"frmCx",    u"QVRView", u"Xtwh",
-    u"Gys",     u"Gyxx",    u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
+    u"KrhfFrm", u"PicCap", u"frmWX", u"frmShw",  u"frmTimer", u"FyxxFrm",  u"YybbFrm",  u"PicView",
+    u"GzjhFrm", u"frmYD",  u"Pmxs",  u"ShopSet", u"frmYsk",   u"QdjzFrm",  u"Accntfrm", u"Kdjf",
+    u"HdfjFrm", u"Wffj",   u"frmBm", u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",    u"frmCx",
+    u"QVRView", u"Xtwh",   u"Gys",   u"Gyxx",    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -61,7 +62,9 @@ void RegisterScreens() {
     RegisterScreen(u"Ftxxfrm", [] { return new Ftxxfrm; });
     RegisterScreen(u"Jzhfrm", [] { return new Jzhfrm; });
     RegisterScreen(u"JzhxxFrm", [] { return new JzhxxFrm; });
+    RegisterScreen(u"JztfFrm", [] { return new JztfFrm; });
     RegisterScreen(u"KfxxFrm", [] { return new KfxxFrm; });
+    RegisterScreen(u"khxxmain", [] { return new khxxmain; });
     RegisterScreen(u"ParaFrm", [] { return new ParaFrm; });
     RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     RegisterScreen(

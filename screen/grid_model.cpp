@@ -52,6 +52,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         return table.text(row, column);
     case Qt::TextAlignmentRole:
         return int(alignments.value(column, Qt::AlignLeft) | Qt::AlignVCenter);
+    case Qt::CheckStateRole:
+        if (column == checkColumn)
+            return table.text(row, column).isEmpty() ? Qt::Unchecked : Qt::Checked;
+        return {};
     case Qt::ForegroundRole:
         if (const QColor text = colours ? colours(row, column).text : QColor(); text.isValid())
             return text;

@@ -18,6 +18,7 @@ public:
 
     TextTable table;
     QHash<int, Qt::Alignment> alignments;
+    int checkColumn = -1;
     std::function<CellColours(int row, int column)> colours;
     std::function<bool(int column)> isEditable;
 

@@ -217,6 +217,10 @@ void GridView::setColumnAlignment(int column, Qt::Alignment alignment) {
     model_->alignments.insert(column, alignment);
 }
 
+void GridView::setCheckColumn(int column) {
+    model_->checkColumn = column;
+}
+
 void GridView::setColours(std::function<CellColours(int row, int column)> colours) {
     model_->colours = std::move(colours);
     viewport()->update();

@@ -109,6 +109,8 @@ public:
     void autoFit(int widest = 320);
 
     void setColumnAlignment(int column, Qt::Alignment alignment);
+    // A column whose cells show a mark: on while the cell holds anything.
+    void setCheckColumn(int column);
     // Asked for each cell that is drawn: keep it quick.
     void setColours(std::function<CellColours(int row, int column)> colours);
 

@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
         TourOfBoard(tour);
         TourOfFolio(tour);
         TourOfNightAudit(tour);
+        TourOfCheckOut(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);

@@ -79,6 +79,7 @@ void TourOfParties(Tour& tour);
 void TourOfBoard(Tour& tour);
 void TourOfFolio(Tour& tour);
 void TourOfNightAudit(Tour& tour);
+void TourOfCheckOut(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 
