@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(GetTag(answers[0], u"金额"), u"-18.50"_s);
         QCOMPARE(GetTag(answers[0], u"序号"), u"1"_s);
         QCOMPARE(GetTag(answers[0], u"结账号"), kFolio);
-        QCOMPARE(DelBills(kFolio, kRoomPosting, key), 0); // gone already: nothing is written
+        QVERIFY(DelBills(kFolio, kRoomPosting, key) != 0); // gone already: nothing is written
         QCOMPARE(StoredRecords(JournalFile(project, kToday.addDays(1)), project).size(), 1);
     }
 
