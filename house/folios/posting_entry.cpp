@@ -28,6 +28,10 @@ bool IsAmount(PostingInput input) {
     return input == PostingInput::Amount || input == PostingInput::Guarantee;
 }
 
+bool IsTypedMoment(PostingInput input) {
+    return input == PostingInput::Date || input == PostingInput::ShortTime;
+}
+
 PostingObjection Missing(QStringView control, QStringView words) {
     return {{kMissing.toString(), words.toString()}, control};
 }
@@ -47,12 +51,28 @@ std::optional<PostingObjection> ObjectTo(const PostingCheck& check, const Postin
     return Missing(check.control, check.words);
 }
 
+// What is typed, but can't be read: it would be posted as something else.
+QString FaultOf(const PostingField& field, const QString& typed) {
+    if (IsAmount(field.input)) {
+        const CellAmount amount = AmountFromCell(typed);
+        return amount.amount ? QString() : field.label + u"不能计算："_s + amount.error;
+    }
+    const bool isMoment = field.input == PostingInput::Date
+                              ? QDate::fromString(typed, Qt::ISODate).isValid()
+                              : QTime::fromString(typed, u"HH:mm").isValid();
+    if (!IsTypedMoment(field.input) || typed.isEmpty() || isMoment)
+        return {};
+    return field.label + u"输入错误："_s + typed;
+}
+
 QString ValueOf(const PostingField& field, const PostingValues& values, const QDateTime& moment) {
     if (field.input == PostingInput::Today)
         return moment.toString(u"yyyy-MM-dd");
     if (field.input == PostingInput::Now)
         return moment.toString(u"HH:mm:ss");
     const QString typed = values.value(field.control);
+    if (IsTypedMoment(field.input) && typed.isEmpty())
+        return moment.toString(field.input == PostingInput::Date ? u"yyyy-MM-dd" : u"HH:mm");
     return IsAmount(field.input) ? AmountFromCell(typed).orZero().text() : typed;
 }
 
@@ -83,11 +103,9 @@ std::optional<PostingObjection> CheckPosting(PostingKind kind, const PostingValu
             return objection;
     }
     for (const PostingField& field : entry.fields) {
-        if (!IsAmount(field.input))
-            continue;
-        const CellAmount amount = AmountFromCell(values.value(field.control));
-        if (!amount.amount)
-            return Missing(field.control, field.label + u"不能计算："_s + amount.error);
+        const QString words = FaultOf(field, values.value(field.control));
+        if (!words.isEmpty())
+            return Missing(field.control, words);
     }
     return {};
 }

@@ -31,7 +31,8 @@ struct PostingObjection {
 };
 std::optional<PostingObjection> CheckPosting(PostingKind kind, const PostingValues& values);
 
-// The posting as it is written, the fields in the order of the kind's table.
+// The posting as it is written, the fields in the order of the kind's table. A date or time that is typed
+// and stands empty is the moment's.
 QString BuildPostingRecord(PostingKind kind, const PostingValues& values, const QDateTime& moment);
 
 // What the two fees come to; one that can't be reckoned, half an expression for instance, counts as 0.

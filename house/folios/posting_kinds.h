@@ -49,6 +49,14 @@ inline constexpr QStringView kDepartment = u"经办单位";
 inline constexpr QStringView kOperator = u"经办人";
 } // namespace posting
 
+// The controls that all kinds have in common.
+namespace posting_control {
+inline constexpr QStringView kGuest = u"Krxm";
+inline constexpr QStringView kRoom = u"Fjh";
+inline constexpr QStringView kDepartment = u"Jbdw";
+inline constexpr QStringView kOperator = u"Jsr";
+} // namespace posting_control
+
 enum class PostingInput {
     Choice,       // an entry of the category
     ChoiceOrText, // or any text; without a category the screen fills the list
@@ -59,7 +67,7 @@ enum class PostingInput {
     Note,
     Date,      // "yyyy-MM-dd"
     ShortTime, // "HH:mm"
-    Shared,    // from a control that all kinds have in common: Krxm, Fjh, Jbdw, Jsr
+    Shared,    // from one of posting_control
     Today,     // the moment of the posting
     Now,
 };

@@ -33,8 +33,7 @@ Money LastRunning(const TextTable& list, QStringView runningColumn);
 // Only the last row may be deleted, and only by whoever entered it.
 bool MayDelete(const TextTable& list, int row, QStringView department, QStringView operatorName);
 
-// What a row's posting was typed as, to be mended and posted again. Its guest and room are left out: they
-// are those of the desk.
+// What a row's posting was typed as, to be mended and posted again: all but what posting_control names.
 PostingValues ValuesOfRow(PostingKind kind, const TextTable& list, int row);
 
 } // namespace hotel
