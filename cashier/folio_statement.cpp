@@ -80,11 +80,13 @@ QStringList SumRow(const QString& words, const Sums& sums) {
     return QStringList{{}, {}, words, {}, {}, {}} + sums.cells();
 }
 
-// An amount that is nothing is left out: a line has one amount.
+// An amount that is nothing is left out, but for the charge of a posting that has no other.
 QStringList RowOf(const Line& line) {
     QStringList amounts = line.sums.cells();
-    if (amounts.count(u"0.00"_s) < amounts.size())
-        std::ranges::replace(amounts, u"0.00"_s, QString());
+    const bool isNothing = amounts.count(u"0.00"_s) == amounts.size();
+    std::ranges::replace(amounts, u"0.00"_s, QString());
+    if (isNothing)
+        amounts.first() = u"0.00"_s;
     return QStringList{line.date, line.time} + line.words + amounts;
 }
 
@@ -121,6 +123,9 @@ TextTable FolioStatement(const QList<PostingsOfKind>& postings) {
 void PrintFolioStatement(const QString& folio, const QString& guest,
                          const QList<PostingsOfKind>& postings) {
     ListPrintSettings settings;
+    settings.titleFont = {u"黑体"_s, 14, false};
+    settings.table.bodyFont = {u"宋体"_s, 9, false};
+    settings.foot = u"客人签名：＿＿＿＿＿＿＿＿　　"_s;
     settings.table.alignments = {{}, {}, {}, {}, {}, {}, u"->"_s, u"->"_s, u"->"_s};
     settings.head =
         Param(u"Yhdwmc") + u",打印时间："_s + Clock::Now().toString(u"yyyy-MM-dd HH:mm");

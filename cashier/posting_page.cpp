@@ -8,13 +8,15 @@
 #include "record/literals.h"
 #include "screen/field_form.h"
 #include "screen/grid_view.h"
+#include "tools/lists/list_print.h"
 
 namespace hotel {
 
 namespace {
 
+constexpr int kUprightColumns = 13; // that a sheet of paper takes as it is
 constexpr int kFormColumns = 4;
-constexpr int kNoteWidth = 24;
+constexpr int kNoteWidth = 20;
 constexpr QStringView kNumberColumns[] = {u"信用金额", u"累计信用", u"实收金额", u"累计实收",
                                           u"金额",     u"累计金额", u"基本金额", u"话费金额",
                                           u"服务费",   u"时长",     u"数量"};
@@ -128,6 +130,17 @@ void PostingPage::showDeleted() {
     list_->table().removeRow(last);
     list_->refresh();
     list_->setCurrent(last - 1);
+}
+
+void PostingPage::print(const QString& title) const {
+    const QStringList headers = entry().headers();
+    ListPrintSettings settings;
+    if (headers.size() > kUprightColumns)
+        std::swap(settings.paperWidth, settings.paperHeight);
+    settings.table.fitFont = true;
+    for (const QString& header : headers)
+        settings.table.alignments.append(IsOneOf(header, kNumberColumns) ? u"->"_s : QString());
+    PrintList(list_->table(), title, settings);
 }
 
 void PostingPage::followFees(const QString& control) {

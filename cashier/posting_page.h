@@ -37,6 +37,9 @@ public:
     void showAdded(QStringView record);
     void showDeleted();
 
+    // Prints the list: amounts to the right, a list of many columns across the paper.
+    void print(const QString& title) const;
+
 private:
     void followFees(const QString& control);
     void showList(const TextTable& list);

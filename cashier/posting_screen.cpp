@@ -27,14 +27,13 @@
 #include "screen/messages.h"
 #include "session/operation_log.h"
 #include "session/session.h"
-#include "tools/lists/list_print.h"
 
 namespace hotel {
 
 namespace {
 
 constexpr int kTotalsMilliseconds = 500;
-constexpr int kGuestListWidth = 300;
+constexpr int kGuestListWidth = 260;
 constexpr int kTotalWidth = 12; // in digits
 constexpr int kSharedColumns = 5;
 constexpr QStringView kMayPost = u"签单记账";
@@ -395,7 +394,7 @@ void PostingScreen::remove(PostingPage* page, const PostingPageCommands& names) 
 
 void PostingScreen::print(PostingPage* page, const PostingPageCommands& names) {
     const QString title = u"结账号："_s + shown_ + u"的"_s + page->entry().caption + u"清单"_s;
-    PrintGrid(*page->list(), title);
+    page->print(title);
     SaveLogRec(names.printed.toString(), title);
 }
 

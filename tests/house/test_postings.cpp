@@ -367,6 +367,7 @@ private Q_SLOTS:
         QCOMPARE(line.writes(), 0);
         QCOMPARE(DelBills(kFolio, kTeamPosting, u"1"), 0);
         QCOMPARE(StoredRecords(kLedger, u"团队结算信息"_s), QStringList());
+        hotel.desk().use();
         hotel.stopServer();
         QVERIFY(DelBills(kFolio, kRoomPosting, u"1") != 0);
     }
