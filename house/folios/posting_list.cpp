@@ -9,13 +9,16 @@ namespace hotel {
 
 namespace {
 
-// Each field goes into the column that bears its name.
-QStringList CellsOf(QStringView record, const QHash<QStringView, int>& columns) {
+// Each field goes into the column that bears its name. Most postings repeat much of the one before: such cells
+// share their text, which spares a long list most of its memory and time.
+QStringList CellsOf(QStringView record, const QHash<QStringView, int>& columns,
+                    const QStringList& before) {
     QStringList cells(columns.size());
     for (FieldWalk field(record); field.next();) {
         const int column = columns.value(field.name(), -1);
         if (column >= 0)
-            cells[column] = field.value().toString();
+            cells[column] =
+                before[column] == field.value() ? before[column] : field.value().toString();
     }
     return cells;
 }
@@ -27,15 +30,54 @@ QHash<QStringView, int> ColumnsByName(const QStringList& headers) {
     return columns;
 }
 
+// Numbers are written without leading zeros, so that a longer one is the greater one.
 bool StandsInOrder(const TextTable& list) {
-    double before = 0;
-    for (int row = 1; row < list.rows(); ++row) {
-        const double number = LeadingNumber(list.text(row, 0));
-        if (number < before)
+    for (int row = 2; row < list.rows(); ++row) {
+        const QString& before = list.row(row - 1).first();
+        const QString& number = list.row(row).first();
+        const qsizetype longer = number.size() - before.size();
+        if (longer < 0 || (longer == 0 && number < before))
             return false;
-        before = number;
     }
     return true;
+}
+
+// The running columns of a list, row by row.
+class RunningSums {
+public:
+    RunningSums(PostingKind kind, const TextTable& list) {
+        for (const RunningColumn& column : PostingKindOf(kind).running) {
+            const int running = list.column(column.running);
+            const QString before =
+                list.dataRows() > 0 ? list.text(list.dataRows(), running) : QString();
+            sums_.append({list.column(column.amount), running, Money::FromText(before)});
+        }
+    }
+
+    // The cells of the next row.
+    void fill(QStringList& cells) {
+        for (Sum& sum : sums_) {
+            sum.sum += Money::FromText(cells[sum.amount]);
+            cells[sum.running] = sum.sum.text();
+        }
+    }
+
+private:
+    struct Sum {
+        int amount;
+        int running;
+        Money sum;
+    };
+    QList<Sum> sums_;
+};
+
+void ReckonRunningColumns(PostingKind kind, TextTable& list) {
+    RunningSums sums(kind, EmptyPostingList(kind));
+    for (int row = 1; row < list.rows(); ++row) {
+        QStringList cells = list.row(row);
+        sums.fill(cells);
+        list.setRow(row, cells);
+    }
 }
 
 bool IsPosting(const TextTable& list, int row) {
@@ -54,30 +96,24 @@ std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind) {
         return {};
     TextTable list = EmptyPostingList(kind);
     const QHash<QStringView, int> columns = ColumnsByName(list.headers());
+    RunningSums sums(kind, list);
     FieldWalk record(project.value);
-    while (list.dataRows() < kPostingLimit && record.next())
-        list.addRow(CellsOf(record.value(), columns));
-    if (!StandsInOrder(list))
+    while (list.dataRows() < kPostingLimit && record.next()) {
+        QStringList cells = CellsOf(record.value(), columns, list.row(list.dataRows()));
+        sums.fill(cells);
+        list.addRow(cells);
+    }
+    if (!StandsInOrder(list)) {
         list.sort(0, TextTable::Order::Number);
-    ReckonRunningColumns(kind, list);
+        ReckonRunningColumns(kind, list);
+    }
     return list;
 }
 
 void AppendPosting(PostingKind kind, TextTable& list, QStringView record) {
-    list.addRow(CellsOf(record, ColumnsByName(list.headers())));
-    ReckonRunningColumns(kind, list);
-}
-
-void ReckonRunningColumns(PostingKind kind, TextTable& list) {
-    for (const RunningColumn& column : PostingKindOf(kind).running) {
-        const int amount = list.column(column.amount);
-        const int running = list.column(column.running);
-        Money sum;
-        for (int row = 1; row < list.rows(); ++row) {
-            sum += Money::FromText(list.text(row, amount));
-            list.setText(row, running, sum.text());
-        }
-    }
+    QStringList cells = CellsOf(record, ColumnsByName(list.headers()), list.row(list.dataRows()));
+    RunningSums(kind, list).fill(cells);
+    list.addRow(cells);
 }
 
 Money LastRunning(const TextTable& list, QStringView runningColumn) {

@@ -21,11 +21,9 @@ TextTable EmptyPostingList(PostingKind kind);
 // In the order of their numbers, read in one command. Nothing when they could not be read.
 std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind);
 
-// A posting that was just written, as the last row. The running columns follow.
+// A posting that was just written, as the last row; its running columns go on from the row before, which is
+// exact, as amounts are written in cents.
 void AppendPosting(PostingKind kind, TextTable& list, QStringView record);
-
-// Reckons the running columns from the first row on.
-void ReckonRunningColumns(PostingKind kind, TextTable& list);
 
 // What a running column comes to: its cell in the last row whose 序号 is above 0; 0 without such a row.
 Money LastRunning(const TextTable& list, QStringView runningColumn);
