@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "cashier/FyxxFrm.h"
 #include "cashier/Jzhfrm.h"
 #include "cashier/JzhxxFrm.h"
 #include "cashier/JztfFrm.h"
+#include "cashier/QdjzFrm.h"
 #include "cashier/YstjFrm.h"
 #include "cashier/balance_list.h"
 #include "cashier/khxxmain.h"
@@ -33,10 +35,11 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"KrhfFrm", u"PicCap", u"frmWX", u"frmShw",  u"frmTimer", u"FyxxFrm",  u"YybbFrm",  u"PicView",
-    u"GzjhFrm", u"frmYD",  u"Pmxs",  u"ShopSet", u"frmYsk",   u"QdjzFrm",  u"Accntfrm", u"Kdjf",
-    u"HdfjFrm", u"Wffj",   u"frmBm", u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",    u"frmCx",
-    u"QVRView", u"Xtwh",   u"Gys",   u"Gyxx",    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",
+    u"KrhfFrm",  u"PicCap",   u"frmWX",   u"frmShw",  u"frmTimer", u"YybbFrm",
+    u"PicView",  u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",  u"frmYsk",
+    u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx",
+    u"FrmKq",    u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView",  u"Xtwh",
+    u"Gys",      u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -60,6 +63,7 @@ void RegisterScreens() {
     RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
     RegisterScreen(u"FlmcFrm", [] { return new FlmcFrm; });
     RegisterScreen(u"Ftxxfrm", [] { return new Ftxxfrm; });
+    RegisterScreen(u"FyxxFrm", [] { return new FyxxFrm; });
     RegisterScreen(u"Jzhfrm", [] { return new Jzhfrm; });
     RegisterScreen(u"JzhxxFrm", [] { return new JzhxxFrm; });
     RegisterScreen(u"JztfFrm", [] { return new JztfFrm; });
@@ -69,6 +73,7 @@ void RegisterScreens() {
     RegisterScreen(u"PrtForm", [] { return new PrtForm; });
     RegisterScreen(
         u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
+    RegisterScreen(u"QdjzFrm", [] { return new QdjzFrm; });
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     RegisterScreen(u"SetPass", [] { return new SetPass; });

@@ -9,7 +9,6 @@
 
 #include "cashier/Jzhfrm.h"
 #include "cashier/folio_box.h"
-#include "cashier/folio_search.h"
 #include "house/common/paths.h"
 #include "house/folios/folio.h"
 #include "house/folios/folio_posting.h"
@@ -25,6 +24,7 @@ namespace hotel {
 
 namespace {
 
+// Kinds whose records are told by their line and have no value shown.
 constexpr PostingKind kChargeKinds[] = {kDepositPosting, kRoomPosting, kFoodPosting,
                                         kBroadbandPosting, kTelephonePosting};
 
@@ -164,17 +164,11 @@ void JzhxxFrm::Jzh_Enter() {
         QVRTrVw->setFocus();
         return;
     }
-    const QString typed = Jzh->currentText();
-    const QStringList found = typed.isEmpty() ? QStringList() : FindFolios(typed);
-    if (found.size() == 1)
-        Jzh->setFolio(found.first());
-    else
-        PickCmd_Click();
+    Jzh->search();
 }
 
 void JzhxxFrm::PickCmd_Click() {
-    const QString typed = Jzh->folio().isEmpty() ? Jzh->currentText() : QString();
-    if (const auto folio = PickFolio(this, typed))
+    if (const auto folio = PickFolio(this, Jzh->searchedText()))
         Jzh->setFolio(*folio);
 }
 

@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include "cashier/folio_search.h"
 #include "house/folios/folio.h"
 #include "house/folios/folio_view.h"
 #include "record/literals.h"
@@ -41,6 +42,26 @@ void FolioBox::setChoices(const QStringList& folios) {
     addItems(folios);
     setCurrentIndex(findText(shown));
     setEditText(shown);
+}
+
+void FolioBox::search() {
+    if (!found_.isEmpty() && currentText() == found_ && count() > 0)
+        return showPopup();
+    const QString typed = searchedText();
+    if (typed.isEmpty())
+        return;
+    const QStringList folios = FindFolios(typed);
+    if (folios.size() == 1)
+        return setFolio(folios.first());
+    setChoices(folios);
+    found_ = u"%1个相关结账号"_s.arg(folios.size());
+    setEditText(found_);
+    lineEdit()->selectAll();
+}
+
+QString FolioBox::searchedText() const {
+    const QString typed = currentText();
+    return IsFolioNumber(typed) || typed == found_ ? QString() : typed;
 }
 
 bool FolioBox::isRetired() const {

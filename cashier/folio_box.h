@@ -22,6 +22,12 @@ public:
 
     void setChoices(const QStringList& folios);
 
+    // Looks for the open folios that what is typed means (cashier/folio_search.h). The one that is found is
+    // taken; of several, or none, the box tells how many there are ("3个相关结账号") and offers them.
+    void search();
+    // What is typed to search by; empty while a number or the count of found ones stands there.
+    QString searchedText() const;
+
     // The mark of a folio that may only be looked at. It is the box's property Tag, too: "失效" or empty.
     bool isRetired() const;
     void setRetired(bool retired);
@@ -29,6 +35,9 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QString found_; // the words that tell of the last search
 };
 
 } // namespace hotel

@@ -25,6 +25,8 @@ QStringList FindFolios(QStringView typed) {
     const QHash<QString, FolioSummary> folios = LoadFolioSummaries();
     QStringList found;
     for (const QString& number : LoadJzhQd()) {
+        if (found.size() == kFolioHitLimit)
+            break;
         if (MatchesFolio(number, SearchWords(folios.value(number)), typed))
             found.append(number);
     }

@@ -18,7 +18,8 @@ QStringList SearchWords(const FolioSummary& folio);
 // Letter case doesn't matter; nothing typed means every folio.
 bool MatchesFolio(QStringView number, const QStringList& words, QStringView typed);
 
-// Numbers of the open folios that are meant, in the order of their file.
+// Numbers of the open folios that are meant, in the order of their file, at most kFolioHitLimit.
+inline constexpr int kFolioHitLimit = 1000;
 QStringList FindFolios(QStringView typed);
 
 } // namespace hotel

@@ -4,6 +4,12 @@
 
 namespace hotel {
 
+namespace {
+
+constexpr qsizetype kClosingMarks = 3; // "</" and ">"
+
+} // namespace
+
 bool FieldWalk::next() {
     for (;;) {
         const qsizetype open = text_.indexOf(u'<', position_);
@@ -17,13 +23,24 @@ bool FieldWalk::next() {
         if (!name_.isEmpty())
             break;
     }
-    const TagMarks marks(name_);
-    const qsizetype closing = findClosing(marks.closing());
+    qsizetype closing = closingAhead();
+    if (closing < 0)
+        closing = findClosing(TagMarks(name_).closing());
     closed_ = closing >= 0;
     value_ = closed_ ? text_.sliced(position_, closing - position_) : QStringView();
     if (closed_)
-        position_ = closing + marks.closing().size();
+        position_ = closing + kClosingMarks + name_.size();
     return true;
+}
+
+// Most values hold no tag: the first mark behind them begins their own closing tag.
+qsizetype FieldWalk::closingAhead() const {
+    const qsizetype mark = text_.indexOf(u'<', position_);
+    if (mark < 0 || mark + kClosingMarks + name_.size() > text_.size())
+        return -1;
+    const QStringView tag = text_.sliced(mark, kClosingMarks + name_.size());
+    const bool closes = tag[1] == u'/' && tag.endsWith(u'>') && tag.sliced(2).startsWith(name_);
+    return closes ? mark : -1;
 }
 
 qsizetype FieldWalk::findClosing(QStringView closingTag) {

@@ -30,6 +30,7 @@ public:
     bool closed() const { return closed_; }
 
 private:
+    qsizetype closingAhead() const;
     qsizetype findClosing(QStringView closingTag);
     void readLastClosings();
 

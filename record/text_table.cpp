@@ -147,7 +147,8 @@ void TextTable::numberRows(int column, QStringView format) {
 }
 
 QStringList TextTable::fitted(QStringList cells) const {
-    cells.resize(cols());
+    if (cells.size() != cols()) // else the row is shared, not copied
+        cells.resize(cols());
     return cells;
 }
 

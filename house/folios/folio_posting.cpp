@@ -9,16 +9,9 @@
 #include "record/numbers.h"
 #include "record/record_text.h"
 
-#include <array>
-
 namespace hotel {
 
 namespace {
-
-constexpr std::array<QStringView, 7> kProjects = {
-    u"信用押金信息", u"房费明细信息", u"餐饮娱乐费用", u"宽带网络费用",
-    u"电话计费信息", u"团队结算信息", u"客房服务费用",
-};
 
 int AppendToJournal(QStringView folio, QStringView project, const QString& record) {
     const QString file = JournalFile(project, Clock::Today());
@@ -31,11 +24,6 @@ int AppendToJournal(QStringView folio, QStringView project, const QString& recor
 
 } // namespace
 
-QString PostingProject(int kind) {
-    return kind >= 0 && kind < int(kProjects.size()) ? kProjects[size_t(kind)].toString()
-                                                     : QString();
-}
-
 Posted SaveBills(QStringView folio, int kind, const QString& record) {
     const QString project = PostingProject(kind);
     const QString ledger = LedgerFile(folio);
@@ -47,11 +35,15 @@ Posted SaveBills(QStringView folio, int kind, const QString& record) {
 }
 
 int DelBills(QStringView folio, int kind, QStringView key) {
+    constexpr int kNotDone = 1;
     const QString project = kind == kServicePosting ? QString() : PostingProject(kind);
+    // A record of no project in particular would be read from any that has that number.
+    if (project.isEmpty())
+        return kNotDone;
     const QString ledger = LedgerFile(folio);
     const QString record = ReadRecord(ledger, project, key);
     if (record.isEmpty())
-        return 0;
+        return kNotDone;
     const int status = DeleteRecord(ledger, project, key);
     const Money amount = Money::FromText(GetTag(record, posting::kAmount));
     return status +

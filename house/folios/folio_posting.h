@@ -1,16 +1,8 @@
 #pragma once
 
 // Postings: the only way by which a charge, a deposit or a settlement reaches a folio. Each is written
-// twice, to the folio's ledger and to the day's journal, from which the reports are made:
-//
-//     kind   project in ledger and journal
-//     0      信用押金信息   deposits, credits, settlement lines
-//     1      房费明细信息   room charges
-//     2      餐饮娱乐费用   food, drink, entertainment, other
-//     3      宽带网络费用   broadband
-//     4      电话计费信息   telephone
-//     5      团队结算信息   team settlements
-//     6      客房服务费用   room service
+// twice, to the folio's ledger and to the day's journal, from which the reports are made. The kind
+// (house/folios/posting_kinds.h) names the project in both.
 //
 // Records are numbered from 1 in each project of each file. 序号 is the record's own key; a journal
 // record has 结账号 as well. Amounts are "#0.00", 日期 "yyyy-MM-dd", 时间 "HH:mm:ss" ("HH:mm" where
@@ -23,24 +15,9 @@
 #include <QString>
 #include <QStringView>
 
+#include "house/folios/posting_kinds.h"
+
 namespace hotel {
-
-enum PostingKind {
-    kDepositPosting = 0,
-    kRoomPosting = 1,
-    kFoodPosting = 2,
-    kBroadbandPosting = 3,
-    kTelephonePosting = 4,
-    kTeamPosting = 5,
-    kServicePosting = 6,
-};
-
-namespace posting {
-inline constexpr QStringView kAmount = u"金额";
-} // namespace posting
-
-// Project of a kind; empty for a number that is none.
-QString PostingProject(int kind);
 
 struct Posted {
     int status = 0; // sum of both writes' results: 0 when ledger and journal have it
@@ -48,13 +25,13 @@ struct Posted {
 };
 Posted SaveBills(QStringView folio, int kind, const QString& record);
 
-// Deletes a ledger record and answers it in today's journal with a copy whose 金额 is negated: what
-// has been reported is never removed. The sum of both writes' results; a record that can't be read is
-// left alone, with 0.
+// Deletes a ledger record and answers it in today's journal with a copy whose 金额 is negated: what has been
+// reported is never removed. The sum of both writes' results; where the record isn't there or can't be read,
+// nothing is written and the result isn't 0 either.
 //
-// Two limits are deliberate, and the reports are reckoned with them: the reversal acts on 金额 alone,
-// so that a deposit's carries 金额 "0.00" and its received or credited amount unchanged; and room
-// service has no project here, so that its charges can't be deleted.
+// Two limits are deliberate, and the reports are reckoned with them: the reversal acts on 金额 alone, so that a
+// deposit's carries 金额 "0.00" and its received or credited amount unchanged; and a charge of room service
+// can't be deleted, only answered by a negative one.
 int DelBills(QStringView folio, int kind, QStringView key);
 
 } // namespace hotel

@@ -39,6 +39,18 @@ void AddRow(TextTable& rows, QStringView name, QStringView entry) {
     rows.addRow(cells);
 }
 
+// The guests that the room's own row doesn't show.
+void AddFurtherBeds(TextTable& rows, QStringView room, QStringView beds) {
+    bool isShown = true;
+    for (FieldWalk bed(beds); bed.next();) {
+        if (!bed.value().contains(u'<'))
+            continue;
+        if (!isShown)
+            AddRow(rows, room, bed.value());
+        isShown = false;
+    }
+}
+
 } // namespace
 
 FolioView LoadJzhToGrid(QStringView folio) {
@@ -57,8 +69,10 @@ TextTable FolioRows(QStringView folioRecord) {
         AddRow(rows, folio_record::kPayer, payer);
     for (FieldWalk field(folioRecord); rows.dataRows() < kRowLimit && field.next();) {
         const bool isEntry = field.value().contains(u'<');
-        if (isEntry && field.name() != folio_record::kPayer)
-            AddRow(rows, field.name(), field.value());
+        if (!isEntry || field.name() == folio_record::kPayer)
+            continue;
+        AddRow(rows, field.name(), field.value());
+        AddFurtherBeds(rows, field.name(), field.value());
     }
     return rows;
 }

@@ -21,7 +21,8 @@ struct FolioView {
 
     // One row a field of the folio, the payer first: 房间号, the field's name (a room, or 基本信息); 客人姓名,
     // 证件号码, 散住, 入住时间, 入住日期, 预计离店, 付费客人, 人像照片; then every further field that an entry
-    // holds. A room with several beds shows the guest of its first.
+    // holds. A room with several guests shows the first; each further one has a row of his own, under the
+    // room's name again.
     TextTable rows;
 };
 
