@@ -137,7 +137,7 @@ private Q_SLOTS:
     // Would take hours if every tag looked for its closing one.
     void manyTagsThatAreNeverClosed() {
         QString tags = u"<命令>读取时间</命令>"_s;
-        while (tags.size() < 8'000'000)
+        while (tags.size() < 2'000'000)
             tags += u"<%1>"_s.arg(tags.size());
         QCOMPARE(Request("001", tags).command(), u"读取时间");
         QCOMPARE(Request("001", u'<' + QString(4'000'000, u'a') + u"><" + QString(4'000'000, u'a'))
