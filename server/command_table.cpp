@@ -65,21 +65,22 @@ QString DateText(const ServerState& server) {
 CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     peer.user.clear();
     peer.mayLog = false;
-    if (server.failures.isClosedTo(peer.address))
-        return {ErrorText(u"登录失败次数太多，请稍候再试"_s), server.failures.wait(peer.address)};
     const QString user = NameField(request, u"用户名");
     const QStringView digest = request.field(u"密码");
     const QString date = DateText(server);
+    const bool isGuess = !IsEmptyAttempt(server.productId, user, digest, date);
+    if (isGuess && server.failures.isClosedTo(peer.address))
+        return {ErrorText(u"登录失败次数太多，请稍候再试"_s), server.failures.wait(peer.address)};
     const LoginVerdict verdict =
         JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
         peer.user = user;
         peer.userChanges = server.userChanges;
-        return {u"<SUCCESS>登录成功"_s, server.failures.wait(peer.address)};
+        return {u"<SUCCESS>登录成功"_s, isGuess ? server.failures.wait(peer.address) : 0};
     }
     peer.mayLog = true;
-    peer.wasCounted = !IsEmptyAttempt(server.productId, user, digest, date);
-    const int delay = peer.wasCounted ? server.failures.delayOfFailure(peer.address) : 0;
+    peer.wasCounted = isGuess;
+    const int delay = isGuess ? server.failures.delayOfFailure(peer.address) : 0;
     switch (verdict) {
     case LoginVerdict::UnknownUser:
         return {ErrorText(u"没有该用户"_s), delay};
@@ -90,18 +91,12 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
     }
 }
 
-// The entry of a refused attempt: one record, which must not stand yet, in the log of the day.
+// The entry of a refused attempt: one record, which must not stand yet. One that waits as a failure does
+// finds the line closed as an attempt would.
 bool IsAttemptEntry(const ServerState& server, const Peer& peer, const Request& request) {
-    if (!peer.mayLog || (request.command() != u"修改记录" && request.command() != u"创建记录"))
-        return false;
-    const QDate today = server.clock().date();
-    const auto file = ParseFilePath(request.field(u"库文件名"));
-    const auto log =
-        ParseFilePath(server.log.folder + today.toString(u"yy\\MM\\yyMMdd") + u".qvr"_s);
-    const QString project = NameField(request, u"项目名");
-    return file && log && file->key == log->key && project == server.log.project &&
-           request.field(u"记录值").size() <= kAttemptEntryLimit &&
-           !server.store.read(*file, project, NameField(request, u"记录"));
+    return peer.mayLog && (peer.wasCounted || !server.failures.isClosedTo(peer.address)) &&
+           IsRefusalEntry(server.log, server.clock().date(), request) &&
+           !server.store.read(FileField(request), server.log.project, NameField(request, u"记录"));
 }
 
 CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
@@ -319,8 +314,6 @@ CommandAnswer ReadRecord(ServerState& server, Peer&, const Request& request) {
     return {FieldText(key.record, *value)};
 }
 
-// The record and, up to a bound, those behind it. A following record is left out, with all behind
-// it, when its tags stand in the block already: the reader of the block would find the wrong text.
 // Which names of the block's records stand as tags inside its values: there the reader would find the
 // value of the tag in place of the record's.
 class TagsInside {
@@ -362,6 +355,8 @@ private:
     QSet<QStringView> found_;
 };
 
+// The record and, up to a bound, those behind it. A following record is left out, with all behind
+// it, when its tags stand in the block already: the reader of the block would find the wrong text.
 CommandAnswer ReadBuffered(ServerState& server, Peer& peer, const Request& request) {
     const RecordKey key(request);
     const QList<NamedText> records =
@@ -500,15 +495,16 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
-    if (request.isCut())
+    const bool writes = command->flags & kWrites;
+    if (writes && request.isTorn())
         return {ErrorText(u"命令不完整"_s)};
-    if (command->flags & kWrites)
+    if (writes)
         server.store.begin();
     if (isAttemptEntry)
         peer.mayLog = false;
     try {
         CommandAnswer answer = command->handler(server, peer, request);
-        if (command->flags & kWrites && NamesUserFile(request))
+        if (writes && NamesUserFile(request))
             ++server.userChanges;
         if (isAttemptEntry && !peer.wasCounted)
             answer.delay = server.failures.delayOfFailure(peer.address);

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "server/login.h"
+#include "server/refusal_log.h"
 #include "server/request_reader.h"
 #include "server/store.h"
 
@@ -23,16 +24,6 @@ struct Peer {
     bool mayLog = false;
     bool wasCounted = false; // the refused login counts as a failure already
 };
-
-// Where the workstations keep their operation log: `folder` + yy\MM\yyMMdd.qvr by the day. The defaults are
-// those of the workstations' parameters.
-struct OperationLogPlace {
-    QString folder = u"BglogRec\\"_s;
-    QString project = u"操作记录信息"_s;
-};
-
-// An entry that a connection may add before login is no longer than this.
-inline constexpr qsizetype kAttemptEntryLimit = 4096;
 
 // What all commands work on.
 struct ServerState {
@@ -65,9 +56,9 @@ struct ServerCommand {
 // The command of that name, nullptr when there is none.
 const ServerCommand* FindServerCommand(QStringView name);
 
-// Answers a request; a user who is no longer among the users counts as not logged in. Begins a transaction when the command writes, and leaves the commit to the
-// caller. A request that can't be done is answered `<ERROR>words</ERROR>`. Throws StoreError when
-// the store fails.
+// Answers a request; a user who is no longer among the users counts as not logged in. Begins a transaction
+// when the command writes, and leaves the commit to the caller. A request that can't be done is answered
+// `<ERROR>words</ERROR>`. Throws StoreError when the store fails.
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);
 
 // `<ERROR>words</ERROR>`

@@ -13,9 +13,7 @@ namespace {
 
 constexpr qint64 kFailureMemory = 60'000; // milliseconds
 constexpr int kFreeFailures = 10;
-constexpr int kDelayStep = 500; // milliseconds more with each failure
-constexpr int kLongestDelay = 10'000;
-constexpr int kLongestLine = 60'000;
+constexpr int kMostSteps = 20;
 
 bool AddressMatches(const QString& allowed, const QHostAddress& address) {
     return allowed.isEmpty() ||
@@ -41,7 +39,8 @@ bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest,
     return LoginDigest(productId, user, u"", date) == digest;
 }
 
-FailureLimit::FailureLimit(std::function<qint64()> time) : time_(std::move(time)) {
+FailureLimit::FailureLimit(int step, std::function<qint64()> time)
+    : step_(step), time_(std::move(time)) {
     if (!time_) {
         QElapsedTimer clock;
         clock.start();
@@ -60,13 +59,12 @@ int FailureLimit::delayOfFailure(const QHostAddress& address) {
     Failures& failures = failures_[address];
     failures.last = now;
     const int beyond = ++failures.count - kFreeFailures;
-    failures.due =
-        qMax(failures.due, now) + std::clamp(beyond, 0, kLongestDelay / kDelayStep) * kDelayStep;
+    failures.due = qMax(failures.due, now) + std::clamp(beyond, 0, kMostSteps) * step_;
     return int(failures.due - now);
 }
 
 bool FailureLimit::isClosedTo(const QHostAddress& address) const {
-    return wait(address) > kLongestLine;
+    return wait(address) >= kMostSteps * step_;
 }
 
 void FailureLimit::forgetOld(qint64 now) {

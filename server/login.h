@@ -31,14 +31,16 @@ LoginVerdict JudgeLogin(Store& store, QStringView productId, const QString& user
 // guessing.
 bool IsEmptyAttempt(QStringView productId, QStringView user, QStringView digest, QStringView date);
 
-// Slows down whoever guesses passwords. The first failures from an address are answered at once,
-// those that follow within a minute of each other later and later. The answers to one address stand in one
-// line, whatever the number of its connections: each waits behind the failures before it, and so does a
-// login that succeeds, since a guesser on many connections would know it by its haste.
+// Slows down whoever guesses passwords. The first failures from an address are answered at once, those that
+// follow within a minute of each other later and later. The answers to one address stand in one line,
+// whatever the number of its connections: each waits behind the failures before it, and so does a login
+// that succeeds, since a guesser on many connections would know it by its haste. The longest wait is that
+// for a full line and one more failure, twice twenty steps: a workstation waits half a minute for an answer.
 class FailureLimit {
 public:
-    // `time` tells milliseconds that never go back; the system's unless given.
-    explicit FailureLimit(std::function<qint64()> time = {});
+    // Each failure is delayed by `step` milliseconds more, up to twenty steps. `time` tells milliseconds
+    // that never go back; the system's unless given.
+    explicit FailureLimit(int step = 500, std::function<qint64()> time = {});
 
     // Milliseconds until the failures so far have been answered.
     int wait(const QHostAddress& address) const;
@@ -46,7 +48,7 @@ public:
     // Notes a failure; gives the milliseconds by which its answer is to be held back.
     int delayOfFailure(const QHostAddress& address);
 
-    // The line is too long to join: attempts are refused without a look at them.
+    // The line is too long to join, twenty steps or more: attempts are refused without a look at them.
     bool isClosedTo(const QHostAddress& address) const;
 
 private:
@@ -57,6 +59,7 @@ private:
     };
     void forgetOld(qint64 now);
 
+    int step_;
     std::function<qint64()> time_;
     QHash<QHostAddress, Failures> failures_;
 };

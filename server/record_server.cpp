@@ -24,10 +24,9 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 } // namespace
 
 RecordServer::RecordServer(ServerSettings settings)
-    : settings_(std::move(settings)),
-      store_(settings_.dataFolder, Store::Use::Serve), state_{store_, failures_,
-                                                              settings_.productId, settings_.clock,
-                                                              settings_.log} {
+    : settings_(std::move(settings)), store_(settings_.dataFolder, Store::Use::Serve),
+      failures_(settings_.failureStep), state_{store_, failures_, settings_.productId,
+                                               settings_.clock, settings_.log} {
     listener_.setListenBacklogSize(kListenBacklog);
     if (!listener_.listen(settings_.listen, settings_.port))
         throw StoreError(u"can't listen on "_s + settings_.listen.toString() + u':' +
@@ -106,7 +105,7 @@ bool RecordServer::takeRequests() {
             turn_.drained.push_back(connection);
             continue;
         }
-        turn_.exchanges.push_back({connection, std::move(*request), {}});
+        turn_.exchanges.push_back({connection, std::move(*request), {}, connection->peer});
         Exchange& exchange = turn_.exchanges.back();
         exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
         if (exchange.answer.delay > 0)
@@ -124,8 +123,13 @@ void RecordServer::finishTurn() {
     turn_.drained.clear();
 }
 
+// Who speaks on the connections goes back as well to what it was ahead of the turn. Delays stay: a
+// connection whose answer did not wait has sent the next requests of the turn.
 void RecordServer::answerEachAlone() {
+    for (auto exchange = turn_.exchanges.rbegin(); exchange != turn_.exchanges.rend(); ++exchange)
+        exchange->connection->peer = exchange->before;
     for (Exchange& exchange : turn_.exchanges) {
+        const int delay = exchange.answer.delay;
         try {
             exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
             store_.commit();
@@ -133,6 +137,7 @@ void RecordServer::answerEachAlone() {
             store_.rollback();
             exchange.answer = {ErrorText(u"数据库不能完成命令："_s + error.words())};
         }
+        exchange.answer.delay = delay;
         enqueue(exchange.connection);
     }
 }

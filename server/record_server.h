@@ -40,6 +40,7 @@ struct ServerSettings {
     qsizetype unsentLimit = 4 * 1024 * 1024;   // bytes of answers a client may leave untaken
     int stallLimit = 60'000;                   // milliseconds after which it is dropped then
     OperationLogPlace log = {};                // of the workstations
+    int failureStep = 500;                     // FailureLimit's, milliseconds
 };
 
 class RecordServer : public QObject {
@@ -61,6 +62,7 @@ private:
         ClientConnection* connection;
         Request request;
         CommandAnswer answer;
+        Peer before; // the connection's, ahead of the request
     };
     struct Turn {
         std::vector<Exchange> exchanges;

@@ -21,9 +21,6 @@ constexpr qsizetype kFieldNameLimit = 32;
 constexpr std::array<QStringView, 6> kFreeTexts = {u"记录值",     u"初始值",     u"记录查询条件",
                                                    u"记录必选项", u"记录任选项", u"记录排除项"};
 
-// Of these, what is to be stored.
-constexpr QStringView kValues[] = {u"记录值", u"初始值"};
-
 struct Marks {
     QByteArray command = EncodeForWire(u"<命令>");
     QByteArray numberOpen = EncodeForWire(u"<命令流水号>CmdID:");
@@ -46,14 +43,16 @@ Request::Request(QByteArray number, QString text)
     const QStringView all = text_;
     fields_.reserve(kFieldLimit);
     qsizetype position = 0;
-    for (int count = 0; count < kFieldLimit; ++count) {
+    for (int count = 0;; ++count) {
         const qsizetype open = all.indexOf(u'<', position);
-        const qsizetype bracket = open < 0 ? -1 : all.indexOf(u'>', open);
-        if (bracket < 0)
+        if (open < 0)
             return;
+        const qsizetype bracket = all.indexOf(u'>', open);
         const Span name{open + 1, bracket - open - 1};
-        if (name.second > kFieldNameLimit)
+        if (bracket < 0 || name.second > kFieldNameLimit || count == kFieldLimit) {
+            isTorn_ = true;
             return;
+        }
         const TagMarks marks(view(name));
         const QStringView closing = marks.closing();
         const bool free =
@@ -61,7 +60,7 @@ Request::Request(QByteArray number, QString text)
         const qsizetype start = bracket + 1;
         const qsizetype end = free ? all.lastIndexOf(closing) : FindText(all, closing, start);
         if (end < start) {
-            isCut_ |= std::ranges::find(kValues, view(name)) != std::end(kValues);
+            isTorn_ = isTorn_ || !view(name).startsWith(u'/');
             position = start;
             continue;
         }

@@ -40,8 +40,8 @@ public:
     // Value of a field; empty when the request doesn't have it.
     QStringView field(QStringView name) const;
 
-    // A value that is to be stored is opened and never closed: it has been cut.
-    bool isCut() const { return isCut_; }
+    // A field is opened and not closed, or there are more than a request has: what was meant can't be told.
+    bool isTorn() const { return isTorn_; }
 
 private:
     using Span = std::pair<qsizetype, qsizetype>; // start and length in text_
@@ -50,7 +50,7 @@ private:
     QByteArray number_;
     QString text_;
     std::vector<std::pair<Span, Span>> fields_; // name, value
-    bool isCut_ = false;
+    bool isTorn_ = false;
 };
 
 class RequestReader {

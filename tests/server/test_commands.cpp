@@ -243,10 +243,27 @@ private Q_SLOTS:
         QCOMPARE(write(u"<1>v</1>"_s), kDone);
         QCOMPARE(write(u"v"_s), Error(u"内容不是记录"));
         QCOMPARE(write(u"<1>v"_s), Error(u"内容不是记录"));
-        WireClient cut(server_.port(), u"前台"_s);
-        cut.sendBytes(RequestBytes(u"修改记录"_s, RecordFields(u"cut"_s, u"v"_s), 1)
-                          .replace(EncodeForWire(u"</记录值>\r\n"), {}));
-        QCOMPARE(cut.receive(), Error(u"命令不完整"));
+        // without its end the name of the project is empty, and the whole project would be written
+        WireClient torn(server_.port(), u"前台"_s);
+        int number = 1;
+        for (const char16_t* command : {u"修改记录", u"创建记录", u"替换记录"}) {
+            for (const char16_t* end : {u"</记录值>\r\n", u"</项目名>\r\n"}) {
+                torn.sendBytes(RequestBytes(QStringView(command).toString(),
+                                            RecordFields(u"cut"_s, u"<2>w</2>"_s), number++)
+                                   .replace(EncodeForWire(QStringView(end)), {}));
+                QCOMPARE(torn.receive(), Error(u"命令不完整"));
+            }
+        }
+        torn.sendBytes(
+            RequestBytes(u"上传文件"_s, ParseFields(Upload(u"a.jpg", u"01", u"0", u"0")), number++)
+                .replace(EncodeForWire(u"</文件内容>\r\n"), {}));
+        QCOMPARE(torn.receive(), Error(u"命令不完整"));
+        // what only asks is answered as if the torn field were not there
+        torn.sendBytes(RequestBytes(u"查找记录"_s,
+                                    {{u"库文件名"_s, u"a.qvr"_s}, {u"记录必选项"_s, u"w"_s}},
+                                    number)
+                           .replace(EncodeForWire(u"</记录必选项>"), {}));
+        QCOMPARE(torn.receive(), List(u"记录清单", {u"1"_s}));
         QCOMPARE(client.ask(u"读取记录"_s, RecordFields(u"cut"_s)), Error(u"没有该记录"));
         const Fields read = {{u"库文件名"_s, u"a.qvr"_s}, {u"记录"_s, u"cut"_s}};
         QCOMPARE(client.ask(u"读取记录"_s, read), u"<cut><1>v</1></cut>"_s);

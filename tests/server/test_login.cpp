@@ -110,103 +110,148 @@ private Q_SLOTS:
         QCOMPARE(manager.ask(u"记录清单"_s), u"<ERROR>没有登录</ERROR>"_s);
     }
 
-    // After each refused login one new entry of the day's operation log, and nothing else.
+    // After each refused login one new entry of the day's operation log, which tells of a refusal, and
+    // nothing else.
     void refusedAttemptsAreOnFile() {
         TestServer server;
         WireClient client(server.port());
         const QString refused = u"<ERROR>没有登录</ERROR>"_s;
-        const auto add = [&](const QString& record, const QString& file, const QString& project,
-                             const QString& value, const QString& command) {
-            return client.ask(command, {{u"库文件名"_s, file},
-                                        {u"项目名"_s, project},
+        const QString modify = u"修改记录"_s;
+        const QString entry =
+            u"<操作员></操作员>\r\n<日期>2026-03-05</日期>\r\n<时间>10:00:00</时间>\r\n"
+            u"<操作内容>登录失败</操作内容>\r\n<备注>从[10.1.2.3]</备注>\r\n"_s;
+        struct Place {
+            QString file = u"BglogRec\\26\\03\\260305.qvr"_s;
+            QString project = u"操作记录信息"_s;
+        };
+        const auto add = [&](const QString& record, const QString& value, const QString& command,
+                             const Place& place = {}) {
+            return client.ask(command, {{u"库文件名"_s, place.file},
+                                        {u"项目名"_s, place.project},
                                         {u"记录"_s, record},
                                         {u"记录值"_s, value}});
         };
-        const QString log = u"BglogRec\\26\\03\\260305.qvr"_s;
-        const QString entries = u"操作记录信息"_s;
-        const QString modify = u"修改记录"_s;
-        const QString entry = u"<操作内容>登录失败</操作内容>"_s;
-        QCOMPARE(add(u"100000"_s, log, entries, entry, modify), refused); // nobody was refused yet
+        const auto longEntry = [](int size) {
+            const QString frame = u"<操作内容>登录失败</操作内容><备注></备注>"_s;
+            return QString(frame).insert(frame.size() - 5, QString(size - frame.size(), u'x'));
+        };
+        const QString t = u"100000"_s;
+        QCOMPARE(add(t, entry, modify), refused); // nobody was refused yet
         client.logIn(u"经理"_s, u"wrong"_s);
-        QCOMPARE(add(u"100000"_s, u"BglogRec\\26\\03\\260306.qvr"_s, entries, entry, modify),
-                 refused);
-        QCOMPARE(add(u"100000"_s, log, u"别的"_s, entry, modify), refused);
-        QCOMPARE(add(u"100000"_s, log, {}, entry, modify), refused);
-        QCOMPARE(add(u"100000"_s, log, entries, entry, u"替换记录"_s), refused);
-        QCOMPARE(add(u"100000"_s, log, entries, QString(4097, u'x'), modify), refused);
-        QCOMPARE(
-            add(u"100000"_s, u"bglogrec/26/03/260305.QVR"_s, entries, QString(4096, u'x'), modify),
-            u"<SUCCESS>"_s);
-        QCOMPARE(add(u"100001"_s, log, entries, entry, modify), refused); // one is one
+        QCOMPARE(add(t, entry, modify, {.file = u"BglogRec\\26\\03\\260306.qvr"_s}), refused);
+        QCOMPARE(add(t, entry, modify, {.project = u"别的"_s}), refused);
+        QCOMPARE(add(t, entry, modify, {.project = {}}), refused);
+        QCOMPARE(add(t, entry, u"替换记录"_s), refused);
+        for (const QString& name : {u""_s, u"10000"_s, u"1000000"_s, u"240000"_s, u"10000a"_s})
+            QCOMPARE(add(name, entry, modify), refused);
+        for (const QString& value :
+             {u""_s, u"登录失败"_s, u"<操作内容>登录系统成功</操作内容>"_s,
+              u"<备注><操作内容>登录失败</操作内容></备注>"_s, entry + u"<金额>1</金额>"_s,
+              entry + u"<备注>"_s, u"<操作内容>登录系统成功</操作内容>"_s + entry,
+              u"<操作内容>修改密码</操作内容><备注>成功</备注>"_s, longEntry(501)})
+            QCOMPARE(add(t, value, modify), refused);
+        QCOMPARE(add(t, longEntry(500), modify, {.file = u"bglogrec/26/03/260305.QVR"_s}),
+                 u"<SUCCESS>"_s);
+        QCOMPARE(add(u"100001"_s, entry, modify), refused); // one is one
         client.logIn(u"经理"_s, u"wrong"_s);
-        QCOMPARE(add(u"100000"_s, log, entries, entry, modify), refused); // it stands already
-        QCOMPARE(add(u"100001"_s, log, entries, entry, u"创建记录"_s), u"<SUCCESS>"_s);
+        QCOMPARE(add(t, entry, modify), refused); // it stands already
+        QCOMPARE(add(u"100001"_s, entry, u"创建记录"_s), u"<SUCCESS>"_s);
+        client.logIn(u"经理"_s, u"wrong"_s);
+        QCOMPARE(add(u"235959"_s, u"<操作内容>修改密码</操作内容><备注>验证失败</备注>"_s, modify),
+                 u"<SUCCESS>"_s);
         client.logIn(u"经理"_s, u"wrong"_s);
         client.logIn(u"前台"_s, {});
         client.ask(u"注销"_s);
-        QCOMPARE(add(u"100002"_s, log, entries, entry, modify), refused); // he came in meanwhile
+        QCOMPARE(add(u"100002"_s, entry, modify), refused); // he came in meanwhile
     }
 
     // The first failures are free; each of those that follow waits longer, to a bound, and behind the ones
     // before it; other addresses aren't touched.
     void delays() {
         qint64 now = 0;
-        FailureLimit limit([&now] { return now; });
+        FailureLimit limit(500, [&now] { return now; });
         const QHostAddress guesser(u"10.0.0.1"_s);
-        QList<int> delays;
-        for (int i = 0; i < 13; ++i)
-            delays += limit.delayOfFailure(guesser);
-        QCOMPARE(delays.mid(0, 10), QList<int>(10, 0));
-        QCOMPARE(delays.mid(10), QList<int>({500, 1500, 3000}));
+        const QHostAddress neighbour(u"10.0.0.2"_s);
+        const auto fail = [&] { return limit.delayOfFailure(guesser); };
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(fail(), 0);
+        QCOMPARE(fail(), 500);
+        QCOMPARE(fail(), 1500);
+        QCOMPARE(fail(), 3000);
         QCOMPARE(limit.wait(guesser), 3000);
-        QCOMPARE(limit.wait(QHostAddress(u"10.0.0.2"_s)), 0);
-        QCOMPARE(limit.delayOfFailure(QHostAddress(u"10.0.0.2"_s)), 0);
+        QCOMPARE(limit.wait(neighbour), 0);
+        QCOMPARE(limit.delayOfFailure(neighbour), 0);
         now = 3000;
         QCOMPARE(limit.wait(guesser), 0);
-        QCOMPARE(limit.delayOfFailure(guesser), 2000);
-        for (int i = 0; i < 20; ++i) { // one at a time: each has been answered before the next
+        for (int i = 4; i <= 22; ++i) { // one at a time: each has been answered before the next
+            QCOMPARE(fail(), std::min(i * 500, 10'000));
             now += 10'000;
-            limit.delayOfFailure(guesser);
         }
-        QCOMPARE(limit.wait(guesser), 10'000);
-        now += 20'000;
-        for (int i = 0; i < 6; ++i)
-            limit.delayOfFailure(guesser);
-        QCOMPARE(limit.wait(guesser), 60'000);
-        QVERIFY(!limit.isClosedTo(guesser));
-        limit.delayOfFailure(guesser);
+        QCOMPARE(fail(), 10'000);
         QVERIFY(limit.isClosedTo(guesser));
-        now += 70'000 + 60'001; // nothing for a minute: forgotten
-        QCOMPARE(limit.delayOfFailure(guesser), 0);
+        QVERIFY(!limit.isClosedTo(neighbour));
+        now += 1;
+        QVERIFY(!limit.isClosedTo(guesser));
+        QCOMPARE(fail(), 19'999); // the longest that a workstation may have to wait
+        now += 19'999 + 60'000;
+        QCOMPARE(fail(), 10'000);
+        now += 10'000 + 60'001; // nothing for a minute: forgotten
+        QCOMPARE(fail(), 0);
     }
 
-    // A workstation tries the empty password ahead of every login: that is no guessing.
+    // A workstation tries the empty password ahead of every login: that is no guessing, and never waits.
+    // What it puts on file counts in its stead.
     void emptyAttemptsAreNotCounted() {
         QTemporaryDir folder;
         WriteTestUsers(folder.path());
-        Store store(folder.path(), Store::Use::Look);
-        FailureLimit failures;
+        Store store(folder.path(), Store::Use::Serve);
+        qint64 now = 0;
+        FailureLimit failures(500, [&now] { return now; });
         ServerState state{store, failures, kProductId.toString(),
                           [] { return QDateTime(QDate(2026, 3, 5), QTime(10, 0)); }};
         Peer peer{QHostAddress::LocalHost, QString()};
-        const auto delay = [&](QStringView password) {
-            const QString digest = *LoginDigest(kProductId, u"经理", password, u"2026-03-05");
-            return AnswerRequest(state, peer,
-                                 Request("000", u"<命令>登录</命令><用户名>经理</用户名><密码>"_s +
-                                                    digest + u"</密码>"_s))
-                .delay;
+        const auto attempt = [&](QStringView user, QStringView password) {
+            const QString digest = *LoginDigest(kProductId, user, password, u"2026-03-05");
+            return AnswerRequest(
+                state, peer,
+                Request("000", u"<命令>登录</命令><用户名>%1</用户名><密码>%2</密码>"_s.arg(
+                                   user, digest)));
+        };
+        const auto delay = [&](QStringView password) { return attempt(u"经理", password).delay; };
+        const QString entryText =
+            u"<命令>修改记录</命令><库文件名>BglogRec\\26\\03\\260305.qvr</库文件名>"
+            u"<项目名>操作记录信息</项目名><记录>%1</记录>"
+            u"<记录值><操作内容>登录失败</操作内容></记录值>"_s;
+        int entries = 100'000;
+        const auto entry = [&] {
+            return AnswerRequest(state, peer, Request("000", entryText.arg(entries++)));
         };
         for (int i = 0; i < 30; ++i)
             QCOMPARE(delay(u""), 0);
-        for (int i = 0; i < 10; ++i)
+        for (int i = 0; i < 9; ++i)
             QCOMPARE(delay(u"guess"), 0);
-        QVERIFY(delay(u"guess") > 0);
+        QCOMPARE(entry().text, u"<SUCCESS>"_s);
         QCOMPARE(delay(u""), 0);
-        QVERIFY(delay(u"secret") > 0); // behind the guesses: its haste would tell
+        QCOMPARE(entry().delay, 0); // the tenth
+        QCOMPARE(delay(u"guess"), 500);
+        QCOMPARE(entry().delay, 0);
+        QCOMPARE(delay(u"secret"), 500); // behind the guess: its haste would tell
+        QCOMPARE(delay(u""), 0);
+        QCOMPARE(entry().delay, 1500);
+        QCOMPARE(attempt(u"前台", u"").delay, 0);
+        for (const int wait : {3000, 5000, 7500, 10'500})
+            QCOMPARE(delay(u"guess"), wait);
+        const CommandAnswer closed = attempt(u"经理", u"secret");
+        QCOMPARE(closed.text, u"<ERROR>登录失败次数太多，请稍候再试</ERROR>"_s);
+        QCOMPARE(closed.delay, 10'500);
+        QCOMPARE(delay(u""), 0);
+        QCOMPARE(entry().text, u"<ERROR>没有登录</ERROR>"_s);
+        now = 501;
+        QCOMPARE(delay(u"secret"), 9'999);
     }
 
     void orderIsKeptAroundADelayedAnswer() {
-        TestServer server;
+        TestServer server([](ServerSettings& settings) { settings.failureStep = 20; });
         WireClient client(server.port());
         constexpr int kAttempts = 12;
         for (int i = 0; i < kAttempts; ++i) {

@@ -77,6 +77,24 @@ private Q_SLOTS:
             u"b"_s);
     }
 
+    void tornRequests() {
+        const auto row = [](const char* name, const QString& text, bool isTorn) {
+            Check(name, Request("001", u"<命令>修改记录</命令>"_s + text).isTorn(), isTorn);
+        };
+        row("whole", u"<记录>甲</记录>\r\n<记录值>a<b></c></记录值>\r\n"_s, false);
+        row("the value", u"<记录>甲</记录><记录值>1"_s, true);
+        row("the value's closing tag is cut", u"<记录>甲</记录><记录值>1</记录值"_s, true);
+        row("closed ahead of it", u"</记录值><记录值>1"_s, true);
+        row("a name", u"<项目名>甲<记录>1</记录><记录值>1</记录值>"_s, true);
+        row("a file's content", u"<文件内容><文件长度>0</文件长度>"_s, true);
+        row("half a tag", u"<记录>甲</记录><记录"_s, true);
+        row("a closing tag alone", u"</记录><记录>甲</记录>"_s, false);
+        row("sixteen fields", u"<a>1</a>"_s.repeated(15), false);
+        row("one more", u"<a>1</a>"_s.repeated(16), true);
+        row("a long name", u"<%1>1</%1>"_s.arg(QString(32, u'a')), false);
+        row("a longer one", u"<%1>1</%1>"_s.arg(QString(33, u'a')), true);
+    }
+
     // An end mark is the whole sequence field and its line end; less of it belongs to a value.
     void endMarks() {
         const auto row = [](const char* name, const QString& value) {
@@ -119,7 +137,7 @@ private Q_SLOTS:
     // Would take hours if every tag looked for its closing one.
     void manyTagsThatAreNeverClosed() {
         QString tags = u"<命令>读取时间</命令>"_s;
-        while (tags.size() < 8'000'000)
+        while (tags.size() < 2'000'000)
             tags += u"<%1>"_s.arg(tags.size());
         QCOMPARE(Request("001", tags).command(), u"读取时间");
         QCOMPARE(Request("001", u'<' + QString(4'000'000, u'a') + u"><" + QString(4'000'000, u'a'))
