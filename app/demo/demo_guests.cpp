@@ -6,6 +6,8 @@
 
 #include "app/demo/consumption.h"
 #include "app/demo/parties.h"
+#include "cashier/check_out.h"
+#include "cashier/team_customers.h"
 #include "house/folios/folio_posting.h"
 #include "house/guests/guest_form.h"
 #include "house/guests/offered_rooms.h"
@@ -42,6 +44,7 @@ const Employee kEngineer = {u"GONGCHENG"_s, u"121212"_s};
 const Employee kNightAuditor = {u"YESHEN"_s, u"555555"_s};
 const Employee kCashier = {u"SHOUYIN"_s, u"444444"_s};
 const Employee kExchange = {u"ZONGJI"_s, u"888888"_s};
+const Employee kSales = {u"XIAOSHOU"_s, u"777777"_s};
 const Employee kOutlet = {u"CANYIN"_s, u"999999"_s};
 
 // How long a clerk takes, in seconds.
@@ -51,7 +54,8 @@ constexpr int kToTakeADeposit = 45;
 constexpr int kToPost = 20;
 constexpr int kALineOfTheAudit = 1; // which nobody types
 constexpr int kToLeave = 30;
-constexpr int kForAll = 300; // so long before the opening the last of them arrives
+constexpr int kForAll = 300;         // so long before the opening the last of them arrives
+constexpr int kDaysOfCompanies = 27; // ahead of the first party
 const QTime kTimeOfAudit(2, 30);
 
 const Employee& OnDuty(Shift shift, QTime time) {
@@ -141,6 +145,8 @@ public:
     void setStatus(const DemoStatusChange& change);
     void auditNight();
     void post(const DemoPosting& posting);
+    void checkOut(const DemoDeparture& departure);
+    void enter(const DemoCompany& company);
 
 private:
     void moveTo(const QDateTime& moment);
@@ -353,6 +359,64 @@ void Desk::post(const DemoPosting& posted) {
     goOn(kToPost);
 }
 
+void Desk::enter(const DemoCompany& company) {
+    const TeamEditOutcome entered = AddTeam(With({}, {{team_customer::kName, company.name},
+                                                      {u"联系人", company.contact},
+                                                      {u"手机", company.mobile},
+                                                      {u"电话", company.telephone},
+                                                      {u"地址", company.address},
+                                                      {u"简码", company.initials},
+                                                      {u"所在地区", company.region},
+                                                      {team_customer::kStatus, u"有效"}}));
+    ExpectNone(entered.notice);
+    goOn(kToPost);
+}
+
+// What is due is paid, or given back; a company signs for it.
+Payment PaymentOf(const DemoDeparture& departure, const SettlementSums& sums) {
+    const Money due = sums.due();
+    Payment payment{.due = due.text(),
+                    .discount = u"0.00"_s,
+                    .received = std::max(due, Money()).text(),
+                    .change = {},
+                    .kind = Picked(departure.way, u"支付方式"),
+                    .note = {},
+                    .team = {}};
+    payment.change = ChangeOf(payment.received, payment.discount, payment.due).value_or(QString());
+    if (departure.company.isEmpty())
+        return payment;
+    const TextTable companies = FindTeams(departure.company.toString());
+    Expect(companies.dataRows() == 1, u"没有团队客户 "_s + departure.company);
+    payment.note = WithTeamName({}, departure.company.toString());
+    payment.team = companies.text(1, team_customer::kNumber);
+    return payment;
+}
+
+void Desk::checkOut(const DemoDeparture& departure) {
+    const QString room = departure.rooms.first().toString();
+    const QString folio = GetTag(GetTag(GetKfrzxx(room), GuestTag(1)), kFolio);
+    SettlementFolio settlement = LoadSettlementFolio(folio);
+    ExpectNone(settlement.notice);
+    for (int row = 1; row < settlement.list.rows(); ++row) {
+        const QString of = settlement.list.text(row, kRoomColumn);
+        SetChosen(settlement.list, row, departure.everybody || departure.rooms.contains(of));
+    }
+    const QString now = Clock::TimeText().left(5);
+    const PeriodChoice period = PeriodOf(settlement.list, now, Clock::DateText());
+    CalculateCharges(settlement.list, period.period, now, RatesInUse());
+    goOn(kToTakeADeposit);
+    const CheckOutOutcome outcome = ConfirmCheckOut(
+        {folio, settlement.list, Picked(u"脏房", u"使用后房态")},
+        {.yes = [&departure](const Notice&) { return !departure.everybody; },
+         .payment = [&departure](const SettlementSums& sums) -> std::optional<Payment> {
+             return PaymentOf(departure, sums);
+         },
+         .progress = [](int, int) {}});
+    for (const Notice& notice : outcome.notices)
+        Expect(notice.title == u"处理完成", notice.title + u"："_s + notice.words);
+    Expect(outcome.done && outcome.retired == departure.everybody, room + u" 没有结账"_s);
+}
+
 struct Event {
     QDateTime at;
     Employee by;
@@ -367,6 +431,12 @@ QList<Event> EventsBefore(const QDateTime& opening) {
     };
     for (const DemoParty& party : DemoParties())
         add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
+    for (const DemoCompany& company : DemoCompanies())
+        events.append({opening.addDays(-kDaysOfCompanies), kSales,
+                       [&company](Desk& desk) { desk.enter(company); }});
+    for (const DemoDeparture& departure : DemoDepartures())
+        events.append({departure.at.from(opening), kCashier,
+                       [&departure](Desk& desk) { desk.checkOut(departure); }});
     for (const DemoStatusChange& change : DemoStatusChanges())
         add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
     for (const DemoPosting& posting : DemoPostings())

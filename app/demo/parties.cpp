@@ -402,13 +402,105 @@ const QList<DemoParty> kParties = {
      .to = u"乌鲁木齐",
      .deposit = {u"预付扫码", u"微信支付", u"200.00", u""},
      .rooms = {{u"8215", {{u"段红梅", u"530102199007131867", u"职员"}}}}},
+
+    // --- those who have left again ---
+    {.arrives = DaysAgo(6, u"14:08"),
+     .leavesIn = -4,
+     .status = u"包房",
+     .rate = u"前台价",
+     .reason = u"休闲度假",
+     .from = u"武汉",
+     .to = u"武汉",
+     .deposit = {u"预付扫码", u"微信支付", u"900.00", u""},
+     .rooms = {{u"8405",
+                {{u"邹文斌", u"420106197904112237", u"会计师"},
+                 {u"游丽君", u"420106198209173040", u"教师"}}}}},
+    {.arrives = DaysAgo(5, u"17:15"),
+     .leavesIn = -2,
+     .status = u"团队",
+     .rate = u"团队价",
+     .reason = u"参加会议",
+     .from = u"绵阳",
+     .to = u"绵阳",
+     .employer = u"绵州水利设计院",
+     .reception = u"销售部",
+     .remark = u"全部费用由团队结算",
+     .deposit = {u"协议单位限额", u"单位挂账", u"8000.00", u"会议合同第15号"},
+     .rooms = {{u"8606", {{u"敬国忠", u"51070319680914037X", u"总经理"}}},
+               {u"8607",
+                {{u"蒲志刚", u"51070319750226118X", u"工程师"},
+                 {u"文少华", u"510703198006032155", u"工程师"}}},
+               {u"8608", {{u"何月琴", u"510703198610190424", u"会计师"}}},
+               {u"8609",
+                {{u"贾晓峰", u"510703199101150779", u"工程师"},
+                 {u"唐建明", u"510703197208300299", u"司机"}}}}},
+    {.arrives = DaysAgo(3, u"16:20"), // of whom the parents' room has been given up since
+     .leavesIn = 1,
+     .status = u"包房",
+     .rate = u"会员价",
+     .reason = u"探亲访友",
+     .from = u"西安",
+     .to = u"西安",
+     .remark = u"携带儿童",
+     .deposit = {u"预付刷卡", u"银行卡", u"3500.00", u""},
+     .rooms = {{u"8611",
+                {{u"史卫东", u"610113198107052714", u"部门经理"},
+                 {u"史可欣", u"610104201211221336", u"学生"}}},
+               {u"8612", {{u"景秀云", u"610104198303120626", u"离退休人员"}}}}},
+    {.arrives = DaysAgo(2, u"21:18"),
+     .leavesIn = 0,
+     .status = u"包房",
+     .rate = u"协议价",
+     .reason = u"商务洽谈",
+     .from = u"上海",
+     .to = u"上海",
+     .employer = u"上海申瑞医疗器械公司",
+     .deposit = {u"预付刷卡", u"银行卡", u"1200.00", u""},
+     .rooms = {{u"8710", {{u"戚伟民", u"310104198405210656", u"部门经理"}}}}},
+    {.arrives = DaysAgo(1, u"13:05"),
+     .leavesIn = -1,
+     .status = u"钟点",
+     .rate = u"钟点起价",
+     .reason = u"本市休息",
+     .from = u"成都",
+     .to = u"成都",
+     .deposit = {u"预付现金", u"现金", u"200.00", u""},
+     .rooms = {{u"8605", {{u"易俊", u"51010719930628153X", u"自由职业者"}}}}},
+};
+
+const QList<DemoCompany> kCompanies = {
+    {u"绵州水利设计院", u"敬国忠", u"13980112046", u"0816-2338041", u"绵阳市涪城区临园路27号",
+     u"MZSL", u"绵阳"},
+    {u"湘江旅行社", u"文丽萍", u"13973100268", u"0731-84410935", u"长沙市芙蓉区解放路118号",
+     u"XJLX", u"长沙"},
+    {u"西南水泥行业协会", u"曾祥林", u"13808027713", u"028-86640172", u"成都市青羊区人民路5号",
+     u"XNSN", u"成都"},
+    {u"秦川自动化设备厂", u"邵国平", u"13609182254", u"029-88240561", u"西安市雁塔区科技路9号",
+     u"QCZD", u"西安"},
+};
+
+const QList<DemoDeparture> kDepartures = {
+    {.at = DaysAgo(4, u"11:35"), .rooms = {u"8405"}, .way = u"微信支付"},
+    {.at = DaysAgo(2, u"10:40"),
+     .rooms = {u"8606"},
+     .way = u"单位挂账",
+     .company = u"绵州水利设计院"},
+    {.at = DaysAgo(1, u"13:10"), .rooms = {u"8612"}, .everybody = false, .way = {}},
+    {.at = DaysAgo(1, u"17:30"), .rooms = {u"8605"}, .way = u"现金"},
+    {.at = MinutesAgo(160), .rooms = {u"8710"}, .way = u"银行卡"},
 };
 
 const QList<DemoStatusChange> kStatusChanges = {
+    {DaysAgo(4, u"13:20"), Housekeeping, u"8405", u"空房"},
+    {DaysAgo(2, u"13:05"), Housekeeping, u"8606", u"空房"},
+    {DaysAgo(2, u"13:11"), Housekeeping, u"8607", u"空房"},
+    {DaysAgo(2, u"13:30"), Housekeeping, u"8608", u"空房"},
+    {DaysAgo(2, u"13:34"), Housekeeping, u"8609", u"空房"},
+    {DaysAgo(1, u"14:50"), Housekeeping, u"8612", u"空房"},
+    {DaysAgo(1, u"18:10"), Housekeeping, u"8605", u"空房"},
     {MinutesAgo(150), Housekeeping, u"8204", u"脏房"},
     {MinutesAgo(146), Housekeeping, u"8405", u"脏房"},
     {MinutesAgo(121), Housekeeping, u"8605", u"脏房"},
-    {MinutesAgo(117), Housekeeping, u"8710", u"脏房"},
     {MinutesAgo(70), Engineering, u"8413", u"维修"},
     {MinutesAgo(24), FrontDesk, u"8713", u"预留"},
     {MinutesAgo(22), FrontDesk, u"8715", u"预留"},
@@ -418,6 +510,14 @@ const QList<DemoStatusChange> kStatusChanges = {
 
 const QList<DemoParty>& DemoParties() {
     return kParties;
+}
+
+const QList<DemoCompany>& DemoCompanies() {
+    return kCompanies;
+}
+
+const QList<DemoDeparture>& DemoDepartures() {
+    return kDepartures;
 }
 
 const QList<DemoStatusChange>& DemoStatusChanges() {

@@ -68,6 +68,27 @@ struct DemoParty {
     QList<DemoRoom> rooms;
 };
 
+// Guests of one folio leave: those of these rooms, or, where one room is named and `everybody` is set, all that
+// are on its folio. A company settles for its guests later.
+struct DemoDeparture {
+    DemoMoment at;
+    QList<QStringView> rooms;
+    bool everybody = true;
+    QStringView way;          // 支付方式
+    QStringView company = {}; // as in the team customer file
+};
+
+// A company that may sign for its guests, as the sales department enters it in the team customer file.
+struct DemoCompany {
+    QStringView name;
+    QStringView contact;
+    QStringView mobile;
+    QStringView telephone;
+    QStringView address;
+    QStringView initials; // 简码
+    QStringView region;
+};
+
 // The users who do it.
 enum class Shift { FrontDesk, Housekeeping, Engineering };
 
@@ -79,6 +100,8 @@ struct DemoStatusChange {
 };
 
 const QList<DemoParty>& DemoParties();
+const QList<DemoCompany>& DemoCompanies();
+const QList<DemoDeparture>& DemoDepartures();
 const QList<DemoStatusChange>& DemoStatusChanges();
 
 } // namespace hotel
