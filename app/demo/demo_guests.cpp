@@ -9,6 +9,7 @@
 #include "cashier/check_out.h"
 #include "cashier/team_customers.h"
 #include "house/folios/folio_posting.h"
+#include "house/folios/posting_entry.h"
 #include "house/guests/guest_form.h"
 #include "house/guests/offered_rooms.h"
 #include "house/guests/working_set.h"
@@ -70,44 +71,17 @@ const Employee& OnDuty(Shift shift, QTime time) {
     return time.hour() >= 7 && time.hour() < 19 ? kDayClerk : kNightClerk;
 }
 
-// What an outlet posts: who, from which category it takes its names, the fields in their order of writing, and
-// what the log says.
-struct Outlet {
-    PostingKind kind;
-    const Employee& by;
-    QStringView names;
-    QList<QStringView> fields;
-    QStringView operation;
-};
-const Outlet kOutlets[] = {
-    {kFoodPosting,
-     kOutlet,
-     u"餐饮娱乐服务种类",
-     {u"费用名称", u"结算地点", u"计量单位", u"数量", u"房间号", u"客人", u"日期", u"时间", u"金额",
-      u"备注", u"经办单位", u"经办人"},
-     u"餐饮娱乐服务增加操作"},
-    {kBroadbandPosting,
-     kCashier,
-     u"宽带业务名称",
-     {u"费用名称", u"房间号", u"客人", u"网络端口", u"时长", u"日期", u"时间", u"基本金额",
-      u"服务费", u"金额", u"经办单位", u"经办人"},
-     u"宽带网络费用增加操作"},
-    {kTelephonePosting,
-     kExchange,
-     u"电信业务名称",
-     {u"费用名称", u"房间号", u"客人", u"主叫电话", u"结算地点", u"时长", u"日期", u"时间",
-      u"通达地区", u"话费金额", u"服务费", u"金额", u"被叫号码", u"经办单位", u"经办人"},
-     u"电话费用服务增加操作"},
-    {kServicePosting,
-     kHousekeeper,
-     u"客房服务种类",
-     {u"服务类别", u"服务明细", u"计量单位", u"数量", u"金额", u"房间号", u"客人", u"日期", u"时间",
-      u"经办单位", u"经办人"},
-     u"客房服务增加操作"},
-};
-
-const Outlet& OutletOf(PostingKind kind) {
-    return *std::ranges::find(kOutlets, kind, &Outlet::kind);
+const Employee& PostsThe(PostingKind kind) {
+    switch (kind) {
+    case kFoodPosting:
+        return kOutlet;
+    case kTelephonePosting:
+        return kExchange;
+    case kServicePosting:
+        return kHousekeeper;
+    default:
+        return kCashier;
+    }
 }
 
 void Expect(bool came, const QString& words) {
@@ -131,6 +105,9 @@ QString With(QString record, std::initializer_list<std::pair<QStringView, QStrin
         record = SetTag(record, tag, value);
     return record;
 }
+
+// What is typed for a posting, by the tags under which it is written.
+using TypedPosting = QMap<QStringView, QString>;
 
 class Desk {
 public:
@@ -158,6 +135,7 @@ private:
     QString priced(const QString& form, const DemoParty& party) const;
     QString typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms);
     void takeDeposit(const DemoParty& party, const QString& folio);
+    void postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed);
 
     std::function<void(const QDateTime&)> setServerClock_;
     QDate openingDay_;
@@ -269,26 +247,36 @@ QString Desk::typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms) {
     return registered.set;
 }
 
-// As the cashier posts it: money that was received, or a credit up to a limit.
+// As a clerk types it: what is chosen stands in its category.
+void Desk::postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed) {
+    const PostingKindEntry& entry = PostingKindOf(kind);
+    PostingValues values;
+    for (const PostingField& field : entry.fields) {
+        if (field.control.isEmpty())
+            continue;
+        const QString value = typed.value(field.tag);
+        values[field.control] =
+            field.input == PostingInput::Choice ? Picked(value, field.category) : value;
+    }
+    values[posting_control::kDepartment] = CurrentSession().userDept;
+    values[posting_control::kOperator] = CurrentSession().userName;
+    if (entry.feeSum)
+        values[entry.feeSum->control] = SumOfFees(*entry.feeSum, values);
+    if (const auto objection = CheckPosting(kind, values))
+        throw DemoFailure(objection->notice.title + u"："_s + objection->notice.words);
+    const QString record = BuildPostingRecord(kind, values, Clock::Now());
+    Expect(SaveBills(folio, kind, record).status == 0, u"费用没有保存："_s + folio);
+    SaveLogRec(entry.log.added.toString(), PostingDetail(folio, record));
+}
+
 void Desk::takeDeposit(const DemoParty& party, const QString& folio) {
     const DemoDeposit& deposit = party.deposit;
-    const QString kind = Picked(deposit.kind, category::kGuarantees);
-    const bool isMoney =
-        std::ranges::any_of(QStringList{u"实收"_s, u"预付"_s, u"定额"_s, u"现金"_s},
-                            [&kind](const QString& word) { return kind.contains(word); });
-    const QString record = With({}, {{u"信用保证种类", kind},
-                                     {u"支付方式", Picked(deposit.way, u"支付方式")},
-                                     {u"客人", party.rooms.first().guests.first().name},
-                                     {u"日期", Clock::DateText()},
-                                     {u"时间", Clock::TimeText()},
-                                     {isMoney ? u"实收金额" : u"信用金额", deposit.amount},
-                                     {u"备注", deposit.note},
-                                     {u"经办单位", CurrentSession().userDept},
-                                     {u"经办人", CurrentSession().userName}});
-    Expect(SaveBills(folio, kDepositPosting, record).status == 0, u"押金没有保存："_s + folio);
-    SaveLogRec(
-        u"信用押金增加操作"_s,
-        QStringList{folio, kind, deposit.way.toString(), deposit.amount.toString()}.join(u','));
+    postTyped(folio, kDepositPosting,
+              {{u"信用保证种类", deposit.kind.toString()},
+               {u"支付方式", Picked(deposit.way, u"支付方式")},
+               {posting::kGuest, party.rooms.first().guests.first().name.toString()},
+               {posting::kReceived, deposit.amount.toString()},
+               {u"备注", deposit.note.toString()}});
 }
 
 void Desk::checkIn(const DemoParty& party) {
@@ -324,38 +312,17 @@ void Desk::auditNight() {
         tag = RunAuditStep(tag, audit);
 }
 
-// The first guest of the room signs. A call and the network cost their fee and the house's service.
+// The first guest of the room signs.
 void Desk::post(const DemoPosting& posted) {
-    const Outlet& outlet = OutletOf(posted.kind);
     const QString guest = GetTag(GetKfrzxx(posted.room), GuestTag(1));
     const QString room = GetKfjbxx(posted.room);
-    QMap<QStringView, QString> values;
+    TypedPosting typed = {{posting::kRoom, posted.room.toString()},
+                          {posting::kGuest, GetTag(guest, kName)},
+                          {u"主叫电话", GetTag(room, room_record::kTelephone)},
+                          {u"网络端口", GetTag(room, room_record::kNetworkPort)}};
     for (const auto& [tag, value] : posted.fields)
-        values[tag] = value.toString();
-    Picked(posted.fields.first().second, outlet.names);
-    const bool byTheMinute = posted.kind == kBroadbandPosting || posted.kind == kTelephonePosting;
-    const Money fee = Money::FromText(values[u"话费金额"]) + Money::FromText(values[u"基本金额"]);
-    if (byTheMinute)
-        values[posting::kAmount] = (fee + Money::FromText(values[u"服务费"])).text();
-    values[u"房间号"] = posted.room.toString();
-    values[u"客人"] = GetTag(guest, kName);
-    values[u"主叫电话"] = GetTag(room, room_record::kTelephone);
-    values[u"网络端口"] = GetTag(room, room_record::kNetworkPort);
-    values[u"日期"] = Clock::DateText();
-    values[u"时间"] = Clock::TimeText().left(byTheMinute ? 5 : 8);
-    values[u"经办单位"] = CurrentSession().userDept;
-    values[u"经办人"] = CurrentSession().userName;
-
-    QString record;
-    for (const QStringView tag : outlet.fields)
-        record = SetTag(record, tag, values[tag]);
-    const QString folio = GetTag(guest, kFolio);
-    Expect(SaveBills(folio, posted.kind, record).status == 0,
-           u"客房 "_s + posted.room + u" 的费用没有保存"_s);
-    SaveLogRec(outlet.operation.toString(),
-               QStringList{folio, posted.fields.first().second.toString(), values[u"客人"],
-                           values[posting::kAmount]}
-                   .join(u','));
+        typed[tag] = value.toString();
+    postTyped(GetTag(guest, kFolio), posted.kind, typed);
     goOn(kToPost);
 }
 
@@ -440,7 +407,7 @@ QList<Event> EventsBefore(const QDateTime& opening) {
     for (const DemoStatusChange& change : DemoStatusChanges())
         add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
     for (const DemoPosting& posting : DemoPostings())
-        events.append({posting.at.from(opening), OutletOf(posting.kind).by,
+        events.append({posting.at.from(opening), PostsThe(posting.kind),
                        [&posting](Desk& desk) { desk.post(posting); }});
     QDateTime night(std::ranges::min(events, {}, &Event::at).at.date(), kTimeOfAudit);
     while ((night = night.addDays(1)).addSecs(kForAll) <= opening)
