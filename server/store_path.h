@@ -14,9 +14,10 @@ namespace hotel {
 inline constexpr QChar kPathSeparator = u'\\';
 
 struct StorePath {
-    QString
-        key; // steps in lower case, joined by `\`: what two spellings of one path have in common
-    QString name; // the steps as they were written, joined by `\`
+    // The steps in lower case, joined by `\`: what two spellings of one path have in common.
+    QString key;
+    // The steps as they were written, joined by `\`.
+    QString name;
 
     // Last step as it was written.
     QStringView leaf() const {
