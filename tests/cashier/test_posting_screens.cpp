@@ -325,6 +325,15 @@ private Q_SLOTS:
         QCOMPARE(ListOf(screen, "FfxxQd").dataRows(), 0);
         Press(screen, Qt::Key_F12);
         QVERIFY(!screen->command(u"FfAdd")->isEnabled());
+        QCOMPARE(TextOf(screen, "Ffje"), u"100.00"_s);
+
+        hotel_->startServer();
+        Desk again(hotel_->port());
+        again.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        CurrentSession().userDept = u"前厅部"_s;
+        Press(screen, Qt::Key_F12);
+        Press(screen, Qt::Key_F8);
+        QCOMPARE(ListOf(screen, "FfxxQd").dataRows(), 1);
     }
 
     void numbersThatAreNoFolios() {
