@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace hotel {
 
@@ -104,7 +105,11 @@ Decimal FromDouble(double value) {
 }
 
 Decimal FromInteger(qint64 value) {
-    return ReadDecimal(QString::number(value));
+    std::string digits = value == 0 ? std::string() : std::to_string(value);
+    if (value < 0)
+        digits.erase(0, 1);
+    const auto point = qint64(digits.size());
+    return {value < 0, std::move(digits), point};
 }
 
 // Rounds to `places` behind the point, half away from zero. The digits are then exactly those in

@@ -9,25 +9,38 @@ namespace hotel {
 
 namespace {
 
-// Each field goes into the column that bears its name. Most postings repeat much of the one before: such cells
-// share their text, which spares a long list most of its memory and time.
-QStringList CellsOf(QStringView record, const QHash<QStringView, int>& columns,
-                    const QStringList& before) {
-    QStringList cells(columns.size());
-    for (FieldWalk field(record); field.next();) {
-        const int column = columns.value(field.name(), -1);
+// The columns of a record's fields, by their names. Postings have their fields in one order, so that each is
+// looked for where it stood in the record before.
+class FieldColumns {
+public:
+    explicit FieldColumns(const TextTable& list) : headers_(list.headers()) {}
+
+    int column(qsizetype place, QStringView name) {
+        if (place == before_.size())
+            before_.append(0);
+        int& column = before_[place];
+        if (column < 0 || headers_[column] != name)
+            column = int(headers_.indexOf(name));
+        return column;
+    }
+
+private:
+    QStringList headers_;
+    QList<int> before_;
+};
+
+// Most postings repeat much of the one before: such cells share their text, which spares a long list most of
+// its memory and time.
+QStringList CellsOf(QStringView record, FieldColumns& columns, const QStringList& before) {
+    QStringList cells(before.size());
+    FieldWalk field(record);
+    for (qsizetype place = 0; field.next(); ++place) {
+        const int column = columns.column(place, field.name());
         if (column >= 0)
             cells[column] =
                 before[column] == field.value() ? before[column] : field.value().toString();
     }
     return cells;
-}
-
-QHash<QStringView, int> ColumnsByName(const QStringList& headers) {
-    QHash<QStringView, int> columns;
-    for (int column = 0; column < headers.size(); ++column)
-        columns.insert(headers[column], column);
-    return columns;
 }
 
 // Numbers are written without leading zeros, so that a longer one is the greater one.
@@ -95,7 +108,7 @@ std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind) {
     if (project.failed())
         return {};
     TextTable list = EmptyPostingList(kind);
-    const QHash<QStringView, int> columns = ColumnsByName(list.headers());
+    FieldColumns columns(list);
     RunningSums sums(kind, list);
     FieldWalk record(project.value);
     while (list.dataRows() < kPostingLimit && record.next()) {
@@ -111,7 +124,8 @@ std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind) {
 }
 
 void AppendPosting(PostingKind kind, TextTable& list, QStringView record) {
-    QStringList cells = CellsOf(record, ColumnsByName(list.headers()), list.row(list.dataRows()));
+    FieldColumns columns(list);
+    QStringList cells = CellsOf(record, columns, list.row(list.dataRows()));
     RunningSums(kind, list).fill(cells);
     list.addRow(cells);
 }

@@ -325,6 +325,15 @@ private Q_SLOTS:
         QCOMPARE(ListOf(screen, "FfxxQd").dataRows(), 0);
         Press(screen, Qt::Key_F12);
         QVERIFY(!screen->command(u"FfAdd")->isEnabled());
+        QCOMPARE(TextOf(screen, "Ffje"), u"100.00"_s);
+
+        hotel_->startServer();
+        Desk again(hotel_->port());
+        again.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+        CurrentSession().userDept = u"前厅部"_s;
+        Press(screen, Qt::Key_F12);
+        Press(screen, Qt::Key_F8);
+        QCOMPARE(ListOf(screen, "FfxxQd").dataRows(), 1);
     }
 
     void numbersThatAreNoFolios() {
@@ -390,10 +399,15 @@ private Q_SLOTS:
         Press(screen, Qt::Key_Escape);
         QCOMPARE(Fwmx->currentText(), QString());
         QCOMPARE(Fwmx->count(), 1);
+        TypeText(In<QLineEdit>(screen, "Krxm"), u"林芳"_s); // what is posted is kept, too
+        TypeText(Fwmx, u"领带"_s);
+        In<QLineEdit>(screen, "Fwje")->setText(u"9"_s);
+        Press(screen, Qt::Key_F8);
+        OpenScreen(u"FyxxFrm", kFolio);
         screen->close();
         const QString kept = ReadProject(u"QVR\\Kffwmx.QVR", u"客房服务明细信息");
         QCOMPARE(TrimWhite(GetTag(GetTag(kept, u"洗衣服务"), u"服务明细")),
-                 u"<2-衬衣> </2-衬衣>"_s);
+                 u"<2-衬衣> </2-衬衣>\r\n<2-领带> </2-领带>"_s);
         Screen* again = Opened(u"FyxxFrm");
         Press(again, Qt::Key_F6);
         TypeText(again->focusWidget(), u"xy"_s);

@@ -301,6 +301,9 @@ private Q_SLOTS:
         list.addRow({u"合计"_s, {}, {}, {}, {}, {}, {}, u"9"_s}); // no posting
         QCOMPARE(LastRunning(list, u"累计金额").text(), u"70.51"_s);
         QCOMPARE(LastRunning(EmptyPostingList(kRoomPosting), u"累计金额").text(), u"0.00"_s);
+        TextTable one = EmptyPostingList(kRoomPosting);
+        AppendPosting(kRoomPosting, one, u"<金额>7.00</金额><序号>1</序号>");
+        QCOMPARE(LastRunning(one, u"累计金额").text(), u"7.00"_s);
 
         QCOMPARE(post(kDepositPosting, u"<信用金额>15000.00</信用金额>"_s), 0);
         QCOMPARE(post(kDepositPosting, u"<实收金额>500.00</实收金额>"_s), 0);
