@@ -172,7 +172,9 @@ QWidget* FieldForm::makeEditor(const FormField& field) {
     }
     const int width = field.width > 0 ? field.width : DefaultWidth(field.editor);
     editor->setObjectName(control);
-    editor->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * width + kEditorPadding);
+    const int wide = fontMetrics().horizontalAdvance(u'0') * width + kEditorPadding;
+    const bool carriesLabel = field.editor == Editor::Check; // which is not to be cut
+    editor->setMinimumWidth(carriesLabel ? qMax(wide, editor->sizeHint().width()) : wide);
     // The editors of a column are as wide as its widest one.
     editor->setSizePolicy(QSizePolicy::Ignored, editor->sizePolicy().verticalPolicy());
     editor->installEventFilter(this);

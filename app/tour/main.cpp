@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
         TourOfParties(tour);
         TourOfBoard(tour);
         TourOfFolio(tour);
+        TourOfCharges(tour);
         TourOfNightAudit(tour);
         TourOfCheckOut(tour);
         TourOfCategories(tour);

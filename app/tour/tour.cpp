@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "record/literals.h"
+#include "screen/category_box.h"
 #include "screen/open_screen.h"
 #include "screen/picture.h"
 #include "shell/mainfrm.h"
@@ -81,6 +82,8 @@ void Tour::type(QWidget& window, const QString& field, const QString& text) {
 
 void Tour::choose(QWidget& window, const QString& box, const QString& entry) {
     auto* widget = Find<QComboBox>(window, box);
+    if (auto* category = qobject_cast<CategoryBox*>(widget))
+        category->fill();
     const int index = widget->findText(entry);
     expect(index >= 0, box + u" 没有 "_s + entry);
     widget->setCurrentIndex(index);
