@@ -13,7 +13,6 @@
 #include "cashier/QrtfFrm.h"
 #include "cashier/check_out.h"
 #include "cashier/folio_box.h"
-#include "cashier/folio_search.h"
 #include "house/folios/folio.h"
 #include "house/rooms/rate_table.h"
 #include "platform/clock.h"
@@ -31,7 +30,6 @@ namespace hotel {
 
 namespace {
 
-constexpr qsizetype kSearchLimit = 1000;
 constexpr int kTotalsEvery = 500; // milliseconds
 constexpr int kStatusLength = 5;  // characters
 
@@ -160,18 +158,9 @@ void JztfFrm::Jzh_Change() {
 }
 
 void JztfFrm::Jzh_Enter() {
-    const QString typed = Jzh->currentText();
     if (!Jzh->folio().isEmpty())
         return goTo(command(u"DjCmd"));
-    if (typed.isEmpty())
-        return;
-    QStringList found = FindFolios(typed);
-    found.resize(qMin(kSearchLimit, found.size()));
-    Jzh->setChoices(found);
-    if (found.size() == 1)
-        return Jzh->setFolio(found.first());
-    Jzh->setEditText(QString::number(found.size()) + u"个相关结账号"_s);
-    Jzh->lineEdit()->selectAll();
+    Jzh->search();
 }
 
 void JztfFrm::FreshCmd_Click() {

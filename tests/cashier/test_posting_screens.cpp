@@ -442,6 +442,7 @@ private Q_SLOTS:
         const QStringList statement = printed(u"StatementCmd");
         QVERIFY(statement.contains(u"宾客账单　结账号：260305100000　客人：林芳"_s));
         QVERIFY(statement.contains(u"212.50"_s));
+        QCOMPARE(hotel_->logged(u"操作内容"), u"账单打印操作"_s);
     }
 
     void aStatementByDays() {

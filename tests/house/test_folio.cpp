@@ -1,6 +1,7 @@
 #include "house/common/paths.h"
 #include "house/folios/folio.h"
 #include "house/folios/folio_posting.h"
+#include "house/folios/folio_summary.h"
 #include "house/folios/folio_view.h"
 #include "link/records.h"
 #include "platform/clock.h"
@@ -229,6 +230,21 @@ private Q_SLOTS:
         const FolioView past = LoadJzhToGrid(kFolio);
         QCOMPARE(past.notice->words, u"该结账号已经过期或结清！"_s);
         QCOMPARE(past.rows.dataRows(), 3);
+    }
+    void whatADeskKnowsAFolioBy() {
+        const auto row = [](const char* name, const QString& record, const QString& told) {
+            const FolioSummary folio = SummaryOf(record);
+            Check(name,
+                  folio.payer + u'|' + folio.rooms.join(u' ') + u'|' + folio.guests.join(u' '),
+                  told);
+        };
+        const QString rooms = u"<101><床位01><客人姓名>王一</客人姓名></床位01>"
+                              "<床位02><客人姓名>王二</客人姓名></床位02></101><102></102>"
+                              "<103><床位01><散住>1</散住></床位01></103>"_s;
+        row("a payer", u"<基本信息><客人姓名>李二</客人姓名></基本信息>"_s + rooms,
+            u"李二|101 103|王一 王二"_s);
+        row("none", rooms, u"王一|101 103|王一 王二"_s);
+        row("empty", {}, u"||"_s);
     }
     void pickedNode() {
         QCOMPARE(FolioOfNode(u"结账号 260301120000"), kFolio);

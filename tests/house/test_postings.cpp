@@ -120,6 +120,20 @@ private Q_SLOTS:
                  QList<int>({0, 1, 2, 3, 4, 6}));
     }
 
+    void categoriesOfDropDowns() {
+        QStringList categories;
+        for (const PostingKind kind : kEnteredKinds) {
+            for (const PostingField& field : PostingKindOf(kind).fields) {
+                if (!field.category.isEmpty())
+                    categories.append(field.control.toString() + u'=' + field.category);
+            }
+        }
+        QCOMPARE(categories.join(u' '),
+                 u"Xyzl=信用保证种类 Zffs=支付方式 Tsff=特殊房费项目 Cymc=餐饮娱乐服务种类 "
+                 "Jsdd=结算地点 Jldw=计量单位 Wlfymc=宽带业务名称 DxywMc=电信业务名称 "
+                 "Dxjsdd=结算地点 Fwlb=客房服务种类 Fwdw=计量单位"_s);
+    }
+
     void recordsAsWritten() {
         const auto row = [](PostingKind kind, const QString& record) {
             Check(qUtf8Printable(PostingProject(kind)),
