@@ -14,6 +14,9 @@ namespace hotel {
 
 namespace {
 
+// A list that is longer keeps its columns as they are when a row is added.
+constexpr int kFittedRows = 100;
+
 constexpr int kUprightColumns = 13; // that a sheet of paper takes as it is
 constexpr int kFormColumns = 4;
 constexpr int kNoteWidth = 20;
@@ -118,6 +121,8 @@ void PostingPage::setValues(const PostingValues& values) {
 void PostingPage::showAdded(QStringView record) {
     AppendPosting(kind_, list_->table(), record);
     list_->rowsAdded();
+    if (list_->table().dataRows() <= kFittedRows)
+        list_->autoFit();
     list_->setCurrent(list_->table().dataRows());
     for (const PostingField& field : entry().fields) {
         if (IsOfOnePosting(field))

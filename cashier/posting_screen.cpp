@@ -52,6 +52,16 @@ QString RoomOfRow(const TextTable& guests, int row) {
     return LeadingNumber(name.left(2)) > 0 ? name : QString();
 }
 
+// The first guest with a room, whom Enter in Krxm takes; the payer's line, which names none, where there is no
+// other.
+int FirstRoomRow(const TextTable& guests) {
+    for (int row = 1; row < guests.rows(); ++row) {
+        if (!RoomOfRow(guests, row).isEmpty())
+            return row;
+    }
+    return guests.dataRows() > 0 ? 1 : 0;
+}
+
 } // namespace
 
 PostingScreen::PostingScreen(const QString& name, const QString& caption,
@@ -225,7 +235,7 @@ void PostingScreen::showFolio(const QString& folio) {
     state_->setText(view.isOpen ? QString() : kRetiredFolio.toString());
     JzhmxQd->setTable(view.rows);
     JzhmxQd->autoFit();
-    JzhmxQd->setCurrent(view.rows.dataRows() > 0 ? 1 : 0);
+    JzhmxQd->setCurrent(FirstRoomRow(view.rows));
     isWhole_ = true;
     for (PostingPage* page : pages_)
         isWhole_ &= page->load(folio);

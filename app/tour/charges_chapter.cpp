@@ -1,3 +1,5 @@
+#include <QTabWidget>
+
 #include "app/tour/tour.h"
 #include "house/folios/folio_summary.h"
 #include "record/literals.h"
@@ -10,12 +12,12 @@ namespace hotel {
 
 namespace {
 
-// A folio of one room, of the guest who came last.
+// A folio of one room, of the guest who has stayed longest.
 QString FolioOfOneRoom() {
     QString found;
     const QHash<QString, FolioSummary> folios = LoadFolioSummaries();
     for (auto folio = folios.begin(); folio != folios.end(); ++folio) {
-        if (folio->rooms.size() == 1 && folio.key() > found)
+        if (folio->rooms.size() == 1 && (found.isEmpty() || folio.key() < found))
             found = folio.key();
     }
     return found;
@@ -25,8 +27,12 @@ int Rows(Screen& screen, const QString& list) {
     return screen.findChild<GridView*>(list)->table().dataRows();
 }
 
+void ShowPage(Screen& screen, int page) {
+    screen.findChild<QTabWidget*>(u"Pages"_s)->setCurrentIndex(page);
+}
+
 void TakeADeposit(Tour& tour, Screen& charges) {
-    tour.key(charges, Qt::Key_F1);
+    ShowPage(charges, 0);
     const int before = Rows(charges, u"XyyjQd"_s);
     tour.choose(charges, u"Xyzl"_s, u"现金押金"_s);
     tour.choose(charges, u"Zffs"_s, u"现金"_s);
@@ -43,7 +49,7 @@ void TakeADeposit(Tour& tour, Screen& charges) {
 
 // Dinner is posted, and taken back at once: it was another room's.
 void PostAndTakeBack(Tour& tour, Screen& charges) {
-    tour.key(charges, Qt::Key_F3);
+    ShowPage(charges, 2);
     const int before = Rows(charges, u"CyylQd"_s);
     tour.choose(charges, u"Cymc"_s, u"中餐"_s);
     tour.type(charges, u"Xfje"_s, u"128.5*2"_s);
@@ -53,11 +59,9 @@ void PostAndTakeBack(Tour& tour, Screen& charges) {
     tour.press(charges, u"XfDel"_s);
     tour.expect(Rows(charges, u"CyylQd"_s) == before, u"餐费没有删除"_s);
     tour.picture(charges, u"费用查询-餐饮退回"_s);
-    for (const auto& [key, name] : {std::pair(Qt::Key_F2, u"房费"_s),
-                                    {Qt::Key_F4, u"宽带网络"_s},
-                                    {Qt::Key_F5, u"电话"_s},
-                                    {Qt::Key_F6, u"客房服务"_s}}) {
-        tour.key(charges, key);
+    for (const auto& [page, name] :
+         {std::pair(1, u"房费"_s), {3, u"宽带网络"_s}, {4, u"电话"_s}, {5, u"客房服务"_s}}) {
+        ShowPage(charges, page);
         tour.picture(charges, u"费用查询-"_s + name);
     }
 }
