@@ -216,6 +216,28 @@ private Q_SLOTS:
         });
     }
 
+    // A block holds 32 records, and ends ahead of a text that would make it longer than 16384 characters.
+    void buffersAreBounded() {
+        WireClient client(server_.port(), u"前台"_s);
+        const auto read = [&](const QString& records) {
+            Fields project = {{u"库文件名"_s, u"block.qvr"_s}, {u"记录"_s, u"p"_s}};
+            client.ask(u"修改记录"_s, project + Fields{{u"记录值"_s, records}});
+            project[1] = {u"项目名"_s, u"p"_s};
+            return client.ask(u"缓冲读取记录"_s, project + Fields{{u"记录"_s, u"100"_s}});
+        };
+        QString many;
+        for (int i = 100; i < 140; ++i)
+            many += u"<%1>v</%1>"_s.arg(i);
+        const QString block = read(many);
+        QVERIFY(block.contains(u"<131>") && !block.contains(u"<132>"));
+        const auto two = [](int size) {
+            return u"<100>"_s + QString(16'384 - 11 - size, u'x') + u"</100><2>"_s +
+                   QString(size, u'y') + u"</2>"_s;
+        };
+        QVERIFY(read(two(5000)).endsWith(u"y</2>"));
+        QVERIFY(read(two(5000).insert(5, u'x')).endsWith(u"x</100>"));
+    }
+
     void beforeLogin() {
         TestServer server;
         WireClient client(server.port());
