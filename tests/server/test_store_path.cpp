@@ -37,6 +37,7 @@ private Q_SLOTS:
         both("absolute with a slash", u"/etc/passwd"_s, u""_s);
         both("another machine", u"\\\\server\\a.qvr"_s, u""_s);
         both("drive", u"C:\\a.qvr"_s, u""_s);
+        both("drive alone", u"C:"_s, u""_s);
         both("drive without separator", u"c:a.qvr"_s, u""_s);
         both("up", u"..\\a.qvr"_s, u""_s);
         both("up within", u"QVR\\..\\..\\a.qvr"_s, u""_s);
