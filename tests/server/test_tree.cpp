@@ -71,13 +71,14 @@ private Q_SLOTS:
         WriteTree(folder_->filePath(u"install"_s), {{u"a.qvr/p.txt"_s, "<1>a</1><2>b</2>"},
                                                     {u"a.qvr/q.txt"_s, "<1>q</1>"},
                                                     {u"x.wav"_s, "old"}});
-        WriteTree(folder_->filePath(u"demo"_s), {{u"A.QVR/p.txt"_s, "<3>c</3>\r\n<1>new</1>\r\n"},
-                                                 {u"A.QVR/.hidden"_s, "rubbish"},
-                                                 {u"x.wav"_s, "new"}});
+        WriteTree(folder_->filePath(u"demo"_s),
+                  {{u"A.QVR/p.txt"_s, "<3>c\r\nd\n</3>\r\n<1>new</1>\r\n"},
+                   {u"A.QVR/.hidden"_s, "rubbish"},
+                   {u"x.wav"_s, "new"}});
         for (const QString& tree : {u"install"_s, u"demo"_s, u"demo"_s})
             QCOMPARE(ImportTree(*store_, folder_->filePath(tree)).faults, QStringList());
         QCOMPARE(store_->readProject(Path(u"a.qvr"), u"p"_s),
-                 u"<1>new</1>\r\n<2>b</2>\r\n<3>c</3>"_s);
+                 u"<1>new</1>\r\n<2>b</2>\r\n<3>c\r\nd\r\n</3>"_s);
         QCOMPARE(store_->readProject(Path(u"a.qvr"), u"q"_s), u"<1>q</1>"_s);
         QCOMPARE(store_->upload(Path(u"x.wav")), QByteArray("new"));
     }
