@@ -305,6 +305,7 @@ void Wck_comm::socket_Error(QAbstractSocket::SocketError error) {
 bool Wck_comm::openLink() {
     setLinkState(u"2"_s);
     timer1_.start();
+    Timer1_Timer(); // the first tick at once
     Q_EMIT linkScreenWanted();
     WaitLinkUp(kOpenLinkStart);
     Q_EMIT linkScreenDone();

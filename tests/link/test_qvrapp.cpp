@@ -1,4 +1,5 @@
 #include "link/QVRapp.h"
+#include "link/records.h"
 #include "record/record_text.h"
 #include "tests/hotel_test.h"
 #include "tests/link/scripted_peer.h"
@@ -157,6 +158,50 @@ private Q_SLOTS:
         list.addRow({u""_s, u"李"_s});
         QCOMPARE(SaveGridRow(u"f"_s, u"p"_s, list, 2, 0), 0);
         QVERIFY(store_->asked.isEmpty());
+    }
+
+    // An empty record, one that isn't there, and an answer that tells nothing about it.
+    void threeOutcomesOfARead() {
+        const auto row = [this](const char* name, const QString& answer, Reading outcome,
+                                const QString& value) {
+            desk_->peer.answerAll(answer);
+            const RecordRead read = ReadToChange(u"f", u"p", u"2");
+            Check(name, read.outcome == outcome, true);
+            Check(name, read.value, value);
+            Check(name, read.failed(), outcome == Reading::Failed);
+        };
+        row("present", u"<2><姓名>王</姓名></2>"_s, Reading::Present, u"<姓名>王</姓名>"_s);
+        row("empty", u"<2></2>"_s, Reading::Present, {});
+        row("absent", u"<ERROR>没有该记录</ERROR>"_s, Reading::Absent, {});
+        row("nobody logged in", u"<ERROR>没有登录</ERROR>"_s, Reading::Failed, {});
+        row("the store fails", u"<ERROR>数据库不能完成命令：x</ERROR>"_s, Reading::Failed, {});
+        desk_->peer.answerAll(u"<p><2>v</2></p>"_s);
+        QCOMPARE(ReadProjectToChange(u"f", u"p").value, u"<2>v</2>"_s);
+        desk_->peer.answerAll(u"<p></p>"_s);
+        QCOMPARE(ReadProjectToChange(u"f", u"p").value, QString());
+        desk_->peer.stop();
+        QTRY_VERIFY(!desk_->link.isUp());
+        QVERIFY(ReadToChange(u"f", u"p", u"2").failed());
+    }
+
+    // What could not be read is not written over; an empty record's answer is not its value; and what moves
+    // onto itself is not deleted.
+    void rewritesOnlyWhatWasRead() {
+        TextTable list({u"记录号"_s, u"姓名"_s});
+        list.addRow({u"2"_s, u"李"_s});
+        store_->records = {{u"2"_s, {}}};
+        QCOMPARE(SaveGridRow(u"f"_s, u"p"_s, list, 1, 0), 0);
+        QCOMPARE(GetTag(desk_->peer.requests.last(), u"记录值"), u"<姓名>李</姓名>"_s);
+        QCOMPARE(MoveRecord(u"f"_s, u"p"_s, u"2"_s, u"g"_s, u"p"_s, u"3"_s), 0);
+        QVERIFY(desk_->peer.requests.filter(u"修改记录"_s).last().contains(u"<记录值></记录值>"));
+        store_->asked.clear();
+        QCOMPARE(MoveRecord(u"A\\f.qvr"_s, u"p"_s, u"2"_s, u"a/F.QVR"_s, u"p"_s, u"2"_s), 0);
+        QCOMPARE(store_->asked, QStringList{u"读取记录 2"_s});
+        desk_->peer.answerAll(u"<ERROR>没有登录</ERROR>"_s);
+        desk_->peer.requests.clear();
+        QVERIFY(SaveGridRow(u"f"_s, u"p"_s, list, 1, 0) != 0);
+        QVERIFY(MoveRecord(u"f"_s, u"p"_s, u"2"_s, u"g"_s, u"p"_s, u"3"_s) != 0);
+        QVERIFY(desk_->peer.requests.filter(u"修改记录"_s).isEmpty());
     }
 
     void moves() {
