@@ -4,6 +4,7 @@
 #include "app/tour/tour.h"
 #include "house/folios/folio.h"
 #include "house/folios/folio_summary.h"
+#include "house/rooms/room_record.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "screen/grid_view.h"
@@ -22,10 +23,22 @@ QString GroupsFolio(const QHash<QString, FolioSummary>& folios) {
         numbers, {}, [&](const QString& number) { return folios[number].rooms.size(); });
 }
 
-QString FolioOfOneRoom(const QHash<QString, FolioSummary>& folios) {
+QString FolioOfOneRoom(const QHash<QString, FolioSummary>& folios, const QString& butNot) {
     const QStringList numbers = folios.keys();
-    return *std::ranges::find_if(
-        numbers, [&](const QString& number) { return folios[number].rooms.size() == 1; });
+    return *std::ranges::find_if(numbers, [&](const QString& number) {
+        return number != butNot && folios[number].rooms.size() == 1;
+    });
+}
+
+// A folio with a room that is let by the hour.
+QString FolioByTheHour(const QHash<QString, FolioSummary>& folios) {
+    for (auto folio = folios.begin(); folio != folios.end(); ++folio) {
+        for (const QString& room : folio->rooms) {
+            if (GetTag(GetKfjbxx(room), room_record::kStatus) == u"钟点")
+                return folio.key();
+        }
+    }
+    return {};
 }
 
 QString Shown(Screen& screen, const QString& box) {
@@ -68,6 +81,19 @@ void AllPay(Tour& tour, Screen& screen, const QString& folio) {
     tour.expect(!FindOpenFolio(folio), folio + u" 没有注销"_s);
 }
 
+// Whoever took a room by the hour pays the hours, with what the screen proposes.
+void SomebodyPaysByTheHour(Tour& tour, Screen& screen, const QString& folio) {
+    tour.expect(!folio.isEmpty(), u"没有钟点房"_s);
+    OpenFolioOf(tour, screen, folio);
+    tour.picture(screen, u"结账退房-钟点房"_s);
+    tour.answering(u"QrtfFrm"_s, [&](Screen& dialog) {
+        tour.type(dialog, u"Ssje"_s, u"500"_s);
+        tour.press(dialog, u"QrCmd"_s);
+    });
+    tour.press(screen, u"QrCmd"_s);
+    tour.expect(!FindOpenFolio(folio), folio + u" 没有注销"_s);
+}
+
 // The company pays for the rest of the group.
 void TheTeamSigns(Tour& tour, Screen& screen, const QString& folio) {
     OpenFolioOf(tour, screen, folio);
@@ -88,7 +114,7 @@ void TheTeamSigns(Tour& tour, Screen& screen, const QString& folio) {
 
 } // namespace
 
-// Guests leave: a part of a group, somebody with cash, the group on its company's account.
+// Guests leave: a part of a group, somebody by the hour, somebody with cash, the group on its company's account.
 void TourOfCheckOut(Tour& tour) {
     tour.logIn(u"XIAOSHOU"_s, u"777777"_s);
     tour.press(tour.mainWindow(), u"Xsyd_cmd"_s);
@@ -106,7 +132,9 @@ void TourOfCheckOut(Tour& tour) {
     const QHash<QString, FolioSummary> folios = LoadFolioSummaries();
     const QString group = GroupsFolio(folios);
     PartLeaves(tour, screen, group);
-    AllPay(tour, screen, FolioOfOneRoom(folios));
+    const QString byTheHour = FolioByTheHour(folios);
+    SomebodyPaysByTheHour(tour, screen, byTheHour);
+    AllPay(tour, screen, FolioOfOneRoom(folios, byTheHour));
     TheTeamSigns(tour, screen, group);
     screen.close();
     tour.leave();

@@ -13,9 +13,9 @@ namespace hotel {
 
 namespace {
 
-// The desk's clock at this time of today: the night is not waited for.
-void MoveTo(QTime time) {
-    Clock::Freeze(QDateTime(Clock::Today(), time));
+// The desk's clock at this time of the day: the night is not waited for.
+void MoveTo(QTime time, QDate day = Clock::Today()) {
+    Clock::Freeze(QDateTime(day, time));
 }
 
 void TryTooEarly(Tour& tour) {
@@ -47,7 +47,21 @@ void AuditTheNight(Tour& tour) {
     audit.close();
 }
 
-// Who has used up his credit after this night?
+// The next night; its log goes to a file.
+void AuditTheNextNight(Tour& tour) {
+    MoveTo(QTime(22, 40), Clock::Today().addDays(1));
+    tour.press(tour.mainWindow(), u"Ystj_cmd"_s);
+    Screen& audit = tour.opened(u"YstjFrm"_s);
+    const auto* log = audit.findChild<QListWidget*>(u"YsStat"_s);
+    const auto* steps = audit.findChild<QTimer*>(u"Timer1"_s);
+    tour.waitFor([&] { return log->count() > 4 && steps->property("Tag").toString().isEmpty(); },
+                 u"第二夜的夜审没有结束"_s);
+    tour.expect(log->count() > 40, u"第二夜没有结算房费"_s);
+    tour.picture(audit, u"夜审-第二夜"_s);
+    audit.close();
+}
+
+// Who has used up his credit after these nights?
 void LookAtBalances(Tour& tour) {
     tour.messages().answerNext(u"600"_s);
     tour.press(tour.mainWindow(), u"Yecy_cmd"_s);
@@ -61,12 +75,13 @@ void LookAtBalances(Tour& tour) {
 
 } // namespace
 
-// The night auditor comes too early first, then charges the night, prints its log and looks at the balances.
+// The night auditor comes too early first, then charges two nights, prints a log and looks at the balances.
 void TourOfNightAudit(Tour& tour) {
     tour.logIn(u"YESHEN"_s, u"555555"_s);
     tour.press(tour.mainWindow(), u"Syjs_cmd"_s);
     TryTooEarly(tour);
     AuditTheNight(tour);
+    AuditTheNextNight(tour);
     LookAtBalances(tour);
     Clock::Resume();
     tour.leave();
