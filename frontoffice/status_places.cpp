@@ -31,8 +31,6 @@ QString PlaceName(QStringView control, int index) {
 
 // A plain coloured area that can be clicked. It leaves the focus where it is: on the room.
 class ColourButton : public QAbstractButton {
-    Q_OBJECT
-
 public:
     explicit ColourButton(const QString& name) {
         setObjectName(name);
@@ -128,5 +126,3 @@ void StatusPlacePanel::setTicks(const QList<bool>& ticks) {
 }
 
 } // namespace hotel
-
-#include "status_places.moc"
