@@ -107,7 +107,7 @@ private Q_SLOTS:
         for (int act = 1; act <= kActs && !QTest::currentTestFailed(); ++act) {
             (random_.bounded(2) ? hotel.desk() : second).use();
             actAtRandom();
-            if (act % 250 == 0)
+            if (act % 500 == 0)
                 compare(seed);
         }
         QVERIFY2(settled_ > 5 && audited_ > 10 && parted_ > 2,
