@@ -6,6 +6,7 @@
 #include "record/conditions.h"
 #include "record/record_text.h"
 #include "record/text_table.h"
+#include "tests/select_records.h"
 
 #include <algorithm>
 #include <vector>

@@ -5,6 +5,7 @@
 
 #include "record/conditions.h"
 #include "record/field_walk.h"
+#include "tests/select_records.h"
 
 #include <algorithm>
 

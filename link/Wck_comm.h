@@ -12,10 +12,8 @@
 //
 // What deliberately ends sooner than the clock alone would end it, so that no desk stands still:
 //   - The wait for a connection is over as soon as the one attempt has failed; the idle counter
-//   ends
-//     the attempts that never decide, such as a proxy that accepts and says nothing.
-//   - The wait for an answer is over, with the words of the time-out, as soon as the connection
-//   that
+//     ends the attempts that never decide, such as a proxy that accepts and says nothing.
+//   - The wait for an answer is over, with the words of the time-out, as soon as the connection that
 //     carried the command is gone and all that it brought has been read. A command that could not
 //     be sent ends in the same way at once, behind its message.
 

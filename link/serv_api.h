@@ -8,8 +8,7 @@
 //
 //   - A status is 0 when it is done and not 0 otherwise.
 //   - A list is served one entry a call: n = 1, 2, 3, ... until the empty text. n = 1 asks the
-//   server
-//     anew, further calls with the same arguments cost nothing. A nested walk of the same call
+//     server anew, further calls with the same arguments cost nothing. A nested walk of the same call
 //     replaces the list: a screen that needs two lists at once copies the first. A failed command
 //     is an empty list.
 //   - A text answer is given as it came where it holds <ERROR>, see IsError.

@@ -108,16 +108,6 @@ bool OperatorNeedsNoTarget(QStringView op) {
     return found && !found->needsTarget;
 }
 
-bool IsExtremeOperator(QStringView op) {
-    const Operator* const found = FindOperator(op);
-    return found && found->takesOver;
-}
-
-bool PassesOperator(QStringView op, QStringView value, QStringView target) {
-    const Operator* const found = FindOperator(op);
-    return found && found->passes && found->passes(value, target);
-}
-
 QList<Condition> ParseConditions(QStringView conditionText) {
     const QString wrapped = GetTag(conditionText, tag::kConditions);
     const QStringView body = wrapped.isEmpty() ? conditionText : wrapped;
@@ -216,14 +206,6 @@ QStringList RecordSelection::names() const {
             names.append(candidate.name);
     }
     return names;
-}
-
-QStringList SelectRecords(const QString& project, QStringView conditionText) {
-    RecordSelection selection(ParseConditions(conditionText));
-    FieldWalk walk(project);
-    while (walk.next())
-        selection.look(walk.name(), walk.value());
-    return selection.names();
 }
 
 } // namespace hotel

@@ -51,13 +51,6 @@ const QStringList& OperatorWords();
 // True for "为空", "非空", "最大" and the like: operators that compare with no target.
 bool OperatorNeedsNoTarget(QStringView op);
 
-// True for the four operators that select one record out of all those searched.
-bool IsExtremeOperator(QStringView op);
-
-// True when `value` passes `op` against `target`; false for an unknown operator and for the
-// extremes, which no value passes by itself.
-bool PassesOperator(QStringView op, QStringView value, QStringView target);
-
 // The conditions of a condition text (or of its body), from number 00 up to the first one missing.
 // A condition without an object is left out.
 QList<Condition> ParseConditions(QStringView conditionText);
@@ -113,8 +106,5 @@ private:
     QList<Candidate> candidates_;
     qsizetype looked_ = 0;
 };
-
-// The names of `project` (record text: one field per record) that match, in their order.
-QStringList SelectRecords(const QString& project, QStringView conditionText);
 
 } // namespace hotel

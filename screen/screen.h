@@ -6,10 +6,9 @@
 //     RzjdFrm::RzjdFrm() : Screen(u"RzjdFrm"_s, u"客人入住登记"_s) {
 //         setContent(...);
 //         addCommands({
-//             {u"QrCmd"_s, u"确认登记完成"_s, [this] { QrCmd_Click(); }, Qt::Key_F8,
-//             CommandKind::Default}, {u"FreshCmd"_s, u"刷新"_s, [this] { FreshCmd_Click(); },
-//             Qt::Key_F5}, {u"CmdStop"_s, u"停止"_s, [this] { requestStop(); }, {},
-//             CommandKind::Stop},
+//             {u"QrCmd"_s, u"确认"_s, [this] { QrCmd_Click(); }, Qt::Key_F8, CommandKind::Default},
+//             {u"FreshCmd"_s, u"刷新"_s, [this] { FreshCmd_Click(); }, Qt::Key_F5},
+//             {u"CmdStop"_s, u"停止"_s, [this] { requestStop(); }, {}, CommandKind::Stop},
 //         });
 //         on(Kxkfqd, &GridView::rowDoubleClicked, [this](int row, int) { Kxkfqd_DblClick(row); });
 //     }
@@ -18,11 +17,9 @@
 // while another one waits. Therefore everything that a user or a timer starts goes through run(),
 // which the command bar, on(), onEnter() and every() do by themselves:
 // - While a handler of a screen is on the stack, what else is started on that screen is refused,
-// except
-//   stop commands. The commands are shown disabled when it takes longer than a blink.
+//   except stop commands. The commands are shown disabled when it takes longer than a blink.
 // - A handler that is called by another one without the event loop in between (the handler has set
-// a
-//   text, and the text's own change handler runs) is part of it and is not refused.
+//   a text, and the text's own change handler runs) is part of it and is not refused.
 // - A request to close is remembered, sets stopRequested(), and is carried out when the handler has
 //   returned. A screen is never destroyed while one of its handlers is on the stack, so a handler
 //   may use `this` after any wait.

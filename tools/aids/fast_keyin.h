@@ -7,7 +7,7 @@
 //         use(pick->chosen());
 //
 // Entries are "code,name,pinyin" (tools/aids/pinyin.h says how typed text selects one). Enter or a double
-// click takes the selected entry; Esc leaves without one.
+// click takes the selected entry; Esc leaves without one. (Waits for the screens of suppliers.)
 
 #include <QStringList>
 

@@ -2,7 +2,8 @@
 
 // What a user has looked at lately. Screens with a browse list keep it between sessions in the user's
 // own folder: file XtsjLj + login name + "\最近访问记录.QVR", project 最近访问记录, one record a screen,
-// in it one field a visit, named by the first column of the list, its value the second.
+// in it one field a visit, named by the first column of the list, its value the second. (Waits for the screens
+// of suppliers and supply notes.)
 
 #include <QString>
 #include <QStringView>
