@@ -175,15 +175,8 @@ protected:
     // none.
     template<class Sender, class Signal, class Handler>
     void on(Sender* sender, Signal signal, Handler handler) {
-        connect(sender, signal, this, [this, handler](auto... arguments) {
-            constexpr bool kTakesAll = std::is_invocable_v<Handler, decltype(arguments)...>;
-            run([&] {
-                if constexpr (kTakesAll)
-                    handler(arguments...);
-                else
-                    handler();
-            });
-        });
+        connect(sender, signal, this,
+                [this, handler](auto... arguments) { run([&] { Call(handler, arguments...); }); });
     }
 
     // Runs `handler` by run() every so many milliseconds; a tick that meets a running handler is
@@ -198,6 +191,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    template<class Handler, class... Arguments>
+    static void Call(const Handler& handler, const Arguments&... arguments) {
+        if constexpr (std::is_invocable_v<const Handler&, const Arguments&...>)
+            handler(arguments...);
+        else
+            handler();
+    }
+
     struct Command {
         QPushButton* button; // its object name is the command's name
         CommandKind kind;
