@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     try {
         Tour tour(application, QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
         TourOfLogin(tour);
+        TourOfUsers(tour);
         TourOfRooms(tour);
         TourOfParties(tour);
         TourOfBoard(tour);

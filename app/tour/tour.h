@@ -74,6 +74,7 @@ private:
 
 // The chapters, in the order of the day.
 void TourOfLogin(Tour& tour);
+void TourOfUsers(Tour& tour);
 void TourOfRooms(Tour& tour);
 void TourOfParties(Tour& tour);
 void TourOfBoard(Tour& tour);

@@ -38,15 +38,20 @@ private Q_SLOTS:
     }
 
     void enterTakesTheEntry() {
-        for (const QString& control : {u"key_in"_s, u"List1"_s}) {
+        const auto row = [this](const QString& control, const QString& initials,
+                                const QString& chosen) {
             init();
             auto* typed = form_->findChild<QWidget*>(control);
             typed->setFocus();
-            TypeText(typed, u"R"_s);
+            TypeText(typed, initials);
             QTest::keyClick(typed, Qt::Key_Return);
-            QVERIFY(form_->accepted());
-            QCOMPARE(form_->chosen(), u"02,人民医院,RMYY"_s);
-        }
+            QCOMPARE(form_->accepted(), !chosen.isEmpty());
+            QCOMPARE(form_->chosen(), chosen);
+        };
+        row(u"key_in"_s, u"R"_s, u"02,人民医院,RMYY"_s);
+        row(u"List1"_s, u"R"_s, u"02,人民医院,RMYY"_s);
+        row(u"key_in"_s, u"HL"_s, u"01,华联商贸,HLSM"_s);
+        row(u"Key_code"_s, u""_s, u""_s);
     }
 
     void escapeTakesNone() {
