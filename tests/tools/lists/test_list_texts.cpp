@@ -119,6 +119,23 @@ private Q_SLOTS:
         QCOMPARE(recorder.last(), u"文件无法生成!"_s);
     }
 
+    void savesAlignedUnderTheNameTyped() {
+        QTemporaryDir folder;
+        const QString name = folder.filePath(u"b.txt"_s);
+        TextTable list({u"号"_s, u"姓名"_s});
+        MessageRecorder recorder;
+        QVERIFY(!SaveGridToText(list, u"住客"_s)); // nothing is asked
+        QVERIFY(recorder.entries().isEmpty());
+        list.addRow({u"1"_s, u"王小丽"_s});
+        recorder.answerNext(name);
+        QVERIFY(SaveGridToText(list, u"住客"_s, u"c.txt"_s));
+        QCOMPARE(recorder.entries().last().words, u"住客的存放文件名："_s);
+        QCOMPARE(recorder.entries().last().proposed, u"c.txt"_s);
+        QCOMPARE(FileText(name), u"号  姓名    \r\n1   王小丽  \r\n"_s);
+        QVERIFY(!SaveGridToText(list, u"住客"_s)); // cancelled
+        QVERIFY(recorder.entries().last().proposed.endsWith(u"/260305.txt"));
+    }
+
     void recentVisits() {
         TextTable list({u"编号"_s, u"名称"_s});
         for (int n = 1; n <= 60; ++n)

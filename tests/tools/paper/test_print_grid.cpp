@@ -2,6 +2,7 @@
 #include "tests/hotel_test.h"
 #include "tests/test_files.h"
 #include "tests/tools/paper/print_items.h"
+#include "tools/lists/list_print.h"
 #include "tools/paper/PrtSubs.h"
 
 using namespace hotel;
@@ -86,6 +87,35 @@ private Q_SLOTS:
                     QVERIFY(box->area.bottom() <= (28 - 1) * kTwipsPerCm);
         }
         QCOMPARE(next, 8301);
+    }
+
+    // A list goes on over pages until its progress says no; each page says its title and its number.
+    void printsListsPageByPage() {
+        MessageRecorder messages;
+        QCOMPARE(PrintList(GuestList(0), u"住客"_s, {}), 0);
+        QCOMPARE(PrintList(GuestList(1), u"住客"_s, {}), 1);
+        QStringList told;
+        const auto telling = [&](int goesOnFor) {
+            told.clear();
+            return [&told, goesOnFor](int rows, int all, int page) {
+                told.append(u"%1/%2/%3"_s.arg(rows).arg(all).arg(page));
+                return page < goesOnFor;
+            };
+        };
+        QCOMPARE(PrintList(GuestList(100), u"住客"_s, {}, telling(2)), 2);
+        QVERIFY(told.value(0).endsWith(u"/100/1"));
+        QVERIFY(told.value(1).endsWith(u"/100/2"));
+        QCOMPARE(told.size(), 2);
+        PrintScript script = ScriptOfJob();
+        QCOMPARE(script.pageCount(), 2);
+        QCOMPARE(told.value(1),
+                 u"%1/100/2"_s.arg(TextsOf(script.previewPage(2)).at(4).text.toInt() - 8001 +
+                                   int(TextsOf(script.previewPage(2)).size() - 5) / 3));
+        const QList<PrintedText> texts = TextsOf(script.previewPage(2));
+        QCOMPARE(texts.first().text, u"住客"_s);
+        QVERIFY(texts.at(1).at.y() - texts.first().at.y() > 12 * 20); // below a title of 12 points
+        QCOMPARE(texts.last().text, u"第2页"_s);
+        QVERIFY(messages.words().isEmpty());
     }
 
     // A page of only the head would go on for ever.
