@@ -277,6 +277,18 @@ private Q_SLOTS:
         QCOMPARE(query.fields(), QStringList{u"称谓"_s});
     }
 
+    // A single part is chosen already; of its fields 999 are offered.
+    void subRecordFormOfOnePart() {
+        QString fields;
+        for (int n = 1; n <= 1000; ++n)
+            fields += u"<列%1>0</列%1>"_s.arg(n);
+        CmnSubQuery query(u"履历"_s, {u"工作经历"_s},
+                          u"<工作经历><01>"_s + fields + u"</01></工作经历>"_s);
+        QCOMPARE(query.part(), u"工作经历"_s);
+        QCOMPARE(query.fields().size(), 999);
+        QCOMPARE(query.fields().last(), u"列999"_s);
+    }
+
 private:
     std::unique_ptr<TestHotel> hotel_;
     std::unique_ptr<MessageRecorder> recorder_;
