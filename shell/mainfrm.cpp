@@ -1,6 +1,5 @@
 #include "shell/mainfrm.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,6 +11,7 @@
 
 #include "link/Wck_comm.h"
 #include "platform/clock.h"
+#include "platform/work_folder.h"
 #include "record/literals.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
@@ -278,7 +278,7 @@ void mainfrm::showTime() {
 bool mainfrm::closing() {
     if (!CloseAllScreens())
         return false;
-    RemoveTemporaryPictures(QCoreApplication::applicationDirPath());
+    RemoveTemporaryPictures(PictureFolder());
     login_.cancelcmd_Click();
     return true;
 }

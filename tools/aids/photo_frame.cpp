@@ -1,11 +1,11 @@
 #include "tools/aids/photo_frame.h"
 
-#include <QCoreApplication>
 #include <QImageReader>
 #include <QPainter>
 #include <QTemporaryFile>
 
 #include "link/serv_api.h"
+#include "platform/work_folder.h"
 #include "record/literals.h"
 #include "screen/messages.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 bool ShowDownloaded(PhotoFrame* frame, const QString& remoteName) {
     // A name of its own, so that no file of the program is overwritten whatever the picture is called.
-    QTemporaryFile copy(QCoreApplication::applicationDirPath() + u"/photo_XXXXXX.jpg"_s);
+    QTemporaryFile copy(PictureFolder() + u"/photo_XXXXXX.jpg"_s);
     if (!copy.open())
         return false;
     copy.close();

@@ -1,6 +1,5 @@
 #include "tools/lists/list_export.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -8,6 +7,7 @@
 #include <numeric>
 
 #include "platform/clock.h"
+#include "platform/work_folder.h"
 #include "record/literals.h"
 #include "screen/messages.h"
 
@@ -114,10 +114,9 @@ bool SaveListFile(const TextTable& list, QStringView layout, const QList<int>& w
 bool SaveGridToText(const TextTable& list, const QString& listName, const QString& proposedName) {
     if (list.dataRows() == 0)
         return false;
-    const QString inProgramFolder =
-        QDir(QCoreApplication::applicationDirPath()).filePath(Today() + u".txt"_s);
+    const QString inListFolder = QDir(ListFolder()).filePath(Today() + u".txt"_s);
     const QString name = InputBox(listName + u"的存放文件名："_s, u"保存文件提示"_s,
-                                  proposedName.isEmpty() ? inProgramFolder : proposedName)
+                                  proposedName.isEmpty() ? inListFolder : proposedName)
                              .value_or(QString());
     return !name.isEmpty() && WriteTextFile(name, ExportText(list, kAligned, WidestTexts(list)));
 }
