@@ -14,6 +14,7 @@
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
+#include "frontoffice/KrhfFrm.h"
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
 #include "frontoffice/RzjdFrm.h"
@@ -35,11 +36,10 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"KrhfFrm",  u"PicCap",   u"frmWX",   u"frmShw",  u"frmTimer", u"YybbFrm",
-    u"PicView",  u"GzjhFrm",  u"frmYD",   u"Pmxs",    u"ShopSet",  u"frmYsk",
-    u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",    u"FrmYgxx",
-    u"FrmKq",    u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView",  u"Xtwh",
-    u"Gys",      u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
+    u"PicCap",  u"frmWX", u"frmShw",  u"frmTimer", u"YybbFrm",  u"PicView", u"GzjhFrm",
+    u"frmYD",   u"Pmxs",  u"ShopSet", u"frmYsk",   u"Accntfrm", u"Kdjf",    u"HdfjFrm",
+    u"Wffj",    u"frmBm", u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",   u"frmCx",
+    u"QVRView", u"Xtwh",  u"Gys",     u"Gyxx",     u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -75,6 +75,7 @@ void RegisterScreens() {
         u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"QdjzFrm", [] { return new QdjzFrm; });
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
+    RegisterScreen(u"KrhfFrm", [] { return new KrhfFrm; });
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });

@@ -92,7 +92,7 @@ constexpr Lack kLacks[] = {
 
 } // namespace
 
-RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
+RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms, Use use)
     : Screen(u"RzdjFrm"_s, u"住客信息"_s), set_(workingSet), rooms_(rooms), banner_(new QLabel),
       form_(new FieldForm(kFields, kColumns)), portrait_(new PhotoFrame(u"Rxzp"_s, u"人像照片"_s)),
       document_(new PhotoFrame(u"Zjzp"_s, u"证件照片"_s)) {
@@ -144,6 +144,12 @@ RzdjFrm::RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms)
     for (const QStringView name : {u"NextR", u"LastR"})
         setCommandEnabled(name, rooms_.size() >= 2);
     setCommandEnabled(u"PasteKr", false);
+    if (use == Use::RoomChange) {
+        for (const QStringView name : {u"NextR", u"LastR", u"KsCmd"}) {
+            command(name)->hide();
+            setCommandEnabled(name, false);
+        }
+    }
     resize(1220, 640);
 }
 

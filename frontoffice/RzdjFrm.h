@@ -32,8 +32,13 @@ class RzdjFrm : public Screen {
     Q_OBJECT
 
 public:
-    // The set as OpenWorkingSet has made it for these rooms, each with a bed on offer.
-    RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms);
+    enum class Use {
+        CheckIn,
+        RoomChange
+    }; // in a room change there is one room, and nobody to register quickly
+
+    // The set as OpenWorkingSet or PrepareRoomChange has made it for these rooms, each with a bed on offer.
+    RzdjFrm(const QString& workingSet, const QList<ChosenRoom>& rooms, Use use = Use::CheckIn);
 
     // Reads the categories and rates, and shows the first guest.
     void load(const QVariant& argument) override;

@@ -66,6 +66,15 @@ void LoadKxkfQd(TextTable& grid, QStringView statusFilter, const QList<ChosenRoo
     grid.sort(0, TextTable::Order::Natural);
 }
 
+void LoadRoomsInStatus(TextTable& grid, const QStringList& statuses) {
+    grid.clearRows();
+    for (const RoomEntry& room : LoadRooms()) {
+        if (statuses.contains(GetTag(room.record, room_record::kStatus)))
+            grid.addRow(RoomCells(room.record, grid.headers()));
+    }
+    grid.sort(0, TextTable::Order::Natural);
+}
+
 TypedRooms RoomsTyped(QStringView typed, const QStringList& offered) {
     static const QRegularExpression separators(u"[\\s,、;]+"_s);
     TypedRooms result;

@@ -24,6 +24,9 @@ bool IsOffered(QStringView record, QStringView statusFilter);
 // are left out. One read.
 void LoadKxkfQd(TextTable& grid, QStringView statusFilter, const QList<ChosenRoom>& taken = {});
 
+// The same for the rooms in one of these statuses: the status is the whole word.
+void LoadRoomsInStatus(TextTable& grid, const QStringList& statuses);
+
 // The rooms that a clerk has typed: numbers apart by blanks or commas, and ranges ("8301-8312"),
 // which stand for all offered rooms from the one number to the other; in plain characters. `unknown`:
 // what is no offered room.

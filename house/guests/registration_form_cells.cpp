@@ -81,6 +81,12 @@ FormCells GuestCells(QStringView guest, int n) {
     }
 }
 
+FormCells NoticeCells(QStringView guest) {
+    FormCells cells = GuestCells(guest, 1);
+    cells.insert(GuestCells(guest, 2));
+    return cells;
+}
+
 FormCells RegistrationCells(QStringView roomGuests, const QDateTime& now) {
     FormCells cells = {{cell::kRegistered, now.toString(u"yyyy-MM-dd")}};
     FieldWalk bed(roomGuests);

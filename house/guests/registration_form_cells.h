@@ -17,6 +17,9 @@ using FormCells = QMap<int, QString>; // by cell number, as the print engine tak
 FormCells HotelCells();
 FormCells PartyCells(const QStringList& rooms);
 
+// On the notice of a room change a guest fills both lines of a block: they lie over each other.
+FormCells NoticeCells(QStringView guest);
+
 // Block 表芯: what one of a room's first two guests puts into it (further guests have no cells), and
 // all of it for a room of the working set (one field a bed). The stay, with its arrival, is that of the first
 // guest; the form is dated by `now`.

@@ -151,6 +151,10 @@ void PrintCell(const FormCell& cell, double x, double y) {
         PrintPlaced(placed);
 }
 
+double FormBlockHeight(QStringView formatText, QStringView block) {
+    return NumberField(FormatField(formatText, block), u"高度");
+}
+
 double PrintFormBlock(QStringView formatText, QStringView block, double x, double y) {
     const QString blockText = FormatField(formatText, block);
     const PrintFont font{FormatField(blockText, u"默认字体"), NumberField(blockText, u"默认字号"),

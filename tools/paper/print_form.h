@@ -85,6 +85,9 @@ QList<FormCell> ReadFormCells(QStringView blockText, const PrintFont& font);
 // Prints one cell of the block that stands at (x, y), in centimetres.
 void PrintCell(const FormCell& cell, double x, double y);
 
+// The height of a block in centimetres, ahead of printing it.
+double FormBlockHeight(QStringView formatText, QStringView block);
+
 // Prints every cell of a block as it stands; gives the block's height.
 double PrintFormBlock(QStringView formatText, QStringView block, double x, double y);
 
