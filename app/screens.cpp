@@ -10,6 +10,7 @@
 #include "cashier/QdjzFrm.h"
 #include "cashier/YstjFrm.h"
 #include "cashier/balance_list.h"
+#include "cashier/frmYsk.h"
 #include "cashier/khxxmain.h"
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
@@ -18,6 +19,8 @@
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
 #include "frontoffice/RzjdFrm.h"
+#include "frontoffice/frmWX.h"
+#include "frontoffice/frmYD.h"
 #include "frontoffice/guest_query.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
@@ -36,10 +39,10 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"PicCap",  u"frmWX", u"frmShw",  u"frmTimer", u"YybbFrm",  u"PicView", u"GzjhFrm",
-    u"frmYD",   u"Pmxs",  u"ShopSet", u"frmYsk",   u"Accntfrm", u"Kdjf",    u"HdfjFrm",
-    u"Wffj",    u"frmBm", u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",   u"frmCx",
-    u"QVRView", u"Xtwh",  u"Gys",     u"Gyxx",     u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
+    u"PicCap",  u"frmShw",   u"frmTimer", u"YybbFrm", u"PicView", u"GzjhFrm", u"Pmxs",
+    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",   u"FrmYgxx",
+    u"FrmKq",   u"frmCheck", u"FrmTj",    u"frmCx",   u"QVRView", u"Xtwh",    u"Gys",
+    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -75,6 +78,9 @@ void RegisterScreens() {
         u"PrtPrev", [] { return new PrtPrev; }, Instances::Many);
     RegisterScreen(u"QdjzFrm", [] { return new QdjzFrm; });
     RegisterScreen(u"RoomSet", [] { return new RoomSet; });
+    RegisterScreen(u"frmWX", [] { return new frmWX; });
+    RegisterScreen(u"frmYD", [] { return new frmYD; });
+    RegisterScreen(u"frmYsk", [] { return new frmYsk; });
     RegisterScreen(u"KrhfFrm", [] { return new KrhfFrm; });
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     RegisterScreen(u"SetPass", [] { return new SetPass; });

@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
         TourOfUsers(tour);
         TourOfRooms(tour);
         TourOfParties(tour);
+        TourOfPlans(tour);
         TourOfRoomChange(tour);
         TourOfBoard(tour);
         TourOfFolio(tour);

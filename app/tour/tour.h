@@ -77,6 +77,7 @@ void TourOfLogin(Tour& tour);
 void TourOfUsers(Tour& tour);
 void TourOfRooms(Tour& tour);
 void TourOfParties(Tour& tour);
+void TourOfPlans(Tour& tour);
 void TourOfRoomChange(Tour& tour);
 void TourOfBoard(Tour& tour);
 void TourOfFolio(Tour& tour);
