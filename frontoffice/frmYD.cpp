@@ -110,8 +110,8 @@ QWidget* frmYD::makeRoomsTab() {
     counts->addWidget(LctjQd, 1);
     counts->addWidget(FxtjQd, 1);
     auto* lists = new QHBoxLayout;
-    lists->addWidget(KfQd, 3);
-    lists->addLayout(filters, 2);
+    lists->addWidget(KfQd, 4);
+    lists->addLayout(filters, 3);
     lists->addLayout(counts, 4);
     auto* commands = commandPanel({
         {u"AllSelCmd"_s, u"全选"_s, [this] { AllSelCmd_Click(); }, Qt::CTRL | Qt::Key_A},
@@ -159,8 +159,9 @@ void frmYD::showHeld() {
     const HeldCounts counts = SetLcFxtjQd(KfQd->table(), floors_, types_);
     LctjQd->setTable(counts.byFloor);
     FxtjQd->setTable(counts.byType);
-    for (GridView* list : {KfQd, LctjQd, FxtjQd})
-        list->refresh();
+    KfQd->refresh();
+    for (GridView* list : {LctjQd, FxtjQd})
+        list->autoFit();
     const qsizetype held = MarkedRooms(KfQd->table()).size();
     tabs_->setTabText(1, held == 0 ? u"预留客房（&2）"_s : u"预留客房（&2） %1 间"_s.arg(held));
     Xslc->setTicks(QList<bool>(floors_.size(), false));

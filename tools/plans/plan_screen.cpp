@@ -75,6 +75,7 @@ void PlanScreen::loadList() {
 
 // A blank plan to be entered.
 void PlanScreen::beginPlan(const QString& number) {
+    list_->setCurrent(0);
     form_->load(SetTag(newPlan(), kind_.columns.first(), number));
     planShown({});
     goTo(form_->editor(panel_.fields.value(1).control));
@@ -135,7 +136,6 @@ void PlanScreen::CmdAdd_Click() {
     const QString number = form_->text(panel_.fields.first().control);
     const bool wasBegun = isBegun();
     if (panel_.numberFirst && !wasBegun) {
-        list_->setCurrent(0);
         const auto next = FreePlanNumber(kind_, list_->table());
         if (!next)
             return MsgBox(kind_.notSaved.toString(), u"意外错误"_s);
@@ -148,7 +148,7 @@ void PlanScreen::CmdAdd_Click() {
     const QString added = list_->table().text(outcome.row, 0);
     list_->refresh();
     list_->autoFit();
-    list_->setCurrent(outcome.row);
+    list_->setCurrent(outcome.row); // into view
     beginPlan({});
     showCount();
     if (added != number && wasBegun)
@@ -181,7 +181,6 @@ void PlanScreen::CmdDel_Click() {
     if (!outcome.done)
         return;
     list_->refresh();
-    list_->setCurrent(0);
     beginPlan({});
     showCount();
 }
@@ -192,7 +191,6 @@ void PlanScreen::CmdRange_Click() {
         return stillOpen();
     });
     list_->refresh();
-    list_->setCurrent(0);
     beginPlan({});
     QString words = u"已将 %1 条移到历史资料"_s.arg(outcome.moved);
     if (outcome.failed > 0)
