@@ -112,7 +112,8 @@ bool PlanScreen::closing() {
 }
 
 QString PlanScreen::selectedNumber() const {
-    return list_->table().text(list_->currentRow(), 0);
+    const int row = list_->currentRow();
+    return row == 0 ? QString() : list_->table().text(row, 0);
 }
 
 void PlanScreen::List_RowChange(int row) {
