@@ -94,7 +94,7 @@ private Q_SLOTS:
             &plans, Qt::Key_F5); // the number stands: a new one is begun, nothing is overwritten
         QCOMPARE(text(plans, u"Yddh"_s), u"260305100001"_s);
         QCOMPARE(rooms(plans), QString());
-        messages_->answerNext(u"否"_s);
+        messages_->answerNext(u"no"_s);
         plans.close();
         QVERIFY(plans.isVisible());
         QCOMPARE(messages_->last(), u"新增的记录还没有保存，放弃吗？"_s);
@@ -116,14 +116,14 @@ private Q_SLOTS:
         QTest::keyClick(&plans, Qt::Key_F6);
         QCOMPARE(stored(u"预定状态"_s, u"260305090001"_s), u"取消"_s);
         QCOMPARE(stored(u"经办人"_s, u"260305090001"_s), u"陈志远"_s);
-        messages_->answerNext(u"是"_s);
+        messages_->answerNext(u"yes"_s);
         QTest::keyClick(&plans, Qt::Key_F7);
         QCOMPARE(messages_->entries().last().title, u"操作禁止"_s);
         table->setCurrent(1);
-        messages_->answerNext(u"否"_s);
+        messages_->answerNext(u"no"_s);
         QTest::keyClick(&plans, Qt::Key_F7);
         QCOMPARE(table->table().dataRows(), 2);
-        messages_->answerNext(u"是"_s);
+        messages_->answerNext(u"yes"_s);
         QTest::keyClick(&plans, Qt::Key_F7);
         QCOMPARE(table->table().dataRows(), 1);
         QCOMPARE(hotel_->stored(kLive, kProject, u"260305090000"_s), QString());

@@ -140,7 +140,7 @@ private Q_SLOTS:
         form().setText(u"Hfyy", u"吵"_s);
         onGuestForm([](RzdjFrm&) { Key(Qt::Key_F8); });
         desk_->command(u"XgCmd")->click();
-        messages_->answerNext(u"否"_s);
+        messages_->answerNext(u"no"_s);
         desk_->close();
         QVERIFY(desk_->isVisible());
         QCOMPARE(messages_->last(), u"已核实的换房还没有确认，关闭将放弃这次换房，要关闭吗？"_s);
