@@ -75,11 +75,14 @@ void RecordServer::dispatcher_aboutToBlock() {
     if (queue_.empty() && turn_.exchanges.empty())
         return;
     try {
-        const bool goesOn = takeRequests() && store_.inTransaction();
+        const bool goesOn =
+            takeRequests() && store_.inTransaction() && settings_.turnsOfCommit == 1;
         if (!goesOn)
             finishTurn();
     } catch (const StoreError& error) {
         qWarning("store: %s", error.what());
+        if (std::exchange(uncommittedTurns_, 0) > 0)
+            lost_ = std::current_exception();
         store_.rollback();
         answerEachAlone();
         finishTurn();
@@ -115,8 +118,17 @@ bool RecordServer::takeRequests() {
     return turn_.exchanges.size() > before && !isFull();
 }
 
-void RecordServer::finishTurn() {
+void RecordServer::commitTurn() {
+    if (store_.inTransaction() && uncommittedTurns_ + 1 < settings_.turnsOfCommit) {
+        ++uncommittedTurns_;
+        return;
+    }
     store_.commit();
+    uncommittedTurns_ = 0;
+}
+
+void RecordServer::finishTurn() {
+    commitTurn();
     sendAnswers();
     letGo();
     turn_.exchanges.clear();
@@ -180,9 +192,12 @@ void RecordServer::finish() {
     }
     while (!queue_.empty() || !turn_.exchanges.empty())
         dispatcher_aboutToBlock();
+    store_.commit();
     const QDeadlineTimer deadline(kLastSending);
     for (ClientConnection* connection : connections())
         connection->finishSending(int(deadline.remainingTime()));
+    if (lost_)
+        std::rethrow_exception(lost_);
 }
 
 } // namespace hotel

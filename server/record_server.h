@@ -12,6 +12,7 @@
 // client that sends without reading, or reads nothing, holds up nobody but itself.
 
 #include <deque>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -41,6 +42,9 @@ struct ServerSettings {
     int stallLimit = 60'000;                   // milliseconds after which it is dropped then
     OperationLogPlace log = {};                // of the workstations
     int failureStep = 500;                     // FailureLimit's, milliseconds
+    // So many turns share a commit. More than one is for who fills a store and throws it away when he doesn't
+    // come to his end: a failing commit takes along turns that were answered, which finish() tells.
+    int turnsOfCommit = 1;
 };
 
 class RecordServer : public QObject {
@@ -54,7 +58,8 @@ public:
 
     quint16 port() const { return listener_.serverPort(); }
 
-    // Takes no more connections, answers what has been received and closes all connections.
+    // Takes no more connections, answers what has been received and closes all connections. Throws
+    // StoreError when changes that were answered could not be committed.
     void finish();
 
 private:
@@ -75,6 +80,7 @@ private:
     void enqueue(ClientConnection* connection);
     bool takeRequests();
     void finishTurn();
+    void commitTurn();
     void answerEachAlone();
     void sendAnswers();
     void letGo();
@@ -90,6 +96,8 @@ private:
     QTimer stallTimer_;
     std::deque<ClientConnection*> queue_; // connections that may have a request
     Turn turn_;
+    int uncommittedTurns_ = 0;
+    std::exception_ptr lost_; // what turns that were answered were lost by
 };
 
 } // namespace hotel

@@ -13,6 +13,13 @@ ServerThread::ServerThread(ServerSettings settings) : settings_(std::move(settin
     std::rethrow_exception(failure_);
 }
 
+void ServerThread::finish() {
+    quit();
+    wait();
+    if (failure_)
+        std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
 ServerThread::~ServerThread() {
     quit();
     wait();

@@ -17,7 +17,9 @@ public:
     // clock is called on the server's thread.
     explicit ServerThread(ServerSettings settings);
 
-    // Answers what has been received and ends.
+    // Answers what has been received and ends. finish() throws what keeps the last changes from being
+    // written.
+    void finish();
     ~ServerThread() override;
 
     quint16 port() const { return port_; }

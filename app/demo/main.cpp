@@ -26,7 +26,8 @@ void Open(const QString& folder) {
     settings.dataFolder = folder;
     settings.port = 0;
     settings.clock = [&serverClock] { return QDateTime::fromMSecsSinceEpoch(serverClock); };
-    const ServerThread server(std::move(settings));
+    settings.turnsOfCommit = 1000;
+    ServerThread server(std::move(settings));
 
     Wck_comm link;
     SetLink(&link);
@@ -35,6 +36,7 @@ void Open(const QString& folder) {
     BringInGuests(opening, [&serverClock](const QDateTime& moment) {
         serverClock = moment.toMSecsSinceEpoch();
     });
+    server.finish();
 }
 
 } // namespace

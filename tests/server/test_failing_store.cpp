@@ -106,7 +106,7 @@ private Q_SLOTS:
         }
         QVERIFY(write());
         QCOMPARE(Records(reader), stored);
-        server.stop();
+        server.finish(); // nothing is lost that was answered
         Store store(server.folder(), Store::Use::Look);
         QCOMPARE(store.check(), QStringList());
         QStringList names;
@@ -116,6 +116,39 @@ private Q_SLOTS:
                        QCOMPARE(text, value);
                    });
         QCOMPARE(names, stored);
+    }
+
+    // Who fills a store has turns share a commit: nothing is on disk until so many have passed, all is behind
+    // the end; and what is lost of turns that were answered is told at the end.
+    void turnsThatShareACommit() {
+        const auto fill = [](int turns) {
+            return TestServer(
+                [turns](ServerSettings& settings) { settings.turnsOfCommit = turns; });
+        };
+        const auto stored = [](const TestServer& server) {
+            return Store(server.folder(), Store::Use::Look)
+                .readProject(*ParseFilePath(u"a.qvr"), u"p"_s)
+                .value_or(QString());
+        };
+        TestServer server = fill(3);
+        WireClient client(server.port(), u"前台"_s);
+        for (const QString& record : {u"1"_s, u"2"_s, u"3"_s, u"4"_s}) {
+            QCOMPARE(client.ask(u"修改记录"_s, RecordFields(record, u"v"_s)), u"<SUCCESS>"_s);
+            QCOMPARE(stored(server),
+                     record < u"3" ? QString() : u"<1>v</1>\r\n<2>v</2>\r\n<3>v</3>"_s);
+        }
+        server.finish();
+        QCOMPARE(stored(server), u"<1>v</1>\r\n<2>v</2>\r\n<3>v</3>\r\n<4>v</4>"_s);
+
+        TestServer full = fill(3);
+        WireClient filler(full.port(), u"前台"_s);
+        {
+            const FileLimit limit(LongestFile(full.folder()) + 30'000);
+            for (int record = 1; record <= 5; ++record)
+                filler.ask(u"修改记录"_s,
+                           RecordFields(QString::number(record), QString(20'000, u'x')));
+        }
+        QVERIFY_EXCEPTION_THROWN(full.finish(), StoreError);
     }
 
     void storesThatCantBeServed() {

@@ -64,6 +64,7 @@ public:
     quint16 port() const { return thread_->port(); }
     QString folder() const { return folder_.path(); }
     void stop() { thread_.reset(); }
+    void finish() { thread_->finish(); }
 
 private:
     QTemporaryDir folder_;
