@@ -60,4 +60,8 @@ QString RetiredFolioFile(QDate day) {
     return Param(u"KzxxLj") + u"jzhls\\"_s + DayFile(day);
 }
 
+QString SnapshotFile(QDate day) {
+    return Param(u"TjxxLj") + u"tjrb\\"_s + DayFile(day);
+}
+
 } // namespace hotel

@@ -26,5 +26,6 @@ QString LedgerFile(QStringView folio);
 // By the day of the write.
 QString JournalFile(QStringView project, QDate day);
 QString RetiredFolioFile(QDate day);
+QString SnapshotFile(QDate day); // the house as it stood on that day
 
 } // namespace hotel
