@@ -72,7 +72,8 @@ QDateTime TestHotel::Moment() {
     return QDateTime(QDate(2026, 3, 5), QTime(10, 0));
 }
 
-TestHotel::TestHotel(Start start) : serverClock_(Moment().toMSecsSinceEpoch()) {
+TestHotel::TestHotel(Start start, int turnsOfCommit)
+    : serverClock_(Moment().toMSecsSinceEpoch()), turnsOfCommit_(turnsOfCommit) {
     CopyFolder(FilledStore(), folder_.path());
     Clock::Freeze(Moment());
     SetSiteParameters({});
@@ -98,6 +99,7 @@ void TestHotel::startServer() {
     ServerSettings settings;
     settings.dataFolder = folder_.path();
     settings.port = port_;
+    settings.turnsOfCommit = turnsOfCommit_;
     settings.clock = [this] { return QDateTime::fromMSecsSinceEpoch(serverClock_); };
     server_ = std::make_unique<ServerThread>(settings);
     port_ = server_->port();

@@ -43,7 +43,8 @@ class TestHotel {
 public:
     enum class Start { LoggedIn, NobodyLoggedIn };
 
-    explicit TestHotel(Start start = Start::LoggedIn);
+    // Who fills the hotel has turns of the server share a commit.
+    explicit TestHotel(Start start = Start::LoggedIn, int turnsOfCommit = 1);
     ~TestHotel();
 
     quint16 port() const { return port_; }
@@ -68,6 +69,7 @@ private:
     QTemporaryDir folder_;
     std::atomic<qint64> serverClock_;
     quint16 port_ = 0;
+    int turnsOfCommit_;
     std::unique_ptr<ServerThread> server_;
     std::unique_ptr<Desk> desk_;
 };

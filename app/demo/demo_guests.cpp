@@ -3,11 +3,16 @@
 #include <QMap>
 
 #include <algorithm>
+#include <map>
+#include <memory>
+#include <set>
 
 #include "app/demo/consumption.h"
 #include "app/demo/parties.h"
+#include "app/demo/weeks.h"
 #include "cashier/check_out.h"
 #include "cashier/team_customers.h"
+#include "house/common/paths.h"
 #include "house/folios/folio_posting.h"
 #include "house/folios/posting_entry.h"
 #include "house/guests/guest_form.h"
@@ -17,7 +22,10 @@
 #include "house/rooms/room_record.h"
 #include "house/stays/board.h"
 #include "house/stays/check_in.h"
+#include "house/stays/day_snapshots.h"
 #include "house/stays/night_audit.h"
+#include "link/Wck_comm.h"
+#include "link/records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -54,10 +62,13 @@ constexpr int kToTypeAParty = 140;
 constexpr int kToTakeADeposit = 45;
 constexpr int kToPost = 20;
 constexpr int kALineOfTheAudit = 1; // which nobody types
+constexpr int kToTakeBack = 40;
 constexpr int kToLeave = 30;
 constexpr int kForAll = 300;         // so long before the opening the last of them arrives
 constexpr int kDaysOfCompanies = 27; // ahead of the first party
 const QTime kTimeOfAudit(2, 30);
+const QTime kTimeOfReports(23, 40);
+const QTime kTimeOfSales(8, 0);
 
 const Employee& OnDuty(Shift shift, QTime time) {
     switch (shift) {
@@ -94,12 +105,6 @@ void ExpectNone(const std::optional<Notice>& notice) {
         throw DemoFailure(notice->title + u"："_s + notice->words);
 }
 
-// A word that is on the list from which a clerk picks it; an empty one is none.
-QString Picked(QStringView word, QStringView category) {
-    Expect(word.isEmpty() || LoadCategory(category).contains(word), category + u" 没有 "_s + word);
-    return word.toString();
-}
-
 QString With(QString record, std::initializer_list<std::pair<QStringView, QStringView>> fields) {
     for (const auto& [tag, value] : fields)
         record = SetTag(record, tag, value);
@@ -109,18 +114,29 @@ QString With(QString record, std::initializer_list<std::pair<QStringView, QStrin
 // What is typed for a posting, by the tags under which it is written.
 using TypedPosting = QMap<QStringView, QString>;
 
+struct Workstation {
+    Wck_comm link;
+    Session session; // of who is logged in there; without a user: nobody
+};
+
 class Desk {
 public:
-    Desk(std::function<void(const QDateTime&)> setServerClock, QDate openingDay)
-        : setServerClock_(std::move(setServerClock)), openingDay_(openingDay) {}
+    explicit Desk(const DemoOpening& opening)
+        : setServerClock_(opening.setServerClock), openingDay_(opening.at.date()), given_(&Link()) {
+    }
+    ~Desk() { SetLink(given_); }
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
 
-    void logIn(const Employee& employee, const QDateTime& moment);
+    // At the moment, or as soon as the one before has done; logged in is who isn't yet.
+    void sitDown(const Employee& employee, const QDateTime& moment);
     void leave();
 
     // What the user who is logged in does.
     void checkIn(const DemoParty& party);
     void setStatus(const DemoStatusChange& change);
     void auditNight();
+    void keepFigures(QDate day);
     void post(const DemoPosting& posting);
     void checkOut(const DemoDeparture& departure);
     void enter(const DemoCompany& company);
@@ -129,38 +145,65 @@ private:
     void moveTo(const QDateTime& moment);
     void goOn(int seconds) { moveTo(Clock::Now().addSecs(seconds)); }
 
+    QString picked(QStringView word, QStringView category);
     QList<ChosenRoom> choose(const DemoParty& party) const;
-    QString newForm(const DemoParty& party) const;
-    QString typed(QString form, const DemoGuest& guest) const;
+    QString newForm(const DemoParty& party);
+    QString typed(QString form, const DemoGuest& guest);
     QString priced(const QString& form, const DemoParty& party) const;
     QString typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms);
     void takeDeposit(const DemoParty& party, const QString& folio);
-    void postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed);
+    QString postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed);
+    void takeBack(const QString& folio, PostingKind kind, const QString& key);
+    Payment paymentOf(const DemoDeparture& departure, const SettlementSums& sums);
 
     std::function<void(const QDateTime&)> setServerClock_;
     QDate openingDay_;
-    QString user_;
+    QDateTime now_;
+    Wck_comm* given_;
+    std::map<QString, Workstation> workstations_; // by login
+    Workstation* at_ = nullptr;                   // where the one sits who does something
+    QHash<QString, QStringList> categories_; // nobody changes them while the guests come and go
 };
 
 void Desk::moveTo(const QDateTime& moment) {
+    now_ = moment;
     setServerClock_(moment);
     Clock::Freeze(moment);
 }
 
-void Desk::logIn(const Employee& employee, const QDateTime& moment) {
-    moveTo(moment);
-    if (user_ == employee.login)
+void Desk::sitDown(const Employee& employee, const QDateTime& moment) {
+    moveTo(now_.isValid() ? std::max(now_, moment) : moment);
+    at_ = &workstations_[employee.login];
+    SetLink(&at_->link);
+    CurrentSession() = at_->session;
+    if (!at_->session.userId.isEmpty())
         return;
-    user_ = employee.login;
-    Expect(CheckLogin(user_, employee.password) == LoginResult::LoggedIn, user_ + u" 不能登录"_s);
-    BeginSession(user_);
+    if (!at_->link.isUp()) {
+        at_->link.ProdID = given_->ProdID;
+        at_->link.ConnectServer(given_->IPaddr, given_->Port);
+    }
+    Expect(CheckLogin(employee.login, employee.password) == LoginResult::LoggedIn,
+           employee.login + u" 不能登录"_s);
+    BeginSession(employee.login);
+    at_->session = CurrentSession();
     goOn(kToLogIn);
 }
 
 void Desk::leave() {
     goOn(kToLeave);
     LogLeaving();
-    user_.clear();
+    at_->session = {};
+}
+
+// A word that is on the list from which a clerk picks it; an empty one is none.
+QString Desk::picked(QStringView word, QStringView category) {
+    if (word.isEmpty())
+        return {};
+    QStringList& entries = categories_[category.toString()];
+    if (entries.isEmpty())
+        entries = LoadCategory(category);
+    Expect(entries.contains(word), category + u" 没有 "_s + word);
+    return word.toString();
 }
 
 QList<ChosenRoom> Desk::choose(const DemoParty& party) const {
@@ -178,28 +221,28 @@ QList<ChosenRoom> Desk::choose(const DemoParty& party) const {
     return chosen;
 }
 
-QString Desk::newForm(const DemoParty& party) const {
+QString Desk::newForm(const DemoParty& party) {
     const QDate leaves = openingDay_.addDays(party.leavesIn);
     return With(NewGuestForm(Clock::Now()), {{kReceptionist, CurrentSession().userName},
-                                             {kStatus, Picked(party.status, u"入住房态")},
+                                             {kStatus, picked(party.status, u"入住房态")},
                                              {kDeparture, leaves.toString(u"yyyy-MM-dd")},
-                                             {kReason, Picked(party.reason, u"停留事由")},
-                                             {kComingFrom, Picked(party.from, u"省市名称")},
-                                             {kGoingTo, Picked(party.to, u"省市名称")},
+                                             {kReason, picked(party.reason, u"停留事由")},
+                                             {kComingFrom, picked(party.from, u"省市名称")},
+                                             {kGoingTo, picked(party.to, u"省市名称")},
                                              {kEmployer, party.employer},
                                              {kReceivedBy, party.reception},
                                              {kRateKind, party.rate}});
 }
 
-QString Desk::typed(QString form, const DemoGuest& guest) const {
+QString Desk::typed(QString form, const DemoGuest& guest) {
     for (const QStringView tick : {kSharesRoom, kPays}) {
         if (GetTag(form, tick).isEmpty())
             form = SetTag(form, tick, u"0");
     }
     form = With(form, {{kName, guest.name},
-                       {kDocumentKind, Picked(guest.kind, u"证件名称")},
+                       {kDocumentKind, picked(guest.kind, u"证件名称")},
                        {kDocumentNumber, guest.document},
-                       {kJobTitle, Picked(guest.job, u"职务职称")},
+                       {kJobTitle, picked(guest.job, u"职务职称")},
                        {kSex, guest.sex},
                        {kAge, guest.age},
                        {kAddress, guest.address}});
@@ -234,7 +277,7 @@ QString Desk::typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms) {
         Expect(beds.size() >= room.guests.size(), u"客房 "_s + room.number + u" 床位不够"_s);
         for (qsizetype i = 0; i < room.guests.size(); ++i) {
             form = GuestForForm(GuestOfSet(set, room.number, beds[i]), form, Clock::Now());
-            form = SetTag(form, kRemark, Picked(party.remark, u"注释选择"));
+            form = SetTag(form, kRemark, picked(party.remark, u"注释选择"));
             form = InWritingOrder(priced(typed(form, room.guests[i]), party));
             set = WithGuest(set, room.number, beds[i], form);
         }
@@ -248,7 +291,7 @@ QString Desk::typedSet(const DemoParty& party, const QList<ChosenRoom>& rooms) {
 }
 
 // As a clerk types it: what is chosen stands in its category.
-void Desk::postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed) {
+QString Desk::postTyped(const QString& folio, PostingKind kind, const TypedPosting& typed) {
     const PostingKindEntry& entry = PostingKindOf(kind);
     PostingValues values;
     for (const PostingField& field : entry.fields) {
@@ -256,7 +299,7 @@ void Desk::postTyped(const QString& folio, PostingKind kind, const TypedPosting&
             continue;
         const QString value = typed.value(field.tag);
         values[field.control] =
-            field.input == PostingInput::Choice ? Picked(value, field.category) : value;
+            field.input == PostingInput::Choice ? picked(value, field.category) : value;
     }
     values[posting_control::kDepartment] = CurrentSession().userDept;
     values[posting_control::kOperator] = CurrentSession().userName;
@@ -265,15 +308,23 @@ void Desk::postTyped(const QString& folio, PostingKind kind, const TypedPosting&
     if (const auto objection = CheckPosting(kind, values))
         throw DemoFailure(objection->notice.title + u"："_s + objection->notice.words);
     const QString record = BuildPostingRecord(kind, values, Clock::Now());
-    Expect(SaveBills(folio, kind, record).status == 0, u"费用没有保存："_s + folio);
+    const Posted posted = SaveBills(folio, kind, record);
+    Expect(posted.status == 0, u"费用没有保存："_s + folio);
     SaveLogRec(entry.log.added.toString(), PostingDetail(folio, record));
+    return posted.key;
+}
+
+void Desk::takeBack(const QString& folio, PostingKind kind, const QString& key) {
+    const QString record = ReadRecord(LedgerFile(folio), PostingProject(kind), key);
+    Expect(DelBills(folio, kind, key) == 0, u"费用没有删除："_s + folio);
+    SaveLogRec(PostingKindOf(kind).log.deleted.toString(), PostingDetail(folio, record));
 }
 
 void Desk::takeDeposit(const DemoParty& party, const QString& folio) {
     const DemoDeposit& deposit = party.deposit;
     postTyped(folio, kDepositPosting,
               {{u"信用保证种类", deposit.kind.toString()},
-               {u"支付方式", Picked(deposit.way, u"支付方式")},
+               {u"支付方式", picked(deposit.way, u"支付方式")},
                {posting::kGuest, party.rooms.first().guests.first().name.toString()},
                {posting::kReceived, deposit.amount.toString()},
                {u"备注", deposit.note.toString()}});
@@ -292,7 +343,7 @@ void Desk::checkIn(const DemoParty& party) {
 
 void Desk::setStatus(const DemoStatusChange& change) {
     const StatusChange changed =
-        SetStatusByHand(change.room, Picked(change.status, category::kRoomStates));
+        SetStatusByHand(change.room, picked(change.status, category::kRoomStates));
     ExpectNone(changed.refusal);
     Expect(changed.changed, u"客房 "_s + change.room + u" 的房态没有改变"_s);
 }
@@ -312,9 +363,27 @@ void Desk::auditNight() {
         tag = RunAuditStep(tag, audit);
 }
 
-// The first guest of the room signs.
+void Desk::keepFigures(QDate day) {
+    Expect(Clock::Today() == day, u"统计数据不是当日的："_s + day.toString(Qt::ISODate));
+    ExpectNone(TakeSnapshots());
+}
+
+// The guest of that name in the room; without a name the one in the first bed.
+QString GuestIn(QStringView room, QStringView name) {
+    const QString guests = GetKfrzxx(room);
+    if (name.isEmpty())
+        return GetTag(guests, GuestTag(1));
+    for (int bed = 1; bed <= kBedLimit; ++bed) {
+        const QString guest = GetTag(guests, GuestTag(bed));
+        if (GetTag(guest, kName) == name)
+            return guest;
+    }
+    throw DemoFailure(u"客房 "_s + room + u" 没有 "_s + name);
+}
+
+// Who posts by mistake takes it back at once.
 void Desk::post(const DemoPosting& posted) {
-    const QString guest = GetTag(GetKfrzxx(posted.room), GuestTag(1));
+    const QString guest = GuestIn(posted.room, posted.guest);
     const QString room = GetKfjbxx(posted.room);
     TypedPosting typed = {{posting::kRoom, posted.room.toString()},
                           {posting::kGuest, GetTag(guest, kName)},
@@ -322,7 +391,16 @@ void Desk::post(const DemoPosting& posted) {
                           {u"网络端口", GetTag(room, room_record::kNetworkPort)}};
     for (const auto& [tag, value] : posted.fields)
         typed[tag] = value.toString();
-    postTyped(GetTag(guest, kFolio), posted.kind, typed);
+    const QString folio = GetTag(guest, kFolio);
+    if (!posted.mistyped.isEmpty()) {
+        TypedPosting mistyped = typed;
+        mistyped[posting::kAmount] = posted.mistyped.toString();
+        const QString key = postTyped(folio, posted.kind, mistyped);
+        goOn(kToTakeBack);
+        takeBack(folio, posted.kind, key);
+        goOn(kToPost);
+    }
+    postTyped(folio, posted.kind, typed);
     goOn(kToPost);
 }
 
@@ -340,13 +418,13 @@ void Desk::enter(const DemoCompany& company) {
 }
 
 // What is due is paid, or given back; a company signs for it.
-Payment PaymentOf(const DemoDeparture& departure, const SettlementSums& sums) {
+Payment Desk::paymentOf(const DemoDeparture& departure, const SettlementSums& sums) {
     const Money due = sums.due();
     Payment payment{.due = due.text(),
                     .discount = u"0.00"_s,
                     .received = std::max(due, Money()).text(),
                     .change = {},
-                    .kind = Picked(departure.way, u"支付方式"),
+                    .kind = picked(departure.way, u"支付方式"),
                     .note = {},
                     .team = {}};
     payment.change = ChangeOf(payment.received, payment.discount, payment.due).value_or(QString());
@@ -361,7 +439,7 @@ Payment PaymentOf(const DemoDeparture& departure, const SettlementSums& sums) {
 
 void Desk::checkOut(const DemoDeparture& departure) {
     const QString room = departure.rooms.first().toString();
-    const QString folio = GetTag(GetTag(GetKfrzxx(room), GuestTag(1)), kFolio);
+    const QString folio = GetTag(GuestIn(room, departure.guest), kFolio);
     SettlementFolio settlement = LoadSettlementFolio(folio);
     ExpectNone(settlement.notice);
     for (int row = 1; row < settlement.list.rows(); ++row) {
@@ -372,13 +450,13 @@ void Desk::checkOut(const DemoDeparture& departure) {
     const PeriodChoice period = PeriodOf(settlement.list, now, Clock::DateText());
     CalculateCharges(settlement.list, period.period, now, RatesInUse());
     goOn(kToTakeADeposit);
-    const CheckOutOutcome outcome = ConfirmCheckOut(
-        {folio, settlement.list, Picked(u"脏房", u"使用后房态")},
-        {.yes = [&departure](const Notice&) { return !departure.everybody; },
-         .payment = [&departure](const SettlementSums& sums) -> std::optional<Payment> {
-             return PaymentOf(departure, sums);
-         },
-         .progress = [](int, int) {}});
+    const CheckOutOutcome outcome =
+        ConfirmCheckOut({folio, settlement.list, picked(u"脏房", u"使用后房态")},
+                        {.yes = [&departure](const Notice&) { return !departure.everybody; },
+                         .payment = [&](const SettlementSums& sums) -> std::optional<Payment> {
+                             return paymentOf(departure, sums);
+                         },
+                         .progress = [](int, int) {}});
     for (const Notice& notice : outcome.notices)
         Expect(notice.title == u"处理完成", notice.title + u"："_s + notice.words);
     Expect(outcome.done && outcome.retired == departure.everybody, room + u" 没有结账"_s);
@@ -390,35 +468,70 @@ struct Event {
     std::function<void(Desk&)> happens;
 };
 
-QList<Event> EventsBefore(const QDateTime& opening) {
-    QList<Event> events;
-    const auto add = [&](const DemoMoment& moment, Shift shift, auto happens) {
-        const QDateTime at = moment.from(opening);
-        events.append({at, OnDuty(shift, at.time()), happens});
-    };
-    for (const DemoParty& party : DemoParties())
-        add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
-    for (const DemoCompany& company : DemoCompanies())
-        events.append({opening.addDays(-kDaysOfCompanies), kSales,
-                       [&company](Desk& desk) { desk.enter(company); }});
-    for (const DemoDeparture& departure : DemoDepartures())
-        events.append({departure.at.from(opening), kCashier,
-                       [&departure](Desk& desk) { desk.checkOut(departure); }});
-    for (const DemoStatusChange& change : DemoStatusChanges())
-        add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
-    for (const DemoPosting& posting : DemoPostings())
-        events.append({posting.at.from(opening), PostsThe(posting.kind),
-                       [&posting](Desk& desk) { desk.post(posting); }});
-    QDateTime night(std::ranges::min(events, {}, &Event::at).at.date(), kTimeOfAudit);
-    while ((night = night.addDays(1)).addSecs(kForAll) <= opening)
-        events.append({night, kNightAuditor, [](Desk& desk) { desk.auditNight(); }});
-    std::ranges::stable_sort(events, {}, &Event::at);
-    return events;
-}
+class Events {
+public:
+    explicit Events(const QDateTime& opening) : opening_(opening) {}
 
-// Whoever has more to do on the same day stays at the desk.
-bool StaysFor(const Event& next, const Event& event) {
-    return next.by.login == event.by.login && next.at.date() == event.at.date();
+    void add(const QDateTime& at, const Employee& by, std::function<void(Desk&)> happens) {
+        events_.append({at, by, std::move(happens)});
+    }
+    void add(const QList<DemoParty>& parties) {
+        for (const DemoParty& party : parties)
+            add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.checkIn(party); });
+    }
+    void add(const QList<DemoStatusChange>& changes) {
+        for (const DemoStatusChange& change : changes)
+            add(change.at, change.by, [&change](Desk& desk) { desk.setStatus(change); });
+    }
+    void add(const QList<DemoDeparture>& departures) {
+        for (const DemoDeparture& departure : departures)
+            add(departure.at.from(opening_), kCashier,
+                [&departure](Desk& desk) { desk.checkOut(departure); });
+    }
+    void add(const QList<DemoPosting>& postings) {
+        for (const DemoPosting& posting : postings)
+            add(posting.at.from(opening_), PostsThe(posting.kind),
+                [&posting](Desk& desk) { desk.post(posting); });
+    }
+
+    // The companies have signed ahead of the first guest; every evening has its figures, every night its
+    // audit.
+    QList<Event> withDaysWork(const QList<DemoCompany>& companies) {
+        const QDate first = std::ranges::min(events_, {}, &Event::at).at.date();
+        for (const DemoCompany& company : companies)
+            add(QDateTime(first, QTime(0, 0)), kSales,
+                [&company](Desk& desk) { desk.enter(company); });
+        for (QDate day = first; day <= opening_.date(); day = day.addDays(1)) {
+            if (day > first)
+                addIfPast({day, kTimeOfAudit}, [](Desk& desk) { desk.auditNight(); });
+            addIfPast({day, kTimeOfReports}, [day](Desk& desk) { desk.keepFigures(day); });
+        }
+        std::ranges::stable_sort(events_, {}, &Event::at);
+        return events_;
+    }
+
+private:
+    void add(const DemoMoment& moment, Shift shift, std::function<void(Desk&)> happens) {
+        const QDateTime at = moment.from(opening_);
+        add(at, OnDuty(shift, at.time()), std::move(happens));
+    }
+    void addIfPast(const QDateTime& at, std::function<void(Desk&)> happens) {
+        if (at.addSecs(kForAll) <= opening_)
+            add(at, kNightAuditor, std::move(happens));
+    }
+
+    const QDateTime opening_;
+    QList<Event> events_;
+};
+
+// Whoever has more to do on the same day stays logged in. Tells for each event whether it is the last of its
+// employee on the day.
+QList<bool> LastOfTheDay(const QList<Event>& events) {
+    QList<bool> last(events.size());
+    std::set<std::pair<QString, QDate>> seen;
+    for (qsizetype i = events.size() - 1; i >= 0; --i)
+        last[i] = seen.emplace(events[i].by.login, events[i].at.date()).second;
+    return last;
 }
 
 } // namespace
@@ -430,18 +543,32 @@ QDateTime DemoMoment::from(const QDateTime& opening) const {
     return at.addSecs(kForAll) <= opening ? at : at.addDays(-1);
 }
 
-void BringInGuests(const QDateTime& opening,
-                   const std::function<void(const QDateTime&)>& setServerClock) {
-    Desk desk(setServerClock, opening.date());
-    const QList<Event> events = EventsBefore(opening);
+void BringInGuests(const DemoOpening& opening) {
+    Desk desk(opening);
+    desk.sitDown(kSales, {opening.at.date().addDays(-std::max(opening.days, kDaysOfCompanies)),
+                          kTimeOfSales});
+    const DemoWeeks weeks = MakeDemoWeeks(opening.at, opening.days, LoadRooms());
+    Events planned(opening.at);
+    planned.add(weeks.parties);
+    planned.add(DemoParties());
+    planned.add(weeks.departures);
+    planned.add(DemoDepartures());
+    planned.add(weeks.statusChanges);
+    planned.add(DemoStatusChanges());
+    planned.add(weeks.postings);
+    planned.add(DemoPostings());
+    const QList<DemoCompany> companies = DemoCompanies() + weeks.companies;
+    const QList<Event> events = planned.withDaysWork(companies);
+    const QList<bool> last = LastOfTheDay(events);
     for (qsizetype i = 0; i < events.size(); ++i) {
-        desk.logIn(events[i].by, events[i].at);
+        opening.progress(int(i), int(events.size()));
+        desk.sitDown(events[i].by, events[i].at);
         events[i].happens(desk);
-        if (i + 1 == events.size() || !StaysFor(events[i + 1], events[i]))
+        if (last[i])
             desk.leave();
     }
-    Clock::Freeze(opening);
-    setServerClock(opening);
+    Clock::Freeze(opening.at);
+    opening.setServerClock(opening.at);
 }
 
 } // namespace hotel

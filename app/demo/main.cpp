@@ -8,6 +8,8 @@
 #include <atomic>
 #include <cstdio>
 
+#include <unistd.h>
+
 #include <QCoreApplication>
 
 #include "app/demo/demo_guests.h"
@@ -19,6 +21,19 @@ namespace hotel {
 
 namespace {
 
+constexpr int kTurnsOfCommit = 1000; // the folder is thrown away when it isn't filled to the end
+
+// A line that is written anew where somebody looks at it.
+void ShowProgress(int done, int all) {
+    static int shown = -1;
+    const int percent = (done + 1) * 100 / all;
+    if (percent == shown || ::isatty(STDERR_FILENO) == 0)
+        return;
+    shown = percent;
+    std::fprintf(stderr, "\r  the last %d days of the demo hotel: %d %%%s", kDemoDays, percent,
+                 percent == 100 ? "\n" : "");
+}
+
 void Open(const QString& folder) {
     const QDateTime opening = QDateTime::currentDateTime();
     std::atomic<qint64> serverClock = opening.toMSecsSinceEpoch();
@@ -26,16 +41,18 @@ void Open(const QString& folder) {
     settings.dataFolder = folder;
     settings.port = 0;
     settings.clock = [&serverClock] { return QDateTime::fromMSecsSinceEpoch(serverClock); };
-    settings.turnsOfCommit = 1000;
+    settings.turnsOfCommit = kTurnsOfCommit;
     ServerThread server(std::move(settings));
 
     Wck_comm link;
     SetLink(&link);
     link.ProdID = kProductId.toString();
     link.ConnectServer(u"127.0.0.1"_s, QString::number(server.port()));
-    BringInGuests(opening, [&serverClock](const QDateTime& moment) {
-        serverClock = moment.toMSecsSinceEpoch();
-    });
+    BringInGuests(
+        {.at = opening,
+         .setServerClock =
+             [&serverClock](const QDateTime& moment) { serverClock = moment.toMSecsSinceEpoch(); },
+         .progress = ShowProgress});
     server.finish();
 }
 

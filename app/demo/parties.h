@@ -76,6 +76,8 @@ struct DemoDeparture {
     bool everybody = true;
     QStringView way;          // 支付方式
     QStringView company = {}; // as in the team customer file
+    QStringView guest =
+        {}; // in the first room, on whose folio it is; empty: the one in the first bed
 };
 
 // A company that may sign for its guests, as the sales department enters it in the team customer file.
