@@ -390,7 +390,7 @@ private Q_SLOTS:
             if (QTest::currentTestFailed())
                 return;
         }
-        QCOMPARE(stays_.size() > 200, days > 0);
+        QCOMPARE(stays_.size() > 100, days > 0);
     }
 
     // The same weeks behind the same opening; fullest on Saturdays, emptiest on Sundays; everybody has left on
