@@ -433,10 +433,13 @@ private:
             payMore(stay);
     }
 
-    QDateTime eveningOf(const Stay& stay, QDate day) {
-        const QDateTime from =
-            std::max(QDateTime(day, QTime(17, 30)), stay.arrives.addSecs(25 * 60));
-        return from.addSecs(60 * dice_.between(0, 40));
+    // Whoever stays over the day has lunch here, too; who has just come is not hungry at once.
+    QDateTime mealtime(const Stay& stay, QDate day) {
+        if (day > stay.arrives.date() && dice_.chance(35))
+            return QDateTime(day, QTime(11, 45)).addSecs(60 * dice_.between(0, 110));
+        const QDateTime evening = QDateTime(day, QTime(17, 30)).addSecs(60 * dice_.between(0, 270));
+        const QDateTime settled = stay.arrives.addSecs(60 * dice_.between(25, 65));
+        return std::max(evening, settled);
     }
 
     void postTo(const Stay& stay, int room, QDate day) {
@@ -444,7 +447,7 @@ private:
             dice_.weigh(DemoArticles(), [](const DemoArticle& entry) { return entry.weight; });
         const int number = dice_.between(1, article.most);
         const int price = dice_.between(article.leastYuan, article.mostYuan);
-        post(stay, room, eveningOf(stay, day), article, number, price);
+        post(stay, room, mealtime(stay, day), article, number, price);
     }
 
     void post(const Stay& stay, int room, const QDateTime& at, const DemoArticle& article,
@@ -489,7 +492,7 @@ private:
 
     void dinnerFor(const Stay& stay, QDate day) {
         const int tables = int(stay.party.rooms.size() * 2 + 7) / 8;
-        post(stay, 0, eveningOf(stay, day), {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0},
+        post(stay, 0, mealtime(stay, day), {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0},
              tables, 10 * dice_.between(58, 98), u"团餐");
     }
 
