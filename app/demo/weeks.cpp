@@ -8,6 +8,9 @@
 #include <optional>
 #include <random>
 
+#include "app/demo/made_up_guests.h"
+#include "app/demo/made_up_postings.h"
+#include "app/demo/making.h"
 #include "app/demo/vocabulary.h"
 #include "house/rooms/room_status.h"
 #include "record/literals.h"
@@ -29,37 +32,6 @@ constexpr int kSuitePrice = 700;
 constexpr int At(int hour, int minute) {
     return hour * 60 + minute;
 }
-
-class Dice {
-public:
-    explicit Dice(quint64 seed) : engine_(seed) {}
-
-    // 0 to n - 1. The library's own distributions differ from one to the next.
-    int below(int n) { return int(engine_() % quint64(n)); }
-    int between(int least, int most) { return least + below(most - least + 1); }
-    bool chance(int percent) { return below(100) < percent; }
-
-    template<class List>
-    auto pick(const List& list) {
-        return list[below(int(list.size()))];
-    }
-
-    // An entry by its weight.
-    template<class List, class Weight>
-    const auto& weigh(const List& list, Weight weight) {
-        int sum = 0;
-        for (const auto& entry : list)
-            sum += weight(entry);
-        int left = below(sum);
-        auto entry = list.begin();
-        while (left >= weight(*entry))
-            left -= weight(*entry++);
-        return *entry;
-    }
-
-private:
-    std::mt19937_64 engine_;
-};
 
 struct Room {
     QStringView number;
@@ -84,21 +56,15 @@ constexpr Way kWays[] = {
     {u"预付扫码", u"数字人民币", 6},
 };
 
-// A stay that is being made up.
-struct Stay {
-    const DemoCustom* custom;
-    QDateTime arrives;
-    QDateTime leaves;
+struct Stay : DemoStay {
     QList<Room*> rooms;
-    DemoParty party;
-
-    int nights() const { return int(arrives.date().daysTo(leaves.date())); }
 };
 
 class Weeks {
 public:
     Weeks(const QDateTime& opening, int days, const QList<RoomEntry>& rooms)
-        : opening_(opening), first_(opening.date().addDays(-days)), dice_(kSeed + quint64(days)) {
+        : opening_(opening), first_(opening.date().addDays(-days)), dice_(kSeed + quint64(days)),
+          guests_(dice_, made_.words, first_), postings_(dice_, made_.words, opening.date()) {
         for (const RoomEntry& room : rooms)
             takeRoom(room);
         keepTablesRooms();
@@ -127,7 +93,7 @@ private:
         if (!dirty && !IsVacant(StatusAtSale(status)))
             return;
         const QString type = GetTag(entry.record, room_record::kType);
-        rooms_.append({.number = keep(entry.number),
+        rooms_.append({.number = made_.words.keep(entry.number),
                        .type = type,
                        .beds = BedsOfRoom(entry.record),
                        .isSuite = type.endsWith(u"套房") && type != u"家庭套房",
@@ -224,11 +190,11 @@ private:
         const int nights = nightsOnOffer(night, number, custom);
         if (nights < custom.leastNights)
             return false;
-        Stay stay{.custom = &custom,
-                  .arrives = arrivalOn(night, custom),
-                  .leaves = departureOn(night.addDays(nights)),
-                  .rooms = {},
-                  .party = {}};
+        Stay stay{{.custom = &custom,
+                   .arrives = arrivalOn(night, custom),
+                   .leaves = departureOn(night.addDays(nights)),
+                   .party = {}},
+                  {}};
         const int guests = dice_.between(custom.leastGuests, custom.mostGuests);
         const bool shared = IsShared(custom.status);
         stay.rooms = freeRooms(number, shared ? 2 : guests, stay.arrives, stay.leaves);
@@ -292,22 +258,22 @@ private:
             // Not every bed of a group is taken, and its leader has a room of his own.
             const bool alone =
                 stay.rooms.size() > 1 && (room == stay.rooms.first() || dice_.chance(15));
-            party.rooms.append({room->number, guestsOf(stay, town, alone ? 1 : guests)});
+            party.rooms.append({room->number, guests_.of(stay, town, alone ? 1 : guests)});
         }
         made_.parties.append(party);
         leave(stay, company);
         for (Room* room : stay.rooms)
             moveOut(*room, stay);
-        consume(stay);
+        made_.postings += postings_.of(stay);
     }
 
     // The second guest of a shared room, with a folio of his own.
     void shareWith(const Stay& first) {
-        Stay second{.custom = first.custom,
-                    .arrives = first.arrives.addSecs(60 * dice_.between(4, 55)),
-                    .leaves = first.leaves.addSecs(-60 * dice_.between(5, 20)),
-                    .rooms = first.rooms,
-                    .party = {}};
+        Stay second{{.custom = first.custom,
+                     .arrives = first.arrives.addSecs(60 * dice_.between(4, 55)),
+                     .leaves = first.leaves.addSecs(-60 * dice_.between(5, 20)),
+                     .party = {}},
+                    first.rooms};
         moveIn(second, 1);
     }
 
@@ -326,187 +292,20 @@ private:
         for (const Room* room : stay.rooms)
             price += room->isSuite ? kSuitePrice : kStandardPrice;
         const int hundreds = (price * std::max(stay.nights(), 1) + 199) / 100;
-        const QStringView amount = yuan(hundreds * 100);
+        const QStringView amount = made_.words.yuan(hundreds * 100);
         if (custom.signs)
             return {u"协议单位限额", u"单位挂账", amount,
-                    keep(u"合同第%1号"_s.arg(dice_.between(20, 98)))};
+                    made_.words.keep(u"合同第%1号"_s.arg(dice_.between(20, 98)))};
         if (custom.status == u"免费")
             return {u"内部招待", u"招待", u"500.00", u"刘建华经理批准"};
         const Way& way =
             dice_.weigh(std::span(kWays), [](const Way& entry) { return entry.weight; });
         QStringView note;
         if (way.guarantee == u"现金押金")
-            note = keep(u"收据%1"_s.arg(30'000 + ++receipts_, 7, 10, QChar(u'0')));
+            note = made_.words.keep(u"收据%1"_s.arg(30'000 + ++receipts_, 7, 10, QChar(u'0')));
         if (way.guarantee == u"信用卡限额")
             note = u"预授权";
         return {way.guarantee, way.way, amount, note};
-    }
-
-    // --- guests ---
-
-    QList<DemoGuest> guestsOf(const Stay& stay, const DemoTown& town, int number) {
-        QList<DemoGuest> guests;
-        if (number == 1 && !stay.custom->signs && dice_.chance(3))
-            return {foreigner()};
-        if (number == 1 && stay.custom->employed && dice_.chance(35)) {
-            if (const auto guest = regular(stay))
-                return {*guest};
-        }
-        const bool pensioners = stay.custom->sends == Sends::TourGroups && stay.custom->signs;
-        const bool couple = number > 1 && !stay.custom->signs;
-        const bool woman = dice_.chance(35);
-        for (int n = 0; n < number; ++n) {
-            const bool child = couple && n == 2;
-            const int age = child        ? dice_.between(6, 14)
-                            : pensioners ? dice_.between(52, 74)
-                                         : dice_.between(22, 62);
-            const QChar surname =
-                child ? guests.first().name.front() : dice_.pick(DemoNames().surnames);
-            guests.append(resident(surname,
-                                   couple && n == 1   ? !woman
-                                   : couple && n == 0 ? woman
-                                                      : dice_.chance(40),
-                                   age, town));
-        }
-        if (number == 1 && stay.custom->employed)
-            regulars_.append({guests.first(), stay.leaves});
-        return guests;
-    }
-
-    DemoGuest resident(QChar surname, bool woman, int age, const DemoTown& town) {
-        const NameCharacters& names = DemoNames();
-        QString name(surname);
-        if (dice_.chance(75))
-            name += dice_.pick(woman ? names.femaleFirst : names.maleFirst);
-        name += dice_.pick(woman ? names.femaleSecond : names.maleSecond);
-        static constexpr std::array<QStringView, 14> kJobs = {
-            u"职员", u"工程师", u"教师", u"业务员",     u"部门经理", u"个体经营者", u"会计师",
-            u"医生", u"公务员", u"工人", u"自由职业者", u"司机",     u"律师",       u"采购员"};
-        const QStringView job = age < 22 ? u"学生" : age > 59 ? u"离退休人员" : dice_.pick(kJobs);
-        return {keep(name), keep(identityNumber(town.code, woman, age)), job};
-    }
-
-    QString identityNumber(QStringView area, bool woman, int age) {
-        const QDate born = first_.addYears(-age).addDays(-dice_.below(360));
-        const int serial = 2 * dice_.between(1, 490) + (woman ? 0 : 1);
-        const QString number =
-            area + born.toString(u"yyyyMMdd") + u"%1"_s.arg(serial, 3, 10, QChar(u'0'));
-        constexpr std::array kWeights = {7, 9, 10, 5, 8, 4, 2, 1, 6, 3, 7, 9, 10, 5, 8, 4, 2};
-        int sum = 0;
-        for (int n = 0; n < int(kWeights.size()); ++n)
-            sum += number[n].digitValue() * kWeights[size_t(n)];
-        return number + u"10X98765432"_s[sum % 11];
-    }
-
-    DemoGuest foreigner() {
-        const DemoForeigner& guest = dice_.pick(DemoForeigners());
-        return {guest.name,   keep(u"P%1"_s.arg(dice_.between(1'000'000, 9'999'999))),
-                u"职员",      u"护照",
-                guest.sex,    keep(QString::number(dice_.between(24, 63))),
-                guest.country};
-    }
-
-    // Who has left some days ago and comes again.
-    std::optional<DemoGuest> regular(const Stay& stay) {
-        for (auto& [guest, left] : regulars_) {
-            if (left.daysTo(stay.arrives) < 3 || !dice_.chance(40))
-                continue;
-            left = stay.leaves;
-            return guest;
-        }
-        return {};
-    }
-
-    // --- what they have ---
-
-    void consume(const Stay& stay) {
-        const int chance = stay.custom->signs ? 16 : 34;
-        for (QDate day = stay.arrives.date(); day < stay.leaves.date(); day = day.addDays(1)) {
-            for (qsizetype room = 0; room < stay.party.rooms.size(); ++room) {
-                while (dice_.chance(chance))
-                    postTo(stay, int(room), day);
-            }
-            if (stay.custom->sends == Sends::TourGroups && stay.custom->signs)
-                dinnerFor(stay, day);
-        }
-        if (stay.nights() >= 4 && !stay.custom->signs && stay.custom->status != u"免费")
-            payMore(stay);
-    }
-
-    // Whoever stays over the day has lunch here, too; who has just come is not hungry at once.
-    QDateTime mealtime(const Stay& stay, QDate day) {
-        if (day > stay.arrives.date() && dice_.chance(35))
-            return QDateTime(day, QTime(11, 45)).addSecs(60 * dice_.between(0, 110));
-        const QDateTime evening = QDateTime(day, QTime(17, 30)).addSecs(60 * dice_.between(0, 270));
-        const QDateTime settled = stay.arrives.addSecs(60 * dice_.between(25, 65));
-        return std::max(evening, settled);
-    }
-
-    void postTo(const Stay& stay, int room, QDate day) {
-        const DemoArticle& article =
-            dice_.weigh(DemoArticles(), [](const DemoArticle& entry) { return entry.weight; });
-        const int number = dice_.between(1, article.most);
-        const int price = dice_.between(article.leastYuan, article.mostYuan);
-        post(stay, room, mealtime(stay, day), article, number, price);
-    }
-
-    void post(const Stay& stay, int room, const QDateTime& at, const DemoArticle& article,
-              int number, int price, QStringView note = {}) {
-        QList<std::pair<QStringView, QStringView>> fields;
-        const QStringView pieces = keep(QString::number(number));
-        const QStringView amount = yuan(number * price);
-        switch (article.kind) {
-        case kTelephonePosting:
-            fields = {{u"费用名称", article.name},
-                      {u"结算地点", article.detail},
-                      {u"时长", pieces},
-                      {u"通达地区", stay.party.from},
-                      {u"被叫号码", keep(u"138%1"_s.arg(dice_.between(10'000'000, 99'999'999)))},
-                      {u"话费金额", tenths(number * price)},
-                      {u"服务费", u"0.20"}};
-            break;
-        case kBroadbandPosting:
-            fields = {{u"费用名称", article.name}, {u"基本金额", amount}, {u"服务费", u"0.00"}};
-            break;
-        case kServicePosting:
-            fields = {{u"服务类别", article.name},
-                      {u"服务明细", article.detail},
-                      {u"计量单位", article.unit},
-                      {u"数量", pieces},
-                      {u"金额", amount}};
-            break;
-        case kFoodPosting:
-            fields = {{u"费用名称", article.name}, {u"结算地点", article.detail},
-                      {u"计量单位", article.unit}, {u"数量", pieces},
-                      {u"金额", amount},           {u"备注", note}};
-            break;
-        default:
-            fields = {{u"费用名称", article.name}, {u"金额", amount}};
-            break;
-        }
-        const bool mistaken = article.kind == kFoodPosting && dice_.chance(3);
-        made_.postings.append({moment(at), stay.party.rooms[room].number, article.kind, fields,
-                               stay.party.rooms[room].guests.first().name,
-                               mistaken ? yuan(number * price * 10) : QStringView()});
-    }
-
-    void dinnerFor(const Stay& stay, QDate day) {
-        const int tables = int(stay.party.rooms.size() * 2 + 7) / 8;
-        post(stay, 0, mealtime(stay, day), {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0},
-             tables, 10 * dice_.between(58, 98), u"团餐");
-    }
-
-    // A long stay pays in between.
-    void payMore(const Stay& stay) {
-        const QDateTime at(stay.arrives.date().addDays(2), QTime(18, dice_.between(0, 50)));
-        made_.postings.append({moment(at),
-                               stay.party.rooms.first().number,
-                               kDepositPosting,
-                               {{u"信用保证种类", u"实收补款"},
-                                {u"支付方式", dice_.chance(50) ? u"微信支付" : u"银行卡"},
-                                {u"实收金额", yuan(100 * dice_.between(3, 9))},
-                                {u"备注", u"续交"}},
-                               stay.party.rooms.first().guests.first().name});
     }
 
     // --- how they leave ---
@@ -587,11 +386,11 @@ private:
                                               .mostGuests = 2,
                                               .reasons = {u"本市休息", u"过境中转"}};
         for (int number = dice_.between(1, 4); number > 0; --number) {
-            Stay stay{.custom = &kByTheHour,
-                      .arrives = QDateTime(day, QTime(dice_.between(11, 16), dice_.below(60))),
-                      .leaves = {},
-                      .rooms = {},
-                      .party = {}};
+            Stay stay{{.custom = &kByTheHour,
+                       .arrives = QDateTime(day, QTime(dice_.between(11, 16), dice_.below(60))),
+                       .leaves = {},
+                       .party = {}},
+                      {}};
             stay.leaves = stay.arrives.addSecs(60 * dice_.between(70, 240));
             const int guests = dice_.between(1, 2);
             stay.rooms = freeRooms(1, guests, stay.arrives, stay.leaves);
@@ -600,23 +399,17 @@ private:
         }
     }
 
-    // --- words ---
-
-    QStringView keep(const QString& word) { return made_.words.emplace_back(word); }
-    QStringView yuan(int amount) { return keep(QString::number(amount) + u".00"_s); }
-    QStringView tenths(int amount) { return keep(u"%1.%20"_s.arg(amount / 10).arg(amount % 10)); }
-    DemoMoment moment(const QDateTime& at) {
-        return DaysAgo(int(at.date().daysTo(opening_.date())), keep(at.toString(u"HH:mm")));
-    }
+    DemoMoment moment(const QDateTime& at) { return made_.words.moment(at, opening_.date()); }
 
     const QDateTime opening_;
     const QDate first_;
     Dice dice_;
     QList<Room> rooms_;
     QHash<QDate, QSet<QString>> soldTo_;
-    QList<std::pair<DemoGuest, QDateTime>> regulars_;
     int receipts_ = 0;
     DemoWeeks made_;
+    GuestMaker guests_;
+    PostingMaker postings_;
 };
 
 } // namespace

@@ -10,11 +10,9 @@
 
 #include <QDateTime>
 #include <QList>
-#include <QString>
-
-#include <deque>
 
 #include "app/demo/consumption.h"
+#include "app/demo/making.h"
 #include "app/demo/parties.h"
 #include "house/rooms/room_record.h"
 
@@ -26,7 +24,7 @@ struct DemoWeeks {
     QList<DemoPosting> postings;
     QList<DemoDeparture> departures;
     QList<DemoStatusChange> statusChanges;
-    std::deque<QString> words; // what the views of the lists above look at
+    DemoWords words; // what the views of the lists above look at
 };
 
 // Nights from `days` ahead of the opening to the last but one; nobody with less than three days.
