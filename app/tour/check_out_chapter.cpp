@@ -1,5 +1,6 @@
 #include <QLineEdit>
 #include <algorithm>
+#include <functional>
 
 #include "app/tour/tour.h"
 #include "house/folios/folio.h"
@@ -16,7 +17,7 @@ namespace hotel {
 
 namespace {
 
-// The folio of the biggest party, and one of a single room.
+// The folio of the biggest party, and the newest one of a single room: an old one may owe more than is paid.
 QString GroupsFolio(const QHash<QString, FolioSummary>& folios) {
     const QStringList numbers = folios.keys();
     return *std::ranges::max_element(
@@ -24,7 +25,8 @@ QString GroupsFolio(const QHash<QString, FolioSummary>& folios) {
 }
 
 QString FolioOfOneRoom(const QHash<QString, FolioSummary>& folios, const QString& butNot) {
-    const QStringList numbers = folios.keys();
+    QStringList numbers = folios.keys();
+    std::ranges::sort(numbers, std::greater());
     return *std::ranges::find_if(numbers, [&](const QString& number) {
         return number != butNot && folios[number].rooms.size() == 1;
     });
