@@ -82,12 +82,11 @@ QList<UserAccount> Merged(const UserAccounts& users, const QList<UserAccount>& s
     for (const UserAccount& user : users.edited) {
         const qsizetype before = IndexOf(users.read, user.id);
         const qsizetype now = IndexOf(standing, user.id);
-        if (before < 0)
-            merged.append(user);
-        else if (now >= 0)
+        const bool isNew = before < 0;
+        if (!isNew && now >= 0)
             merged.append(
                 {user.id, Merged(users.read[before].record, user.record, standing[now].record)});
-        else if (user != users.read[before]) // deleted by another desk, changed here
+        else if (isNew || user != users.read[before]) // deleted by another desk, changed here
             merged.append(user);
     }
     for (const UserAccount& user : standing) {

@@ -2,46 +2,13 @@
 
 #include "house/common/paths.h"
 #include "link/records.h"
+#include "record/field_columns.h"
 #include "record/field_walk.h"
 #include "record/record_text.h"
 
 namespace hotel {
 
 namespace {
-
-// The columns of a record's fields, by their names. Postings have their fields in one order, so that each is
-// looked for where it stood in the record before.
-class FieldColumns {
-public:
-    explicit FieldColumns(const TextTable& list) : headers_(list.headers()) {}
-
-    int column(qsizetype place, QStringView name) {
-        if (place == before_.size())
-            before_.append(0);
-        int& column = before_[place];
-        if (column < 0 || headers_[column] != name)
-            column = int(headers_.indexOf(name));
-        return column;
-    }
-
-private:
-    QStringList headers_;
-    QList<int> before_;
-};
-
-// Most postings repeat much of the one before: such cells share their text, which spares a long list most of
-// its memory and time.
-QStringList CellsOf(QStringView record, FieldColumns& columns, const QStringList& before) {
-    QStringList cells(before.size());
-    FieldWalk field(record);
-    for (qsizetype place = 0; field.next(); ++place) {
-        const int column = columns.column(place, field.name());
-        if (column >= 0)
-            cells[column] =
-                before[column] == field.value() ? before[column] : field.value().toString();
-    }
-    return cells;
-}
 
 // Numbers are written without leading zeros, so that a longer one is the greater one.
 bool StandsInOrder(const TextTable& list) {
@@ -108,11 +75,11 @@ std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind) {
     if (project.failed())
         return {};
     TextTable list = EmptyPostingList(kind);
-    FieldColumns columns(list);
+    FieldColumns columns(list.headers());
     RunningSums sums(kind, list);
     FieldWalk record(project.value);
     while (list.dataRows() < kPostingLimit && record.next()) {
-        QStringList cells = CellsOf(record.value(), columns, list.row(list.dataRows()));
+        QStringList cells = columns.cells(record.value(), list.row(list.dataRows()));
         sums.fill(cells);
         list.addRow(cells);
     }
@@ -124,8 +91,8 @@ std::optional<TextTable> LoadPostings(QStringView folio, PostingKind kind) {
 }
 
 void AppendPosting(PostingKind kind, TextTable& list, QStringView record) {
-    FieldColumns columns(list);
-    QStringList cells = CellsOf(record, columns, list.row(list.dataRows()));
+    FieldColumns columns(list.headers());
+    QStringList cells = columns.cells(record, list.row(list.dataRows()));
     RunningSums(kind, list).fill(cells);
     list.addRow(cells);
 }

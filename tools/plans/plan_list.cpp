@@ -3,6 +3,7 @@
 #include "link/QVRapp.h"
 #include "link/records.h"
 #include "platform/clock.h"
+#include "record/field_columns.h"
 #include "record/field_walk.h"
 #include "record/record_text.h"
 #include "session/session.h"
@@ -27,10 +28,11 @@ QStringView NumberTag(const PlanKind& kind) {
     return kind.columns.first();
 }
 
+// The row of one plan; the number is its key, whatever the record says.
 QStringList CellsOf(const PlanKind& kind, const QString& number, QStringView record) {
-    QStringList cells{number};
-    for (qsizetype column = 1; column < kind.columns.size(); ++column)
-        cells.append(GetTag(record, kind.columns[column]));
+    FieldColumns columns(kind.columns);
+    QStringList cells = columns.cells(record, kind.columns);
+    cells.first() = number;
     return cells;
 }
 
@@ -47,21 +49,12 @@ bool MayChange(const PlanKind& kind, const QString& field) {
     return field != kind.makerUnit && field != kind.maker;
 }
 
-int FirstEmptyRow(const TextTable& list) {
-    for (int row = 1; row < list.rows(); ++row) {
-        if (!IsPlan(list, row))
-            return row;
-    }
-    return 0;
-}
-
 int ShowPlan(const PlanKind& kind, TextTable& list, const QString& number, QStringView record) {
     const QStringList cells = CellsOf(kind, number, record);
-    const int row = FirstEmptyRow(list);
-    if (row == 0)
+    if (list.dataRows() != 1 || IsPlan(list, 1))
         return list.addRow(cells);
-    list.setRow(row, cells);
-    return row;
+    list.setRow(1, cells); // the blank one
+    return 1;
 }
 
 // Plans are looked for in the list and in the file; the file isn't asked for what the list has.
@@ -103,8 +96,12 @@ std::optional<TextTable> LoadPlans(const PlanKind& kind) {
     if (project.failed())
         return {};
     TextTable list(kind.columns);
-    for (FieldWalk record(project.value); record.next();)
-        list.addRow(CellsOf(kind, record.name().toString(), record.value()));
+    FieldColumns columns(kind.columns);
+    for (FieldWalk record(project.value); record.next();) {
+        QStringList cells = columns.cells(record.value(), list.row(list.dataRows()));
+        cells.first() = record.name().toString();
+        list.addRow(cells);
+    }
     return list;
 }
 

@@ -69,7 +69,7 @@ struct PlanOutcome {
     int row = 0; // of the list: where the plan stands now
 };
 
-// Adds a plan to the server and the list, in its first empty row. `record` has the fields of the columns and whatever
+// Adds a plan to the server and the list; a list that only has its blank row has that filled. `record` has the fields of the columns and whatever
 // else the plan keeps. Its number is taken anew where it is empty or stands already, in the list or from another desk.
 PlanOutcome AddPlan(const PlanKind& kind, TextTable& list, const QString& record);
 
