@@ -8,12 +8,13 @@
 #include "house/rooms/room_record.h"
 #include "house/rooms/room_status.h"
 #include "house/stays/board.h"
+#include "house/stays/repairs.h"
+#include "house/stays/reservations.h"
 #include "house/stays/today_sheet.h"
 #include "link/Wck_comm.h"
 #include "platform/clock.h"
 #include "record/field_walk.h"
 #include "record/record_text.h"
-#include "session/parameters.h"
 #include "tools/aids/categories.h"
 
 #include <algorithm>
@@ -23,31 +24,8 @@ namespace hotel {
 
 namespace {
 
-// Reservations and repairs, as far as the day asks.
-namespace plans {
-constexpr QStringView kReservations = u"客房预订信息";
-constexpr QStringView kGuest = u"客人姓名";
-constexpr QStringView kCompany = u"客人单位";
-constexpr QStringView kArrival = u"预计到达";
-constexpr QStringView kDeparture = u"预计离店";
-constexpr QStringView kRooms = u"订房间数";
-constexpr QStringView kState = u"预定状态";
+// What doesn't come any more, or is here already.
 constexpr std::array<QStringView, 4> kNotExpected = {u"取消", u"实施", u"完成", u"失效"};
-
-constexpr QStringView kRepairs = u"维修信息";
-constexpr QStringView kRoom = u"房间号";
-constexpr QStringView kReason = u"维修原因";
-constexpr QStringView kReported = u"报修日期";
-constexpr QStringView kOutcome = u"维修结果";
-
-QString ReservationFile() {
-    return Param(u"YdxxLj") + Param(u"Ydxx");
-}
-
-QString RepairFile() {
-    return Param(u"WxDbLj") + Param(u"WxDb");
-}
-} // namespace plans
 
 // Reads until the link is lost; each further read would wait for it again.
 class Reader {
@@ -141,46 +119,47 @@ HouseToday LoadHouse(Reader& reader) {
 // --- reservations and repairs ---
 
 bool IsExpected(QStringView reservation, QDate today) {
-    if (std::ranges::find(plans::kNotExpected, GetTag(reservation, plans::kState)) !=
-        plans::kNotExpected.end())
+    if (std::ranges::find(kNotExpected, GetTag(reservation, reservation::kState)) !=
+        kNotExpected.end())
         return false;
-    const QDate arrival = Day(reservation, plans::kArrival);
-    return arrival == today ||
-           (arrival.isValid() && arrival < today && Day(reservation, plans::kDeparture) >= today);
+    const QDate arrival = Day(reservation, reservation::kArrival);
+    return arrival == today || (arrival.isValid() && arrival < today &&
+                                Day(reservation, reservation::kDeparture) >= today);
 }
 
 QString WhoComes(QStringView reservation) {
-    QStringList names = {GetTag(reservation, plans::kGuest), GetTag(reservation, plans::kCompany)};
+    QStringList names = {GetTag(reservation, reservation::kGuest),
+                         GetTag(reservation, reservation::kCompany)};
     names.removeAll({});
     return names.join(u' ');
 }
 
 TodayList LoadArrivals(Reader& reader, QDate today) {
-    const RecordRead read = reader.project(plans::ReservationFile(), plans::kReservations);
+    const RecordRead read = reader.project(ReservationPlans().file(), reservation::kProject);
     TodayList list{.rows =
                        TextTable({u"客人"_s, u"间数"_s, u"预计到达"_s, u"状态"_s, u"预定单号"_s})};
     if (read.failed())
         list.outcome = Reading::Failed;
     for (FieldWalk plan(read.value); plan.next();) {
         if (IsExpected(plan.value(), today))
-            list.rows.addRow({WhoComes(plan.value()), GetTag(plan.value(), plans::kRooms),
-                              GetTag(plan.value(), plans::kArrival),
-                              GetTag(plan.value(), plans::kState), plan.name().toString()});
+            list.rows.addRow({WhoComes(plan.value()), GetTag(plan.value(), reservation::kRooms),
+                              GetTag(plan.value(), reservation::kArrival),
+                              GetTag(plan.value(), reservation::kState), plan.name().toString()});
     }
     list.rows.sort(2, TextTable::Order::Text);
     return list;
 }
 
 TodayList LoadRepairs(Reader& reader) {
-    const RecordRead read = reader.project(plans::RepairFile(), plans::kRepairs);
+    const RecordRead read = reader.project(RepairPlans().file(), repair::kProject);
     TodayList list{.rows = TextTable({u"房间号"_s, u"维修原因"_s, u"报修日期"_s, u"维修单号"_s})};
     if (read.failed())
         list.outcome = Reading::Failed;
     for (FieldWalk plan(read.value); plan.next();) {
-        if (GetTag(plan.value(), plans::kOutcome).isEmpty())
-            list.rows.addRow({GetTag(plan.value(), plans::kRoom),
-                              GetTag(plan.value(), plans::kReason),
-                              GetTag(plan.value(), plans::kReported), plan.name().toString()});
+        if (GetTag(plan.value(), repair::kOutcome).isEmpty())
+            list.rows.addRow({GetTag(plan.value(), repair::kRoom),
+                              GetTag(plan.value(), repair::kReason),
+                              GetTag(plan.value(), repair::kReported), plan.name().toString()});
     }
     return list;
 }
