@@ -86,14 +86,14 @@ void RegisterScreens() {
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });
     RegisterScreen(u"YstjFrm", [] { return new YstjFrm; });
-    SetEntryOpener([](QStringView screen) {
+    SetEntryOpener([](QStringView screen, const QString& argument) {
         if (IsToCome(screen))
             return false;
         const auto* inquiry = std::ranges::find(kInquiries, screen, &Inquiry::name);
         if (inquiry != std::end(kInquiries))
             inquiry->open(QApplication::activeWindow());
         else
-            OpenScreen(screen);
+            OpenScreen(screen, argument);
         return true;
     });
 }

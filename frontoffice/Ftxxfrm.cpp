@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "frontoffice/room_map.h"
-#include "frontoffice/status_colour.h"
 #include "frontoffice/status_places.h"
 #include "house/rooms/room_record.h"
 #include "house/stays/board_settings.h"
@@ -18,6 +17,7 @@
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
+#include "screen/status_colour.h"
 #include "session/operation_log.h"
 #include "session/session.h"
 #include "tools/lists/list_export.h"

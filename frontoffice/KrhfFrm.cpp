@@ -28,8 +28,8 @@ namespace hotel {
 
 namespace {
 
-const QStringList kTitles = {u"房间号"_s,   u"房态"_s,   u"楼层号"_s,
-                             u"客房类型"_s, u"床位数"_s, u"住客数"_s};
+const QStringList kTitles = {u"房间号"_s, u"房态"_s,   u"楼层号"_s,   u"客房类型"_s,
+                             u"床位数"_s, u"住客数"_s, u"电话号码"_s, u"房价"_s};
 
 const QList<FormField> kBoxes = {
     {{}, u"Yfjh", u"原房间号", Editor::Text, {}, 10, 10},

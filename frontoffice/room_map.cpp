@@ -5,8 +5,8 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
-#include "frontoffice/status_colour.h"
 #include "record/numbers.h"
+#include "screen/status_colour.h"
 
 namespace hotel {
 

@@ -7,9 +7,9 @@
 #include <QPainter>
 #include <QShortcut>
 
-#include "frontoffice/status_colour.h"
 #include "record/literals.h"
 #include "record/numbers.h"
+#include "screen/status_colour.h"
 
 namespace hotel {
 

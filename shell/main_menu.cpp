@@ -1,8 +1,11 @@
 #include "shell/main_menu.h"
 
+#include <algorithm>
+
 #include "record/literals.h"
 #include "record/numbers.h"
 #include "screen/messages.h"
+#include "session/session.h"
 
 namespace hotel {
 
@@ -83,11 +86,11 @@ constexpr MenuEntry kBusinessData[] = {
 };
 
 constexpr MenuGroup kGroups[] = {
-    {u"Qtjd_cmd", u"前台接待", kFrontDesk},    {u"Kfzx_cmd", u"客房中心", kHousekeeping},
-    {u"Syjs_cmd", u"收银结算", kCashier},      {u"Jlbg_cmd", u"经理办公", kManager},
-    {u"Xsyd_cmd", u"销售预定", kSales},        {u"SwCy_cmd", u"商务餐娱", kBusiness},
-    {u"Rsgl_cmd", u"人事管理", kPersonnel},    {u"Xtgl_cmd", u"系统管理", kSystem},
-    {u"Zlxx_cmd", u"资料信息", kBusinessData},
+    {u"Qtjd_cmd", u"前台接待", 1, kFrontDesk}, {u"Kfzx_cmd", u"客房中心", 2, kHousekeeping},
+    {u"Syjs_cmd", u"收银结算", 3, kCashier},   {u"Jlbg_cmd", u"经理办公", 4, kManager},
+    {u"SwCy_cmd", u"商务餐娱", 6, kBusiness},  {u"Rsgl_cmd", u"人事管理", 7, kPersonnel},
+    {u"Xtgl_cmd", u"系统管理", 8, kSystem},    {u"Zlxx_cmd", u"资料信息", 9, kBusinessData},
+    {u"Xsyd_cmd", u"销售预定", 11, kSales},
 };
 
 constexpr int kNoticeMilliseconds = 2000;
@@ -103,12 +106,21 @@ std::span<const MenuGroup> MainMenu() {
     return kGroups;
 }
 
+const MenuEntry* OfferedEntry(QStringView control) {
+    for (const MenuGroup& group : kGroups) {
+        const auto entry = std::ranges::find(group.entries, control, &MenuEntry::control);
+        if (entry != group.entries.end())
+            return HasRight(group.right) && HasRight(entry->right) ? &*entry : nullptr;
+    }
+    return nullptr;
+}
+
 void SetEntryOpener(EntryOpener opener) {
     Opener() = std::move(opener);
 }
 
-void OpenEntry(QStringView screen, QStringView caption) {
-    if (!Opener() || !Opener()(screen))
+void OpenEntry(QStringView screen, QStringView caption, const QString& argument) {
+    if (!Opener() || !Opener()(screen, argument))
         TimedMessage(u"“%1”尚未启用。"_s.arg(caption), u"提示"_s, kNoticeMilliseconds);
 }
 

@@ -8,11 +8,13 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include "link/Wck_comm.h"
 #include "platform/clock.h"
 #include "platform/work_folder.h"
 #include "record/literals.h"
+#include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "screen/theme.h"
@@ -21,6 +23,8 @@
 #include "session/session.h"
 #include "shell/loginfrm.h"
 #include "shell/main_menu.h"
+#include "shell/today_panel.h"
+#include "tools/aids/CalcSub.h"
 
 namespace hotel {
 
@@ -29,6 +33,9 @@ namespace {
 constexpr int kEntriesPerLine = 3;
 constexpr int kEntryWidth = 216;
 constexpr int kEntryHeight = 84;
+
+constexpr int kCheckMilliseconds = 50; // between two stretches of making the day's sheet
+constexpr int kCheckSteps = 2;         // rooms or ledgers a stretch
 
 constexpr QStringView kNightAudit = u"Ystj_cmd";
 
@@ -72,18 +79,33 @@ mainfrm::mainfrm(loginfrm& login) : Screen(u"mainfrm"_s, Caption()), login_(logi
     setStyleSheet(kStyle);
 
     panels_->addWidget(new QWidget); // what FuWei leaves: nothing
-    panels_->addWidget(welcome_ = makeWelcome());
+    panels_->addWidget(welcome_ = new TodayPanel);
     for (const MenuGroup& group : MainMenu()) {
         QWidget* panel = makePanel(group);
         panelOfGroup_.insert(group.control, panel);
         panels_->addWidget(panel);
     }
     addCommands({
+        {u"Today_cmd"_s, u"今日"_s, [this] { Today_Click(); }, Qt::Key_F5, CommandKind::Plain,
+         u"today"_s},
+        {u"Check_cmd"_s, u"重新核对"_s, [this] { Check_Click(); }, Qt::Key_F12, CommandKind::Plain,
+         u"today"_s},
+        {u"Limit_cmd"_s,
+         u"余额下限"_s,
+         [this] { Limit_Click(); },
+         {},
+         CommandKind::Plain,
+         u"today"_s},
         {u"Relogin_cmd"_s, u"重新登录"_s, [this] { relogin_.ask(); }, kReloginKey},
         {u"exit_cmd"_s, u"退出系统"_s, [this] { close(); }, Qt::Key_F10, CommandKind::Plain,
          u"leave"_s},
     });
+    command(u"Check_cmd")->setToolTip(u"重新核对今日离店的客人和各账号的余额"_s);
     connect(&relogin_, &Relogin::changed, this, &mainfrm::showRelogin);
+    on(welcome_, &TodayPanel::chosen,
+       [this](TodayKind kind, const QStringList& cells) { openLine(kind, cells); });
+    checking_ = every(kCheckMilliseconds, [this] { goOnChecking(); });
+    checking_->stop();
 
     FuWei();
     panels_->setCurrentWidget(welcome_);
@@ -91,7 +113,7 @@ mainfrm::mainfrm(loginfrm& login) : Screen(u"mainfrm"_s, Caption()), login_(logi
     showRelogin();
     showTime();
     every(1000, [this] { showTime(); });
-    setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
+    showServer();
     resize(1280, 680); // with its frame inside a display of 1366 by 768
 }
 
@@ -125,39 +147,19 @@ QWidget* mainfrm::makeGroups() {
     groups->setFixedWidth(196);
     auto* layout = new QVBoxLayout(groups);
     layout->setContentsMargins(10, 14, 10, 14);
-    int number = 0;
     for (const MenuGroup& group : MainMenu()) {
-        ++number;
-        auto* button = new QPushButton(u"F%1　%2"_s.arg(number).arg(group.right));
+        auto* button = new QPushButton(u"F%1　%2"_s.arg(group.functionKey).arg(group.right));
         button->setObjectName(group.control.toString());
         button->setCheckable(true);
         button->setAutoExclusive(true);
         // Not the button's own shortcut: that one clicks a moment later, behind the digit typed next.
-        auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), button);
+        auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F1 + group.functionKey - 1), button);
         connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
         on(button, &QPushButton::clicked, [this, &group] { openGroup(group); });
         layout->addWidget(button);
     }
     layout->addStretch();
     return groups;
-}
-
-QWidget* mainfrm::makeWelcome() {
-    auto* welcome = new QWidget;
-    welcome->setObjectName(u"welcome"_s);
-    auto* words = new QLabel(CurrentSession().userName + u"，欢迎使用"_s);
-    words->setFont(FontFor(u"宋体", 24));
-    words->setAlignment(Qt::AlignCenter);
-    auto* hint = new QLabel(u"请用左侧的功能组（F1—F9）开始工作，F10 退出系统"_s);
-    hint->setFont(FontFor(u"黑体", 12));
-    hint->setAlignment(Qt::AlignCenter);
-    auto* layout = new QVBoxLayout(welcome);
-    layout->addStretch(2);
-    layout->addWidget(words);
-    layout->addSpacing(12);
-    layout->addWidget(hint);
-    layout->addStretch(3);
-    return welcome;
 }
 
 QWidget* mainfrm::makePanel(const MenuGroup& group) {
@@ -213,13 +215,17 @@ void mainfrm::openGroup(const MenuGroup& group) {
 }
 
 void mainfrm::openEntry(const MenuEntry& entry) {
+    openScreen(entry, entry.screen, {});
+}
+
+void mainfrm::openScreen(const MenuEntry& entry, QStringView screen, const QString& argument) {
     if (entry.control == kNightAudit && !NightAuditMayOpen(Clock::TimeText())) {
         MsgBox(u"夜审时间通常在22：00 - 07：00之间进行"_s, u"操作时间未到"_s);
         return;
     }
     if (!entry.operation.isEmpty())
         SaveLogRec(entry.operation.toString(), entry.remark.toString());
-    OpenEntry(entry.screen, entry.caption);
+    OpenEntry(screen, entry.caption, argument);
 }
 
 // The digit on an entry presses it.
@@ -253,6 +259,7 @@ void mainfrm::showHotelName() {
 void mainfrm::showUser() {
     const Session& session = CurrentSession();
     user_->setText(session.userDept + u"　"_s + session.userName);
+    welcome_->greet(session.userName);
     for (const MenuGroup& group : MainMenu()) {
         auto* button = findChild<QPushButton*>(group.control.toString());
         button->setEnabled(HasRight(group.right));
@@ -267,12 +274,112 @@ void mainfrm::showUser() {
 
 void mainfrm::showRelogin() {
     setCommandEnabled(u"Relogin_cmd", relogin_.wanted());
-    if (!relogin_.wanted())
-        showUser();
+    if (relogin_.wanted())
+        return;
+    showUser();
+    readTodaySoon();
 }
 
 void mainfrm::showTime() {
     time_->setText(Clock::DateText() + u"　"_s + Clock::TimeText().left(5));
+    if (isVisible() && (todayIsOld_ || today_.day != Clock::Today()))
+        readToday();
+}
+
+void mainfrm::showServer() {
+    setStatus(u"数据库服务器 "_s + Link().IPaddr + u':' + Link().Port);
+}
+
+// --- today ---
+
+void mainfrm::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    QTimer::singleShot(0, this, [this] { run([this] { showTime(); }); });
+}
+
+void mainfrm::Today_Click() {
+    for (const MenuGroup& group : MainMenu()) {
+        auto* button = findChild<QPushButton*>(group.control.toString());
+        button->setAutoExclusive(false); // one of them would stay down
+        button->setChecked(false);
+        button->setAutoExclusive(true);
+    }
+    FuWei();
+    panels_->setCurrentWidget(welcome_);
+    readToday();
+    if (GridView* list = welcome_->firstList())
+        goTo(list);
+}
+
+void mainfrm::readToday() {
+    todayIsOld_ = false;
+    const TodayParts parts = PartsByRights();
+    today_ = LoadToday(parts, limit_);
+    setCommandEnabled(u"Check_cmd", parts.departures || parts.balances);
+    setCommandEnabled(u"Limit_cmd", parts.balances);
+    QList<SheetPart> missing;
+    if (today_.departures && today_.departures->outcome == Reading::Absent)
+        missing.append(SheetPart::Departures);
+    if (today_.balances && today_.balances->outcome == Reading::Absent)
+        missing.append(SheetPart::Balances);
+    startChecking(missing);
+}
+
+void mainfrm::startChecking(const QList<SheetPart>& parts) {
+    if (!walk_)
+        toCheck_ = parts;
+    welcome_->showDay(today_, limit_, !toCheck_.isEmpty());
+    if (!toCheck_.isEmpty())
+        checking_->start();
+}
+
+void mainfrm::goOnChecking() {
+    if (!walk_)
+        walk_.emplace(toCheck_.first(), Clock::Today());
+    SheetWalk::State state = SheetWalk::State::Running;
+    for (int n = 0; n < kCheckSteps && state == SheetWalk::State::Running; ++n)
+        state = walk_->step();
+    progress(walk_->done(), walk_->total(), u"核对今日离店和余额"_s);
+    if (state == SheetWalk::State::Running)
+        return;
+    walk_.reset();
+    toCheck_.removeFirst();
+    if (state == SheetWalk::State::Failed)
+        toCheck_.clear(); // until somebody asks again
+    if (!toCheck_.isEmpty())
+        return;
+    checking_->stop();
+    progress(0, 0);
+    showServer();
+    if (state == SheetWalk::State::Done)
+        readToday();
+    else
+        welcome_->showDay(today_, limit_, false);
+}
+
+void mainfrm::Check_Click() {
+    QList<SheetPart> parts;
+    if (today_.departures)
+        parts.append(SheetPart::Departures);
+    if (today_.balances)
+        parts.append(SheetPart::Balances);
+    startChecking(parts);
+}
+
+void mainfrm::Limit_Click() {
+    const auto typed = InputBox(u"列出信用余额小于多少的账号："_s, u"余额下限"_s, limit_.text());
+    if (!typed)
+        return;
+    const CellAmount amount = AmountFromCell(*typed);
+    if (!amount.amount)
+        return MsgBox(u"余额下限应当是金额："_s + amount.error, u"余额下限"_s);
+    limit_ = *amount.amount;
+    readToday();
+}
+
+void mainfrm::openLine(TodayKind kind, const QStringList& cells) {
+    if (const auto way = WayOfLine(kind, cells))
+        openScreen(*way->entry, way->screen, way->argument);
 }
 
 bool mainfrm::closing() {

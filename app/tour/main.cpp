@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
         TourOfPlans(tour);
         TourOfRoomChange(tour);
         TourOfBoard(tour);
+        TourOfToday(tour);
         TourOfFolio(tour);
         TourOfCharges(tour);
         TourOfNightAudit(tour);

@@ -83,6 +83,7 @@ void TourOfBoard(Tour& tour);
 void TourOfFolio(Tour& tour);
 void TourOfNightAudit(Tour& tour);
 void TourOfCheckOut(Tour& tour);
+void TourOfToday(Tour& tour);
 void TourOfCharges(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);

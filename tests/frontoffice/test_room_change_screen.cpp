@@ -73,9 +73,15 @@ private Q_SLOTS:
     void listsAndProposals() {
         const TextTable& occupied = list(u"KrfjQd"_s);
         const int row = occupied.find(0, u"8203");
-        QCOMPARE(occupied.row(row),
-                 (QStringList{u"8203"_s, u"包房"_s, GetTag(GetKfjbxx(u"8203"), u"楼层号"),
-                              GetTag(GetKfjbxx(u"8203"), u"客房类型"), u"1"_s, u"2"_s}));
+        QCOMPARE(occupied.row(row), (QStringList{u"8203"_s,
+                                                 u"包房"_s,
+                                                 GetTag(GetKfjbxx(u"8203"), u"楼层号"),
+                                                 GetTag(GetKfjbxx(u"8203"), u"客房类型"),
+                                                 u"1"_s,
+                                                 u"2"_s,
+                                                 GetTag(GetKfjbxx(u"8203"), u"电话号码"),
+                                                 {}}));
+        QVERIFY(!occupied.text(row, u"电话号码").isEmpty());
         QVERIFY(list(u"Kxkfqd"_s).find(0, u"8205") > 0);
         QCOMPARE(list(u"Kxkfqd"_s).find(0, u"8203"), -1);
         QCOMPARE(form().text(u"Yhft"), u"脏房"_s);

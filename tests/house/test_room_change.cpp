@@ -244,6 +244,8 @@ private Q_SLOTS:
         row("the new room's record", u"包房 2 空房 "_s, 0, u"101"_s, false, room);
         row("the old room's record", u"包房 2 包房 2"_s, 0, u"101"_s, false, room);
         row("the new room's guests", u"脏房 0 包房 2"_s, 0, u"101"_s, false, guests);
+        // From here on the guests are in the new room; what fails is told, and the folios keep what they have.
+        row("the folio with the new room", u"脏房 0 包房 2"_s, 2, u"101"_s, true, guests);
     }
 };
 

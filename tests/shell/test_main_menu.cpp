@@ -41,7 +41,7 @@ private Q_SLOTS:
     void entryWithoutScreenSaysSo() {
         MessageRecorder messages;
         QStringList opened;
-        SetEntryOpener([&](QStringView screen) {
+        SetEntryOpener([&](QStringView screen, const QString&) {
             opened.append(screen.toString());
             return screen == u"Ftxxfrm";
         });

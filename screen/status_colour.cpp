@@ -1,4 +1,4 @@
-#include "frontoffice/status_colour.h"
+#include "screen/status_colour.h"
 
 #include <cmath>
 
