@@ -20,8 +20,10 @@ namespace {
 constexpr int kBlockRecords = 32;
 constexpr qsizetype kBlockLength = 16 * 1024;
 
-// Where a request names files.
-constexpr QStringView kFileFields[] = {u"库文件名", u"源文件名", u"目标文件名", u"文件名"};
+const StorePath& UserFile() {
+    static const StorePath path = *ParseFilePath(kUserFile);
+    return path;
+}
 
 // --- What requests and answers are made of -----------------------------------------------------------
 
@@ -75,7 +77,7 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
         JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
         peer.user = user;
-        peer.userChanges = server.userChanges;
+        peer.userChanges = server.store.changesOf(UserFile());
         return {u"<SUCCESS>登录成功"_s, isGuess ? server.failures.wait(peer.address) : 0};
     }
     peer.mayLog = true;
@@ -106,7 +108,7 @@ CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
 
 CommandAnswer UserList(ServerState& server, Peer&, const Request&) {
     QStringList users;
-    server.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+    server.store.walk(UserFile(), kUserProject, false,
                       [&](const QString& name, const QString&) { users += name; });
     return List(u"记录清单", users);
 }
@@ -455,21 +457,13 @@ constexpr ServerCommand kCommands[] = {
     {u"下载文件", 0, Download},
 };
 
-// A command that names the user file among its files.
-bool NamesUserFile(const Request& request) {
-    const QString userFile = ParseFilePath(kUserFile)->key;
-    return std::ranges::any_of(kFileFields, [&](QStringView field) {
-        const auto path = ParseFilePath(request.field(field));
-        return path && path->key == userFile;
-    });
-}
-
 // Looks again at who is logged in when the users may have changed.
 void DropDeletedUser(const ServerState& server, Peer& peer) {
-    if (peer.user.isEmpty() || peer.userChanges == server.userChanges)
+    const quint64 changes = server.store.changesOf(UserFile());
+    if (peer.user.isEmpty() || peer.userChanges == changes)
         return;
-    peer.userChanges = server.userChanges;
-    if (!server.store.read(*ParseFilePath(kUserFile), kUserProject, peer.user))
+    peer.userChanges = changes;
+    if (!server.store.read(UserFile(), kUserProject, peer.user))
         peer.user.clear();
 }
 
@@ -488,6 +482,11 @@ QString ErrorText(const QString& words) {
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
     const ServerCommand* command = FindServerCommand(request.command());
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
+    const bool writes = command && (command->flags & kWrites);
+    if (writes && (!peer.user.isEmpty() || peer.mayLog))
+        server.store.begin();
+    else
+        server.store.refresh();
     DropDeletedUser(server, peer);
     const bool isAttemptEntry =
         peer.user.isEmpty() && !beforeLogin && IsAttemptEntry(server, peer, request);
@@ -495,7 +494,6 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
-    const bool writes = command->flags & kWrites;
     if (writes && request.isTorn())
         return {ErrorText(u"命令不完整"_s)};
     if (writes)
@@ -504,8 +502,6 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         peer.mayLog = false;
     try {
         CommandAnswer answer = command->handler(server, peer, request);
-        if (writes && NamesUserFile(request))
-            ++server.userChanges;
         if (isAttemptEntry && !peer.wasCounted)
             answer.delay = server.failures.delayOfFailure(peer.address);
         return answer;

@@ -117,7 +117,7 @@ int Run(QCoreApplication& application) {
     const QStringList words = parser.positionalArguments();
     bool isPort = false;
     ServerSettings settings;
-    settings.dataFolder = data;
+    settings.store = data;
     settings.port = parser.value(u"port"_s).toUShort(&isPort);
     settings.listen = QHostAddress(parser.value(u"listen"_s));
     settings.log = {parser.value(u"log-folder"_s), parser.value(u"log-project"_s)};

@@ -96,7 +96,7 @@ void TestHotel::stopServer() {
 
 void TestHotel::startServer() {
     ServerSettings settings;
-    settings.dataFolder = folder_.path();
+    settings.store = folder_.path();
     settings.port = port_;
     settings.clock = [this] { return QDateTime::fromMSecsSinceEpoch(serverClock_); };
     server_ = std::make_unique<ServerThread>(settings);

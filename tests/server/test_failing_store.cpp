@@ -125,16 +125,16 @@ private Q_SLOTS:
         ServerSettings settings;
         settings.clock = QDateTime::currentDateTime;
         settings.port = 0;
-        settings.dataFolder = folder.filePath(u"file/below"_s);
+        settings.store = folder.filePath(u"file/below"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
-        settings.dataFolder = folder.filePath(u"damaged"_s);
+        settings.store = folder.filePath(u"damaged"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
-        settings.dataFolder = folder.filePath(u"good"_s);
+        settings.store = folder.filePath(u"good"_s);
         const ServerThread first(settings);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
-        settings.dataFolder = folder.filePath(u"other"_s);
+        settings.store = folder.filePath(u"other"_s);
         settings.port = first.port();
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
     }

@@ -96,7 +96,7 @@ void WriteTestUsers(const QString& folder) {
 TestServer::TestServer(const std::function<void(ServerSettings&)>& change) {
     WriteTestUsers(folder_.path());
     ServerSettings settings;
-    settings.dataFolder = folder_.path();
+    settings.store = folder_.path();
     settings.port = 0;
     settings.clock = TestMoment;
     if (change)
