@@ -75,8 +75,12 @@ QStringList TableStatements(const TableWords& words) {
     return statements;
 }
 
+bool IsDatabasePlace(const QString& place) {
+    return place.startsWith(kPostgresPlace);
+}
+
 std::unique_ptr<StoreEngine> OpenEngine(const QString& place, StoreEngine::Use use) {
-    if (place.startsWith(kPostgresPlace))
+    if (IsDatabasePlace(place))
         return OpenPostgres(place.sliced(kPostgresPlace.size()), use);
     return OpenEmbedded(place, use);
 }

@@ -113,6 +113,8 @@ public:
 // it can't be opened, or when another program serves an embedded one already.
 std::unique_ptr<StoreEngine> OpenEngine(const QString& place, StoreEngine::Use use);
 
+bool IsDatabasePlace(const QString& place);
+
 // The parts.
 std::unique_ptr<StoreEngine> OpenEmbedded(const QString& folder, StoreEngine::Use use);
 std::unique_ptr<StoreEngine> OpenPostgres(const QString& words, StoreEngine::Use use);

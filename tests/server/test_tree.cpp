@@ -4,6 +4,7 @@
 #include <QProcess>
 
 #include "tests/hotel_test.h"
+#include "tests/server/test_place.h"
 #include "tests/test_files.h"
 
 using namespace hotel;
@@ -40,7 +41,8 @@ private Q_SLOTS:
     void init() {
         store_.reset();
         folder_ = std::make_unique<QTemporaryDir>();
-        store_ = std::make_unique<Store>(folder_->filePath(u"store"_s), Store::Use::Serve);
+        place_ = std::make_unique<TestPlace>();
+        store_ = std::make_unique<Store>(place_->name(), Store::Use::Serve);
     }
 
     void roundTrip() {
@@ -161,29 +163,38 @@ private Q_SLOTS:
     // The program itself: what it says, and what it ends with.
     void commandLine() {
         WriteTree(folder_->filePath(u"in"_s), {{u"a.qvr/p.txt"_s, "<1>1</1>\n"}});
-        { Store made(folder_->filePath(u"S"_s), Store::Use::Serve); }
-        const auto row = [this](const char* arguments, int exitCode) {
+        const TestPlace place;
+        { Store made(place.name(), Store::Use::Serve); }
+        const auto row = [this, &place](const char* arguments, int exitCode) {
             QProcess process;
             process.setWorkingDirectory(folder_->path());
-            process.start(QStringLiteral(QVRD), QString::fromLatin1(arguments).split(u' '));
+            QStringList words;
+            for (const QString& word : QString::fromLatin1(arguments).split(u' '))
+                words += word == u"STORE"  ? place.arguments()
+                         : word == u"NONE" ? TestPlace::arguments(TestPlace::missing())
+                                           : QStringList{word};
+            process.start(QStringLiteral(QVRD), words);
             QVERIFY2(process.waitForFinished(), arguments);
             Check(arguments, process.exitCode(), exitCode);
         };
-        row("--data S import in", 0);
-        row("--data S check", 0);
-        row("--data S export out", 0);
-        row("--data S export in", 1); // on top of another tree
-        row("--data S import none", 1);
-        row("--data none check", 1);
+        row("STORE import in", 0);
+        row("STORE check", 0);
+        row("STORE export out", 0);
+        row("STORE export in", 1); // on top of another tree
+        row("STORE import none", 1);
+        row("NONE check", 1);
         row("check", 2);
-        row("--data S repair", 2);
-        row("--data S check in", 2);
-        row("--data S --port 70000", 2);
-        row("--data S --listen x", 2);
+        row("STORE repair", 2);
+        row("--store S check", 2);
+        row("--data S --store postgresql: check", 2);
+        row("STORE check in", 2);
+        row("STORE --port 70000", 2);
+        row("STORE --listen x", 2);
     }
 
 private:
     std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<TestPlace> place_;
     std::unique_ptr<Store> store_;
 };
 
