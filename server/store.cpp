@@ -97,6 +97,7 @@ void Store::commit() {
 void Store::rollback() {
     engine_->rollback();
     isFresh_ = false;
+    nextFile_ = nextProject_ = 0; // they may have been asked for behind a removal that is undone
     if (!inTransaction_)
         return;
     inTransaction_ = false;

@@ -1,3 +1,4 @@
+#include "record/code_page.h"
 #include "record/conditions.h"
 #include "server/search.h"
 #include "server/store.h"
@@ -55,6 +56,23 @@ private Q_SLOTS:
         row("never closed", u"<a /><b>2</b></c>"_s, u"<b>2</b>"_s);
         row("empty", u""_s, u""_s);
         row("odd characters", u"<a>\t\x01€'\";--%</a>"_s, u"<a>\t\x01€'\";--%</a>"_s);
+    }
+
+    // Every character that a workstation can send comes back, in values and, where they may stand, in names.
+    void theWholeCodePage() {
+        QString all;
+        for (int code = 0; code < 0x10000; ++code)
+            if (code < 0x80 || CodePageValue(char16_t(code)) != u'?')
+                all += QChar(char16_t(code));
+        store_->write(kFile, kProject, u"1"_s, all);
+        for (qsizetype at = 0x80; at < all.size(); at += 400)
+            store_->write(kFile, u"names"_s,
+                          all.sliced(at).first(qMin<qsizetype>(400, all.size() - at)), u""_s);
+        const QStringList names = Names(*store_, u"names"_s);
+        reopen();
+        QCOMPARE(store_->read(kFile, kProject, u"1"_s), all);
+        QCOMPARE(Names(*store_, u"names"_s), names);
+        QCOMPARE(names.join(QString()), all.sliced(0x80));
     }
 
     void changingKeepsThePlace() {
