@@ -64,7 +64,7 @@ QString PrivatePostgres::run(const QString& program, const QStringList& argument
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-PrivatePostgres::PrivatePostgres() {
+PrivatePostgres::PrivatePostgres(Disk disk) : disk_(disk) {
     HandOver(folder_.path());
     run(u"initdb"_s, {u"-D"_s, data(), u"-A"_s, u"trust"_s, u"-U"_s, u"hotel"_s, u"-E"_s, u"UTF8"_s,
                       u"--locale=C"_s, u"--no-sync"_s});
@@ -72,10 +72,11 @@ PrivatePostgres::PrivatePostgres() {
     run(u"createdb"_s, {u"-h"_s, host(), u"-U"_s, u"hotel"_s, u"hotel"_s});
 }
 
-PrivatePostgres::PrivatePostgres(PrivatePostgres& primary) {
+PrivatePostgres::PrivatePostgres(PrivatePostgres& primary) : disk_(primary.disk_) {
     HandOver(folder_.path());
-    run(u"pg_basebackup"_s, {u"-D"_s, data(), u"-R"_s, u"--checkpoint=fast"_s, u"-d"_s,
-                             u"host=%1 user=hotel application_name=standby"_s.arg(primary.host())});
+    run(u"pg_basebackup"_s,
+        {u"-D"_s, data(), u"-R"_s, u"--checkpoint=fast"_s, u"--no-sync"_s, u"-d"_s,
+         u"host=%1 user=hotel application_name=standby"_s.arg(primary.host())});
     start();
     primary.execute(u"ALTER SYSTEM SET synchronous_standby_names = 'standby'"_s);
     primary.execute(u"SELECT pg_reload_conf()"_s);
@@ -96,7 +97,8 @@ void PrivatePostgres::start() {
     for (const QString& word : CommandLine(
              u"postgres"_s, {u"-D"_s, data(), u"-k"_s, host(), u"-c"_s, u"listen_addresses="_s,
                              u"-c"_s, u"logging_collector=off"_s, u"-c"_s,
-                             u"log_min_messages=panic"_s, u"-c"_s, u"max_connections=150"_s}))
+                             u"log_min_messages=panic"_s, u"-c"_s, u"max_connections=150"_s,
+                             u"-c"_s, disk_ == Disk::Flushed ? u"fsync=on"_s : u"fsync=off"_s}))
         words.push_back(word.toLocal8Bit());
     std::vector<char*> arguments;
     for (QByteArray& word : words)

@@ -15,8 +15,11 @@ public:
     // The server's programs are installed on this machine.
     static bool isInstalled();
 
+    // Tests end programs, not machines: what the system has been given is as good as on disk for them.
+    enum class Disk { Flushed, Unflushed };
+
     // Makes a database `hotel` and starts its server. Throws std::runtime_error when that fails.
-    PrivatePostgres();
+    explicit PrivatePostgres(Disk disk = Disk::Unflushed);
     // A standby that follows `primary`, which from here on waits for it at each commit.
     explicit PrivatePostgres(PrivatePostgres& primary);
     ~PrivatePostgres();
@@ -41,6 +44,7 @@ private:
     QString data() const { return folder_.filePath(QStringLiteral("data")); }
 
     QTemporaryDir folder_;
+    Disk disk_;
     int process_ = 0;
 };
 
