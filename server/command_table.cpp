@@ -428,13 +428,13 @@ CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
 // --- The table ---------------------------------------------------------------------------------------
 
 constexpr ServerCommand kCommands[] = {
-    {u"登录", kBeforeLogin, LogIn},
-    {u"注销", 0, LogOut},
+    {u"登录", kBeforeLogin | kFromMemory, LogIn},
+    {u"注销", kFromMemory, LogOut},
     {u"用户清单", kBeforeLogin, UserList},
-    {u"获取用户文件名", kBeforeLogin, UserFileName},
-    {u"读取日期", kBeforeLogin, ServerDate},
-    {u"读取时间", kBeforeLogin, ServerTime},
-    {u"读取记录", 0, ReadRecord},
+    {u"获取用户文件名", kBeforeLogin | kFromMemory, UserFileName},
+    {u"读取日期", kBeforeLogin | kFromMemory, ServerDate},
+    {u"读取时间", kBeforeLogin | kFromMemory, ServerTime},
+    {u"读取记录", kFromMemory, ReadRecord},
     {u"缓冲读取记录", 0, ReadBuffered},
     {u"修改记录", kWrites, ModifyRecord},
     {u"创建记录", kWrites, CreateRecord},
@@ -443,14 +443,14 @@ constexpr ServerCommand kCommands[] = {
     {u"记录清单", 0, RecordList},
     {u"查找记录", 0, FindRecords},
     {u"字段查找", 0, FindFields},
-    {u"项目清单", 0, ProjectList},
+    {u"项目清单", kFromMemory, ProjectList},
     {u"创建项目", kWrites, CreateProject},
     {u"删除项目", kWrites, DeleteProject},
     {u"创建数据库", kWrites, CreateDatabase},
     {u"删除数据库", kWrites, DeleteFile},
-    {u"检查数据库", 0, CheckDatabase},
-    {u"数据库清单", 0, FileList},
-    {u"数据准备", 0, PrepareData},
+    {u"检查数据库", kFromMemory, CheckDatabase},
+    {u"数据库清单", kFromMemory, FileList},
+    {u"数据准备", kFromMemory, PrepareData},
     {u"文件换名", kWrites, RenameFile},
     {u"文件复制", kWrites, CopyFile},
     {u"上传文件", kWrites, Upload},
@@ -462,9 +462,9 @@ void DropDeletedUser(const ServerState& server, Peer& peer) {
     const quint64 changes = server.store.changesOf(UserFile());
     if (peer.user.isEmpty() || peer.userChanges == changes)
         return;
-    peer.userChanges = changes;
     if (!server.store.read(UserFile(), kUserProject, peer.user))
         peer.user.clear();
+    peer.userChanges = changes;
 }
 
 } // namespace
@@ -479,14 +479,11 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
-    const ServerCommand* command = FindServerCommand(request.command());
+// Changes nothing of the peer ahead of the last read that may not be in memory.
+static CommandAnswer Answer(ServerState& server, Peer& peer, const Request& request,
+                            const ServerCommand* command) {
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
     const bool writes = command && (command->flags & kWrites);
-    if (writes && (!peer.user.isEmpty() || peer.mayLog))
-        server.store.begin();
-    else
-        server.store.refresh();
     DropDeletedUser(server, peer);
     const bool isAttemptEntry =
         peer.user.isEmpty() && !beforeLogin && IsAttemptEntry(server, peer, request);
@@ -507,6 +504,23 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         return answer;
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
+    }
+}
+
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
+    const unsigned flags = command ? command->flags : kFromMemory;
+    try {
+        if ((flags & kWrites) && (!peer.user.isEmpty() || peer.mayLog))
+            server.store.begin();
+        else if (flags & (kWrites | kFromMemory))
+            server.store.refreshMemory();
+        else
+            server.store.refresh();
+        return Answer(server, peer, request, command);
+    } catch (const Store::NotInMemory&) {
+        server.store.refresh();
+        return Answer(server, peer, request, command);
     }
 }
 

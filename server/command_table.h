@@ -44,6 +44,7 @@ using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const 
 enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
     kWrites = 2,      // changes the store: runs in a transaction
+    kFromMemory = 4,  // as a rule memory has what is asked for
 };
 
 struct ServerCommand {

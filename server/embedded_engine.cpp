@@ -53,6 +53,7 @@ public:
         return {};
     }
     void endView() override {}
+    QList<StoreChange> glance(qint64) override { return {}; }
 
     Rows run(const char* sql, Values values) override {
         QSqlQuery& query = prepared(sql);

@@ -136,6 +136,12 @@ public:
         return news(known);
     }
 
+    QList<StoreChange> glance(qint64 known) override {
+        if (!database_.isOpen())
+            connect();
+        return news(known);
+    }
+
     QList<StoreChange> view(qint64 known) override {
         start(kBeginReading);
         viewing_ = true;

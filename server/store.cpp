@@ -73,6 +73,7 @@ qint64 Store::newProjectId() {
 void Store::begin() {
     if (inTransaction_)
         return;
+    sight_ = Sight::Old;
     const QList<StoreChange> log = engine_->begin(known_.number);
     inTransaction_ = true;
     learn(log);
@@ -88,7 +89,6 @@ void Store::commit() {
         own = {known_.number + 1, qint64(QRandomGenerator::system()->generate64()), told()};
     engine_->commit(own);
     inTransaction_ = false;
-    isFresh_ = false;
     known_ = own;
     told_.clear();
     before_.clear();
@@ -96,7 +96,7 @@ void Store::commit() {
 
 void Store::rollback() {
     engine_->rollback();
-    isFresh_ = false;
+    sight_ = Sight::Old;
     nextFile_ = nextProject_ = 0; // they may have been asked for behind a removal that is undone
     if (!inTransaction_)
         return;

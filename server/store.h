@@ -18,9 +18,11 @@
 // Several may serve a shared one (server/store_engine.h). Whatever one of them has acknowledged, the next
 // read through any other sees:
 //   - Who serves calls expectNews when requests have come in, behind the last of them: what was acknowledged
-//     ahead of a request is on disk by then. Before memory or database is read for them, refresh reads the
-//     log of changes and takes out of memory what others have changed; the same view of the database
-//     answers all reads up to the next expectNews, so that no answer is put together from two states.
+//     ahead of a request is on disk by then. Before anything is read for them, refresh reads the log of
+//     changes and takes out of memory what others have changed; one view of the database answers all reads
+//     up to the next expectNews, so that no answer is put together from two states.
+//   - refreshMemory does with one look at the log where memory alone can answer. What can't be answered so
+//     throws NotInMemory, and is asked again behind refresh.
 //   - A transaction that writes has the store for itself from begin to commit, and refreshes in begin.
 
 #include <functional>
@@ -75,6 +77,8 @@ public:
     void expectNews();
     // Learns what others have changed, once after each expectNews.
     void refresh();
+    struct NotInMemory {};
+    void refreshMemory();
 
     // Begins a transaction unless one is under way.
     void begin();
@@ -188,6 +192,8 @@ private:
     // Runs `sql` with the values for its question marks; change does when nobody needs the answer.
     template<typename... Values>
     Rows run(const char* sql, const Values&... values) {
+        if (sight_ == Sight::Memory)
+            throw NotInMemory();
         return engine_->run(sql, {QVariant(values)...});
     }
     template<typename... Values>
@@ -199,6 +205,7 @@ private:
     qint64 newFileId();
     qint64 newProjectId();
 
+    bool isKnown(const StoreChange& change) const;
     void learn(const QList<StoreChange>& log);
     void learnEntry(const QString& entry);
     void reloadFile(const QString& key);
@@ -232,7 +239,8 @@ private:
     qint64 nextProject_ = 0;
 
     // Of a shared store: the last row of the log that memory knows of, and what this transaction changes.
-    bool isFresh_ = false;
+    enum class Sight { Old, Memory, View };
+    Sight sight_ = Sight::Old;
     StoreChange known_;
     QSet<QString> told_;
 

@@ -86,6 +86,9 @@ public:
     // `known` on, that one included.
     virtual QList<StoreChange> begin(qint64 known) = 0;
 
+    // The rows of the log likewise, and nothing else.
+    virtual QList<StoreChange> glance(qint64 known) = 0;
+
     // From here on, until endView or begin, reads see one state. Gives the rows of the log likewise.
     virtual QList<StoreChange> view(qint64 known) = 0;
     virtual void endView() = 0;

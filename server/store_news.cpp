@@ -42,15 +42,29 @@ QString Store::told() const {
 void Store::expectNews() {
     if (!isShared() || inTransaction_ || use_ == Use::Look)
         return;
-    isFresh_ = false;
-    engine_->endView();
+    if (std::exchange(sight_, Sight::Old) == Sight::View)
+        engine_->endView();
 }
 
 void Store::refresh() {
-    if (!isShared() || inTransaction_ || isFresh_ || use_ == Use::Look)
+    if (!isShared() || inTransaction_ || sight_ == Sight::View || use_ == Use::Look)
         return;
+    sight_ = Sight::View;
     learn(engine_->view(known_.number));
-    isFresh_ = true;
+}
+
+void Store::refreshMemory() {
+    if (!isShared() || inTransaction_ || sight_ != Sight::Old || use_ == Use::Look)
+        return;
+    const QList<StoreChange> log = engine_->glance(known_.number);
+    if (log.size() == 1 && isKnown(log.first()))
+        sight_ = Sight::Memory;
+    else
+        refresh();
+}
+
+bool Store::isKnown(const StoreChange& change) const {
+    return change.number == known_.number && change.writer == known_.writer;
 }
 
 // `log` begins with the row that is known already. When it does not, the log was cut meanwhile, or another
@@ -58,9 +72,7 @@ void Store::refresh() {
 void Store::learn(const QList<StoreChange>& log) {
     if (!isShared())
         return;
-    const bool isContinued = !log.isEmpty() && log.first().number == known_.number &&
-                             log.first().writer == known_.writer;
-    if (!isContinued) {
+    if (log.isEmpty() || !isKnown(log.first())) {
         loadFiles();
         Rows last = run("SELECT id, writer FROM change ORDER BY id DESC LIMIT 1");
         if (!last.next())

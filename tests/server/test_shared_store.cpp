@@ -210,11 +210,6 @@ class SharedStoreTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (!TestPlace::isShared())
-            QSKIP("only PostgreSQL is served by several programs: ./test --postgresql");
-    }
-
     // Two programs work on one store by turns, at random, some of it undone; both always see what one alone
     // would have made of it in an embedded store.
     void eachSeesWhatTheOtherDid() {
@@ -379,6 +374,9 @@ private Q_SLOTS:
     }
 };
 
-HOTEL_TEST(SharedStoreTest)
+// Only PostgreSQL is served by several programs.
+[[maybe_unused]] static const bool registered =
+    TestPlace::isShared() &&
+    hotel::RegisterTest("SharedStoreTest", []() -> QObject* { return new SharedStoreTest; });
 
 #include "test_shared_store.moc"
