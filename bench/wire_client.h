@@ -73,26 +73,35 @@ public:
 
     // Sends a request and waits for its answer; gives the answer's size in bytes.
     qsizetype exchange(QByteArrayView request) {
-        static const QByteArray end = "</CmdID:007>";
-        SendAll(socket_, request);
-        qsizetype size = 0;
-        qsizetype held = 0;
-        while (held < end.size() ||
-               QByteArrayView(buffer_).first(held).last(end.size()) != QByteArrayView(end)) {
-            if (held > buffer_.size() / 2)
-                buffer_.resize(2 * buffer_.size());
-            const ssize_t got =
-                ::recv(socket_, buffer_.data() + held, size_t(buffer_.size() - held), 0);
-            Require(got > 0, "recv");
-            held += got;
-            size += got;
+        send(request);
+        while (!hasAnswer()) {
         }
-        return size;
+        return held_;
     }
+
+    // The two halves, for who serves several connections: hasAnswer waits for some bytes and tells whether
+    // they end the answer.
+    void send(QByteArrayView request) {
+        held_ = 0;
+        SendAll(socket_, request);
+    }
+    bool hasAnswer() {
+        static const QByteArray end = "</CmdID:007>";
+        if (held_ > buffer_.size() / 2)
+            buffer_.resize(2 * buffer_.size());
+        const ssize_t got =
+            ::recv(socket_, buffer_.data() + held_, size_t(buffer_.size() - held_), 0);
+        Require(got > 0, "recv");
+        held_ += got;
+        return held_ >= end.size() &&
+               QByteArrayView(buffer_).first(held_).last(end.size()) == QByteArrayView(end);
+    }
+    int socket() const { return socket_; }
 
 private:
     int socket_;
     QByteArray buffer_;
+    qsizetype held_ = 0;
 };
 
 // A record of 500 characters.
