@@ -74,9 +74,15 @@ int PrintReport(const TreeReport& report) {
     return report.faults.isEmpty() ? kDone : kFailed;
 }
 
+TreeProgress Progress() {
+    return [](qint64 records, const QString& file) {
+        Print(stderr, u"%1 records, now %2"_s.arg(records).arg(file));
+    };
+}
+
 int Import(const QString& data, const QString& tree) {
     Store store(data, Store::Use::Serve);
-    const TreeReport report = ImportTree(store, tree);
+    const TreeReport report = ImportTree(store, tree, Progress());
     const int result = PrintReport(report);
     if (result != kDone)
         Print(stderr, u"nothing was imported"_s);
@@ -85,7 +91,7 @@ int Import(const QString& data, const QString& tree) {
 
 int Export(const QString& data, const QString& tree) {
     Store store(data, Store::Use::Look);
-    return PrintReport(ExportTree(store, tree));
+    return PrintReport(ExportTree(store, tree, Progress()));
 }
 
 int Check(const QString& data) {

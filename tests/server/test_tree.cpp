@@ -85,6 +85,39 @@ private Q_SLOTS:
         QCOMPARE(store_->upload(Path(u"x.wav")), QByteArray("new"));
     }
 
+    // Files are read in pieces of 64 KiB, which end anywhere: in a character, a line end, a tag.
+    void longFiles() {
+        const auto value = [](int size) {
+            QString text;
+            while (text.size() < size)
+                text += u"中\r\n<a>é</a>"_s;
+            return text.first(size)
+                .replace(u"\r\n"_s, u"\n"_s)
+                .replace(u"\r"_s, u""_s)
+                .replace(u"\n"_s, u"\r\n"_s);
+        };
+        const QList<int> sizes = {0, 1, 16'000, 32'767, 65'530, 65'531, 65'532, 70'000, 400'000};
+        store_->begin();
+        for (qsizetype i = 0; i < sizes.size(); ++i)
+            store_->write(Path(u"a.qvr"), u"p"_s, u"r%1"_s.arg(i), value(sizes[i]));
+        for (int i = 0; i < 2 * kProgressStep; ++i)
+            store_->write(Path(u"b.qvr"), u"p"_s, QString::number(i), u"v"_s);
+        store_->commit();
+        QList<qint64> told;
+        const auto tell = [&told](qint64 records, const QString& file) {
+            told += records;
+            QCOMPARE(file, u"b.qvr"_s);
+        };
+        const QString whole = *store_->readProject(Path(u"a.qvr"), u"p"_s);
+        QCOMPARE(ExportTree(*store_, folder_->filePath(u"out"_s), tell).faults, QStringList());
+        const TestPlace place;
+        Store other(place.name(), Store::Use::Serve);
+        QCOMPARE(ImportTree(other, folder_->filePath(u"out"_s), tell).faults, QStringList());
+        QVERIFY(other.readProject(Path(u"a.qvr"), u"p"_s) == whole);
+        QCOMPARE(other.read(Path(u"b.qvr"), u"p"_s, u"99999"_s), u"v"_s);
+        QCOMPARE(told, (QList<qint64>{50'000, 100'000, 50'000, 100'000}));
+    }
+
     void badTrees() {
         const auto row = [this](const char* name, const QString& file, const QByteArray& content) {
             init();
@@ -103,6 +136,8 @@ private Q_SLOTS:
         row("not in UTF-8", u"a.qvr/p.txt"_s, QByteArray("<1>\xb2\xe2</1>"));
         row("text without fields", u"a.qvr/p.txt"_s, QByteArray("no fields"));
         row("a field never closed", u"a.qvr/p.txt"_s, QByteArray("<1>a</1>\n<2>b\n"));
+        row("half a character", u"a.qvr/p.txt"_s, "<1>" + QByteArray(70'000, 'x') + "\xb2</1>");
+        row("a name that can't be", u"a.qvr/p.txt"_s, QByteArray("<1>a</1><a\tb>1</a\tb>"));
         row("a stray closing tag", u"a.qvr/p.txt"_s, QByteArray("<1>a</1></2>\n"));
         row("a file that is no project", u"a.qvr/p.text"_s, QByteArray("<1>a</1>"));
         row("a folder in a database file", u"a.qvr/b/p.txt"_s, QByteArray("<1>a</1>"));
