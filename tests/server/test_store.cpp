@@ -65,9 +65,9 @@ private Q_SLOTS:
             if (code < 0x80 || CodePageValue(char16_t(code)) != u'?')
                 all += QChar(char16_t(code));
         store_->write(kFile, kProject, u"1"_s, all);
-        for (qsizetype at = 0x80; at < all.size(); at += 400)
+        for (qsizetype at = 0x80; at < all.size(); at += 500)
             store_->write(kFile, u"names"_s,
-                          all.sliced(at).first(qMin<qsizetype>(400, all.size() - at)), u""_s);
+                          all.sliced(at).first(qMin<qsizetype>(500, all.size() - at)), u""_s);
         const QStringList names = Names(*store_, u"names"_s);
         reopen();
         QCOMPARE(store_->read(kFile, kProject, u"1"_s), all);
