@@ -132,7 +132,8 @@ int Run(QCoreApplication& application) {
 
     const QString data = parser.isSet(u"store"_s) ? StoreInDatabase(parser.value(u"store"_s))
                                                   : parser.value(u"data"_s);
-    const bool isOneStore = parser.isSet(u"store"_s) != parser.isSet(u"data"_s);
+    const bool isOneStore = parser.isSet(u"store"_s) != parser.isSet(u"data"_s) &&
+                            !IsDatabasePlace(parser.value(u"data"_s));
     const QStringList words = parser.positionalArguments();
     bool isPort = false;
     ServerSettings settings;

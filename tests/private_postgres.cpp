@@ -93,12 +93,16 @@ QString PrivatePostgres::connection(const QString& schema) const {
 }
 
 void PrivatePostgres::start() {
+    QStringList line = CommandLine(u"postgres"_s, {u"-D"_s, data(), u"-k"_s, host()});
+    QStringList settings = {u"listen_addresses="_s, u"logging_collector=off"_s,
+                            u"log_min_messages=panic"_s, u"max_connections=150"_s};
+    if (disk_ == Disk::Unflushed)
+        settings += {u"fsync=off"_s, u"synchronous_commit=off"_s,
+                     u"default_transaction_isolation=repeatable read"_s};
+    for (const QString& setting : std::as_const(settings))
+        line += {u"-c"_s, setting};
     std::vector<QByteArray> words;
-    for (const QString& word : CommandLine(
-             u"postgres"_s, {u"-D"_s, data(), u"-k"_s, host(), u"-c"_s, u"listen_addresses="_s,
-                             u"-c"_s, u"logging_collector=off"_s, u"-c"_s,
-                             u"log_min_messages=panic"_s, u"-c"_s, u"max_connections=150"_s,
-                             u"-c"_s, disk_ == Disk::Flushed ? u"fsync=on"_s : u"fsync=off"_s}))
+    for (const QString& word : std::as_const(line))
         words.push_back(word.toLocal8Bit());
     std::vector<char*> arguments;
     for (QByteArray& word : words)

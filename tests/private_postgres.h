@@ -15,7 +15,8 @@ public:
     // The server's programs are installed on this machine.
     static bool isInstalled();
 
-    // Tests end programs, not machines: what the system has been given is as good as on disk for them.
+    // Tests end programs, not machines: what the system has been given is as good as on disk for them. The
+    // server then also has settings with which one that asks for nothing better loses what it was told of.
     enum class Disk { Flushed, Unflushed };
 
     // Makes a database `hotel` and starts its server. Throws std::runtime_error when that fails.
