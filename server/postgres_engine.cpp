@@ -250,16 +250,17 @@ private:
     }
 
     // The connection broke while a commit was waited for. The writer of that transaction keeps its lock until
-    // it has come to its end, so once the lock is had here, the log tells what became of it.
+    // it has come to its end, so once the lock is had here, the log tells what became of it. The commit here
+    // is behind that one, and waits for the standby in its stead, which a session that was cut off did not.
     void findOut(const StoreChange& own, const StoreError& error) {
         database_.close();
         bool isDone = false;
         try {
             start(kBeginWriting);
             pending_.add(kLock);
-            isDone =
-                run("SELECT id FROM change WHERE id = ? AND writer = ?", {own.number, own.writer})
-                    .next();
+            isDone = run("UPDATE change SET writer = writer WHERE id = ? AND writer = ?",
+                         {own.number, own.writer})
+                         .changedAny();
             pending_.add(u"COMMIT"_s);
             send();
         } catch (const StoreError&) {

@@ -13,7 +13,8 @@
 //
 // One transaction writes at a time, from the beginning of its first statement to the end of its commit; the
 // numbers are given inside of that. So a row of the log is seen exactly when its changes are, and who
-// has seen row n has seen all rows up to n. Less than this does not do: a sequence is seen ahead of the
+// has seen row n has seen all rows up to n; the number is the table's key, so that a transaction which began
+// from an older state could not commit. Less than this does not do: a sequence is seen ahead of the
 // commit that has moved it, and a reader would take the old state for the new one; a notification arrives
 // at some time after the commit, and an answer may be read from memory before it.
 //
