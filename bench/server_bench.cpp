@@ -2,21 +2,14 @@
 // flush a write, the same act in a small project.
 
 #include "bench/ratio.h"
+#include "bench/wire_client.h"
 
-#include "record/code_page.h"
-#include "record/login_digest.h"
 #include "server/login.h"
 #include "server/store.h"
 
-#include <arpa/inet.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <csignal>
-#include <cstdlib>
 #include <latch>
 #include <thread>
 #include <vector>
@@ -34,35 +27,7 @@ namespace {
 const QString kRooms = u"kfxx\\Kfjbxx.QVR"_s;
 const QString kJournal = u"kzxx\\Journal.QVR"_s;
 
-// --- Both ends of a socket ---------------------------------------------------------------------------
-
-void Require(bool kept, const char* what) {
-    if (kept)
-        return;
-    std::perror(what);
-    std::exit(1);
-}
-
-int ConnectTo(quint16 port) {
-    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    Require(::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0,
-            "connect");
-    const int on = 1;
-    ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-    return socket;
-}
-
-void SendAll(int socket, QByteArrayView bytes) {
-    while (!bytes.isEmpty()) {
-        const ssize_t sent = ::send(socket, bytes.data(), size_t(bytes.size()), MSG_NOSIGNAL);
-        Require(sent > 0, "send");
-        bytes = bytes.sliced(sent);
-    }
-}
+// --- The floor -----------------------------------------------------------------------------------------
 
 // A process that takes `requestSize` bytes and answers with `answerSize` of them, again and again.
 class EchoProcess {
@@ -114,51 +79,6 @@ private:
     QByteArray answer_;
 };
 
-// A workstation's end, without a workstation: bytes out, bytes in.
-class Client {
-public:
-    explicit Client(quint16 port) : socket_(ConnectTo(port)), buffer_(1 << 20, Qt::Uninitialized) {}
-    ~Client() { ::close(socket_); }
-
-    void logIn() {
-        const QString date = QDateTime::currentDateTime().toString(u"yyyy-MM-dd"_s);
-        const QString digest = *LoginDigest(kProductId, u"bench", u"", date);
-        const QByteArray request =
-            Request(u"登录"_s, {{u"用户名"_s, u"bench"_s}, {u"密码"_s, digest}});
-        Require(exchange(request) > 0, "login");
-    }
-
-    static QByteArray Request(const QString& command, const QList<NamedText>& fields) {
-        QString text = u"<命令>"_s + command + u"</命令>\r\n"_s;
-        for (const NamedText& field : fields)
-            text += u"<%1>%2</%1>\r\n"_s.arg(field.name, field.text);
-        return EncodeForWire(text + u"<命令流水号>CmdID:007</命令流水号>\r\n"_s);
-    }
-
-    // Sends a request and waits for its answer; gives the answer's size in bytes.
-    qsizetype exchange(QByteArrayView request) {
-        static const QByteArray end = "</CmdID:007>";
-        SendAll(socket_, request);
-        qsizetype size = 0;
-        qsizetype held = 0;
-        while (held < end.size() ||
-               QByteArrayView(buffer_).first(held).last(end.size()) != QByteArrayView(end)) {
-            if (held > buffer_.size() / 2)
-                buffer_.resize(2 * buffer_.size());
-            const ssize_t got =
-                ::recv(socket_, buffer_.data() + held, size_t(buffer_.size() - held), 0);
-            Require(got > 0, "recv");
-            held += got;
-            size += got;
-        }
-        return size;
-    }
-
-private:
-    int socket_;
-    QByteArray buffer_;
-};
-
 QByteArray ReadRequest(const QString& file, const QString& project, const QString& record) {
     return Client::Request(u"读取记录"_s,
                            {{u"库文件名"_s, file}, {u"项目名"_s, project}, {u"记录"_s, record}});
@@ -178,14 +98,6 @@ QByteArray GreatestRequest(const QString& project) {
          {u"项目名"_s, project},
          {u"记录查询条件"_s,
           u"\r\n<00>\r\n<关系>或者</关系>\r\n<对象>记录名</对象>\r\n<条件>数值最大</条件>\r\n</00>\r\n"_s}});
-}
-
-// A record of 500 characters.
-QString RoomRecord(int number) {
-    QString record = u"<房间号>%1</房间号>\r\n"_s.arg(number);
-    while (record.size() < 460)
-        record += u"<房间类型>标准双人间</房间类型>\r\n<房态>散客入住</房态>\r\n"_s;
-    return record + QString(500 - record.size(), u'备');
 }
 
 // --- The server --------------------------------------------------------------------------------------

@@ -20,8 +20,10 @@ namespace {
 constexpr int kBlockRecords = 32;
 constexpr qsizetype kBlockLength = 16 * 1024;
 
-// Where a request names files.
-constexpr QStringView kFileFields[] = {u"库文件名", u"源文件名", u"目标文件名", u"文件名"};
+const StorePath& UserFile() {
+    static const StorePath path = *ParseFilePath(kUserFile);
+    return path;
+}
 
 // --- What requests and answers are made of -----------------------------------------------------------
 
@@ -75,7 +77,7 @@ CommandAnswer LogIn(ServerState& server, Peer& peer, const Request& request) {
         JudgeLogin(server.store, server.productId, user, digest, peer.address, date);
     if (verdict == LoginVerdict::Admitted) {
         peer.user = user;
-        peer.userChanges = server.userChanges;
+        peer.userChanges = server.store.changesOf(UserFile());
         return {u"<SUCCESS>登录成功"_s, isGuess ? server.failures.wait(peer.address) : 0};
     }
     peer.mayLog = true;
@@ -106,7 +108,7 @@ CommandAnswer LogOut(ServerState&, Peer& peer, const Request&) {
 
 CommandAnswer UserList(ServerState& server, Peer&, const Request&) {
     QStringList users;
-    server.store.walk(*ParseFilePath(kUserFile), kUserProject, false,
+    server.store.walk(UserFile(), kUserProject, false,
                       [&](const QString& name, const QString&) { users += name; });
     return List(u"记录清单", users);
 }
@@ -426,13 +428,13 @@ CommandAnswer FindFields(ServerState& server, Peer&, const Request& request) {
 // --- The table ---------------------------------------------------------------------------------------
 
 constexpr ServerCommand kCommands[] = {
-    {u"登录", kBeforeLogin, LogIn},
-    {u"注销", 0, LogOut},
+    {u"登录", kBeforeLogin | kFromMemory, LogIn},
+    {u"注销", kFromMemory, LogOut},
     {u"用户清单", kBeforeLogin, UserList},
-    {u"获取用户文件名", kBeforeLogin, UserFileName},
-    {u"读取日期", kBeforeLogin, ServerDate},
-    {u"读取时间", kBeforeLogin, ServerTime},
-    {u"读取记录", 0, ReadRecord},
+    {u"获取用户文件名", kBeforeLogin | kFromMemory, UserFileName},
+    {u"读取日期", kBeforeLogin | kFromMemory, ServerDate},
+    {u"读取时间", kBeforeLogin | kFromMemory, ServerTime},
+    {u"读取记录", kFromMemory, ReadRecord},
     {u"缓冲读取记录", 0, ReadBuffered},
     {u"修改记录", kWrites, ModifyRecord},
     {u"创建记录", kWrites, CreateRecord},
@@ -441,36 +443,28 @@ constexpr ServerCommand kCommands[] = {
     {u"记录清单", 0, RecordList},
     {u"查找记录", 0, FindRecords},
     {u"字段查找", 0, FindFields},
-    {u"项目清单", 0, ProjectList},
+    {u"项目清单", kFromMemory, ProjectList},
     {u"创建项目", kWrites, CreateProject},
     {u"删除项目", kWrites, DeleteProject},
     {u"创建数据库", kWrites, CreateDatabase},
     {u"删除数据库", kWrites, DeleteFile},
-    {u"检查数据库", 0, CheckDatabase},
-    {u"数据库清单", 0, FileList},
-    {u"数据准备", 0, PrepareData},
+    {u"检查数据库", kFromMemory, CheckDatabase},
+    {u"数据库清单", kFromMemory, FileList},
+    {u"数据准备", kFromMemory, PrepareData},
     {u"文件换名", kWrites, RenameFile},
     {u"文件复制", kWrites, CopyFile},
     {u"上传文件", kWrites, Upload},
     {u"下载文件", 0, Download},
 };
 
-// A command that names the user file among its files.
-bool NamesUserFile(const Request& request) {
-    const QString userFile = ParseFilePath(kUserFile)->key;
-    return std::ranges::any_of(kFileFields, [&](QStringView field) {
-        const auto path = ParseFilePath(request.field(field));
-        return path && path->key == userFile;
-    });
-}
-
 // Looks again at who is logged in when the users may have changed.
 void DropDeletedUser(const ServerState& server, Peer& peer) {
-    if (peer.user.isEmpty() || peer.userChanges == server.userChanges)
+    const quint64 changes = server.store.changesOf(UserFile());
+    if (peer.user.isEmpty() || peer.userChanges == changes)
         return;
-    peer.userChanges = server.userChanges;
-    if (!server.store.read(*ParseFilePath(kUserFile), kUserProject, peer.user))
+    if (!server.store.read(UserFile(), kUserProject, peer.user))
         peer.user.clear();
+    peer.userChanges = changes;
 }
 
 } // namespace
@@ -485,9 +479,11 @@ QString ErrorText(const QString& words) {
     return FieldText(u"ERROR", words);
 }
 
-CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
-    const ServerCommand* command = FindServerCommand(request.command());
+// Changes nothing of the peer ahead of the last read that may not be in memory.
+static CommandAnswer Answer(ServerState& server, Peer& peer, const Request& request,
+                            const ServerCommand* command) {
     const bool beforeLogin = command && (command->flags & kBeforeLogin);
+    const bool writes = command && (command->flags & kWrites);
     DropDeletedUser(server, peer);
     const bool isAttemptEntry =
         peer.user.isEmpty() && !beforeLogin && IsAttemptEntry(server, peer, request);
@@ -495,7 +491,6 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         return {ErrorText(u"没有登录"_s)};
     if (!command)
         return {ErrorText(u"不认识的命令"_s)};
-    const bool writes = command->flags & kWrites;
     if (writes && request.isTorn())
         return {ErrorText(u"命令不完整"_s)};
     if (writes)
@@ -504,13 +499,28 @@ CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& requ
         peer.mayLog = false;
     try {
         CommandAnswer answer = command->handler(server, peer, request);
-        if (writes && NamesUserFile(request))
-            ++server.userChanges;
         if (isAttemptEntry && !peer.wasCounted)
             answer.delay = server.failures.delayOfFailure(peer.address);
         return answer;
     } catch (const Refusal& refusal) {
         return {ErrorText(refusal.words())};
+    }
+}
+
+CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
+    const unsigned flags = command ? command->flags : kFromMemory;
+    try {
+        if ((flags & kWrites) && (!peer.user.isEmpty() || peer.mayLog))
+            server.store.begin();
+        else if (flags & (kWrites | kFromMemory))
+            server.store.refreshMemory();
+        else
+            server.store.refresh();
+        return Answer(server, peer, request, command);
+    } catch (const Store::NotInMemory&) {
+        server.store.refresh();
+        return Answer(server, peer, request, command);
     }
 }
 

@@ -19,7 +19,7 @@ namespace hotel {
 struct Peer {
     QHostAddress address;
     QString user;            // empty: not logged in
-    quint64 userChanges = 0; // the state of the user file in which the user was last seen
+    quint64 userChanges = 0; // Store::changesOf the user file when the user was last seen
     // After a refused login one entry of the operation log may be added, so that attempts are on file.
     bool mayLog = false;
     bool wasCounted = false; // the refused login counts as a failure already
@@ -32,7 +32,6 @@ struct ServerState {
     QString productId;                // enters the login digest
     std::function<QDateTime()> clock; // the house's time
     OperationLogPlace log = {};
-    quint64 userChanges = 0; // commands that may have changed the user file
 };
 
 struct CommandAnswer {
@@ -45,6 +44,7 @@ using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const 
 enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
     kWrites = 2,      // changes the store: runs in a transaction
+    kFromMemory = 4,  // as a rule memory has what is asked for
 };
 
 struct ServerCommand {
@@ -57,7 +57,7 @@ struct ServerCommand {
 const ServerCommand* FindServerCommand(QStringView name);
 
 // Answers a request; a user who is no longer among the users counts as not logged in. Begins a transaction
-// when the command writes, and leaves the commit to the caller. A request that can't be done is answered
+// when the command writes, refreshes the store else, and leaves the commit to the caller. A request that can't be done is answered
 // `<ERROR>words</ERROR>`. Throws StoreError when the store fails.
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request);
 

@@ -5,6 +5,8 @@
 //     qvrd --data DIR export TREE                          write the whole store as such a tree
 //     qvrd --data DIR check                                verify the store
 //
+// In place of --data DIR, --store "postgresql: host=... dbname=..." names a database.
+//
 // Ends with 0 when all went well, with 1 when not, with 2 when the command line makes no sense.
 
 #include <csignal>
@@ -72,9 +74,15 @@ int PrintReport(const TreeReport& report) {
     return report.faults.isEmpty() ? kDone : kFailed;
 }
 
+TreeProgress Progress() {
+    return [](qint64 records, const QString& file) {
+        Print(stderr, u"%1 records, now %2"_s.arg(records).arg(file));
+    };
+}
+
 int Import(const QString& data, const QString& tree) {
     Store store(data, Store::Use::Serve);
-    const TreeReport report = ImportTree(store, tree);
+    const TreeReport report = ImportTree(store, tree, Progress());
     const int result = PrintReport(report);
     if (result != kDone)
         Print(stderr, u"nothing was imported"_s);
@@ -83,7 +91,7 @@ int Import(const QString& data, const QString& tree) {
 
 int Export(const QString& data, const QString& tree) {
     Store store(data, Store::Use::Look);
-    return PrintReport(ExportTree(store, tree));
+    return PrintReport(ExportTree(store, tree, Progress()));
 }
 
 int Check(const QString& data) {
@@ -98,11 +106,20 @@ int Check(const QString& data) {
 
 // --- Command line ------------------------------------------------------------------------------------
 
+// Empty for what names no database.
+QString StoreInDatabase(const QString& store) {
+    return IsDatabasePlace(store) ? store : QString();
+}
+
 int Run(QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(u"The record server of the hotel workstations."_s);
     parser.addHelpOption();
-    parser.addOption({u"data"_s, u"Folder of the store."_s, u"DIR"_s});
+    parser.addOption({u"data"_s, u"Folder of the embedded store."_s, u"DIR"_s});
+    parser.addOption(
+        {u"store"_s,
+         u"Store in a database: \"postgresql: host=... dbname=...\"; in place of --data."_s,
+         u"STORE"_s});
     parser.addOption({u"port"_s, u"Port to serve on, 0 for any free one."_s, u"PORT"_s, u"6801"_s});
     parser.addOption({u"listen"_s, u"Address to serve on."_s, u"ADDRESS"_s, u"127.0.0.1"_s});
     const OperationLogPlace log;
@@ -113,15 +130,18 @@ int Run(QCoreApplication& application) {
                                  u"[command [TREE]]"_s);
     parser.process(application);
 
-    const QString data = parser.value(u"data"_s);
+    const QString data = parser.isSet(u"store"_s) ? StoreInDatabase(parser.value(u"store"_s))
+                                                  : parser.value(u"data"_s);
+    const bool isOneStore = parser.isSet(u"store"_s) != parser.isSet(u"data"_s) &&
+                            !IsDatabasePlace(parser.value(u"data"_s));
     const QStringList words = parser.positionalArguments();
     bool isPort = false;
     ServerSettings settings;
-    settings.dataFolder = data;
+    settings.store = data;
     settings.port = parser.value(u"port"_s).toUShort(&isPort);
     settings.listen = QHostAddress(parser.value(u"listen"_s));
     settings.log = {parser.value(u"log-folder"_s), parser.value(u"log-project"_s)};
-    if (!data.isEmpty() && isPort && !settings.listen.isNull()) {
+    if (isOneStore && !data.isEmpty() && isPort && !settings.listen.isNull()) {
         if (words.isEmpty())
             return Serve(application, settings);
         if (words.size() == 2 && words[0] == u"import")

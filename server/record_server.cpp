@@ -17,6 +17,13 @@ namespace {
 constexpr qint64 kTurnTime = 5; // milliseconds
 constexpr size_t kTurnRequests = 512;
 
+// Requests that are taken ahead of a look into a store that others serve too.
+constexpr size_t kTakenTogether = 64;
+
+CommandAnswer StoreErrorAnswer(const StoreError& error) {
+    return {ErrorText(u"数据库不能完成命令："_s + error.words())};
+}
+
 constexpr int kListenBacklog = 256;
 constexpr int kAcceptPause = 1000; // milliseconds after which a failed accept is tried again
 constexpr int kLastSending = 2000; // milliseconds for a client to take its last answers
@@ -24,7 +31,7 @@ constexpr int kLastSending = 2000; // milliseconds for a client to take its last
 } // namespace
 
 RecordServer::RecordServer(ServerSettings settings)
-    : settings_(std::move(settings)), store_(settings_.dataFolder, Store::Use::Serve),
+    : settings_(std::move(settings)), store_(settings_.store, Store::Use::Serve),
       failures_(settings_.failureStep), state_{store_, failures_, settings_.productId,
                                                settings_.clock, settings_.log} {
     listener_.setListenBacklogSize(kListenBacklog);
@@ -79,6 +86,11 @@ void RecordServer::dispatcher_aboutToBlock() {
             takeRequests() && store_.inTransaction() && settings_.turnsOfCommit == 1;
         if (!goesOn)
             finishTurn();
+    } catch (const LostCommit& error) {
+        qWarning("store: a commit that may be lost: %s", error.what());
+        store_.rollback();
+        answerAll(error);
+        finishTurn();
     } catch (const StoreError& error) {
         qWarning("store: %s", error.what());
         if (std::exchange(uncommittedTurns_, 0) > 0)
@@ -100,22 +112,33 @@ bool RecordServer::takeRequests() {
         return turn_.exchanges.size() >= kTurnRequests || turn_.spent.hasExpired(kTurnTime);
     };
     while (!queue_.empty() && !isFull()) {
-        ClientConnection* connection = queue_.front();
-        queue_.pop_front();
-        connection->queued = false;
-        std::optional<Request> request = connection->next();
-        if (!request) {
-            turn_.drained.push_back(connection);
-            continue;
-        }
-        turn_.exchanges.push_back({connection, std::move(*request), {}, connection->peer});
-        Exchange& exchange = turn_.exchanges.back();
-        exchange.answer = AnswerRequest(state_, connection->peer, exchange.request);
-        if (exchange.answer.delay > 0)
-            connection->hold();
-        enqueue(connection);
+        const size_t first = turn_.exchanges.size();
+        const size_t together = store_.isShared() ? std::min(queue_.size(), kTakenTogether) : 1;
+        for (size_t n = 0; n < together; ++n)
+            takeRequest();
+        store_.expectNews();
+        for (size_t n = first; n < turn_.exchanges.size(); ++n)
+            answerRequest(turn_.exchanges[n]);
     }
     return turn_.exchanges.size() > before && !isFull();
+}
+
+void RecordServer::takeRequest() {
+    ClientConnection* connection = queue_.front();
+    queue_.pop_front();
+    connection->queued = false;
+    if (std::optional<Request> request = connection->next())
+        turn_.exchanges.push_back({connection, std::move(*request), {}, connection->peer});
+    else
+        turn_.drained.push_back(connection);
+}
+
+void RecordServer::answerRequest(Exchange& exchange) {
+    exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
+    exchange.isAnswered = true;
+    if (exchange.answer.delay > 0)
+        exchange.connection->hold();
+    enqueue(exchange.connection);
 }
 
 void RecordServer::commitTurn() {
@@ -135,20 +158,36 @@ void RecordServer::finishTurn() {
     turn_.drained.clear();
 }
 
-// Who speaks on the connections goes back as well to what it was ahead of the turn. Delays stay: a
-// connection whose answer did not wait has sent the next requests of the turn.
-void RecordServer::answerEachAlone() {
+// Who speaks on the connections goes back to what it was ahead of the turn.
+void RecordServer::restorePeers() {
     for (auto exchange = turn_.exchanges.rbegin(); exchange != turn_.exchanges.rend(); ++exchange)
         exchange->connection->peer = exchange->before;
+}
+
+// Delays stay: a connection whose answer did not wait has sent the next requests of the turn.
+void RecordServer::answerEachAlone() {
+    restorePeers();
     for (Exchange& exchange : turn_.exchanges) {
-        const int delay = exchange.answer.delay;
+        const std::optional<int> delay =
+            exchange.isAnswered ? std::optional(exchange.answer.delay) : std::nullopt;
         try {
-            exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
+            store_.expectNews();
+            answerRequest(exchange);
             store_.commit();
         } catch (const StoreError& error) {
             store_.rollback();
-            exchange.answer = {ErrorText(u"数据库不能完成命令："_s + error.words())};
+            exchange.answer = StoreErrorAnswer(error);
+            enqueue(exchange.connection);
         }
+        exchange.answer.delay = delay.value_or(exchange.answer.delay);
+    }
+}
+
+void RecordServer::answerAll(const StoreError& error) {
+    restorePeers();
+    for (Exchange& exchange : turn_.exchanges) {
+        const int delay = exchange.answer.delay;
+        exchange.answer = StoreErrorAnswer(error);
         exchange.answer.delay = delay;
         enqueue(exchange.connection);
     }

@@ -6,7 +6,10 @@
 // one commit, and no answer leaves before it. A turn that has changed something goes on until a pass
 // over the sockets brings nothing new, so that it takes along who is about to write. When the commit
 // fails, each request of the turn is tried again by itself, so that one that can't be done takes no
-// other with it.
+// other with it; when it may or may not have come about, none is tried again.
+//
+// Before a store that others serve too is looked at, a request of each connection is taken: one look at
+// what is new answers them all, and is later than any of them.
 //
 // A turn is short whatever is waiting, and takes one request of each connection after the other; a
 // client that sends without reading, or reads nothing, holds up nobody but itself.
@@ -33,7 +36,7 @@
 namespace hotel {
 
 struct ServerSettings {
-    QString dataFolder;
+    QString store; // its place, as Store takes it
     QHostAddress listen{QHostAddress::LocalHost};
     quint16 port = 6801;                       // 0: any free one
     QString productId = kProductId.toString(); // enters the login digest
@@ -68,6 +71,7 @@ private:
         Request request;
         CommandAnswer answer;
         Peer before; // the connection's, ahead of the request
+        bool isAnswered = false;
     };
     struct Turn {
         std::vector<Exchange> exchanges;
@@ -79,9 +83,13 @@ private:
     void dispatcher_aboutToBlock();
     void enqueue(ClientConnection* connection);
     bool takeRequests();
+    void takeRequest();
+    void answerRequest(Exchange& exchange);
     void finishTurn();
     void commitTurn();
+    void restorePeers();
     void answerEachAlone();
+    void answerAll(const StoreError& error);
     void sendAnswers();
     void letGo();
     QList<ClientConnection*> connections() const;

@@ -1,12 +1,8 @@
 #include "server/store.h"
 
 #include <algorithm>
-#include <sys/file.h>
 
-#include <QDir>
 #include <QRandomGenerator>
-#include <QSqlError>
-#include <QUuid>
 
 #include "record/field_walk.h"
 #include "record/numbers.h"
@@ -14,35 +10,11 @@
 
 namespace hotel {
 
-// The tables. A record's id is its project's id times kRecordsPerProject plus a running number: the
-// records of a project lie together in their order, and reading it whole is one sweep.
-//
-//     file     id, path (the key), name (as written), kind (1 database, 2 uploaded file)
-//     project  id, file, name                     ids rise in insertion order
-//     record   id, project, name, number, value   number: leading number of the name, for the greatest
-//     upload   file, content
-static const char* const kTables[] = {
-    "CREATE TABLE IF NOT EXISTS file (id INTEGER PRIMARY KEY, path TEXT NOT NULL UNIQUE, "
-    "name TEXT NOT NULL, kind INTEGER NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS project (id INTEGER PRIMARY KEY, file INTEGER NOT NULL, "
-    "name TEXT NOT NULL, UNIQUE (file, name))",
-    "CREATE TABLE IF NOT EXISTS record (id INTEGER PRIMARY KEY, project INTEGER NOT NULL, "
-    "name TEXT NOT NULL, number DOUBLE PRECISION NOT NULL, value TEXT NOT NULL, "
-    "UNIQUE (project, name))",
-    "CREATE INDEX IF NOT EXISTS record_number ON record (project, number, id)",
-    "CREATE TABLE IF NOT EXISTS upload (file INTEGER PRIMARY KEY, content BLOB NOT NULL)",
-};
-
 namespace {
 
 // Characters of values that are kept in memory, and what one takes beyond its characters.
 constexpr qsizetype kValueMemory = 32 * 1024 * 1024;
 constexpr qsizetype kValueOverhead = 64;
-
-StoreError Failed(const QSqlQuery& query) {
-    const QSqlError error = query.lastError();
-    return StoreError(error.databaseText().isEmpty() ? error.driverText() : error.databaseText());
-}
 
 // An empty text that is stored as such: the database takes a null text for a missing value.
 QString Stored(const QString& text) {
@@ -51,105 +23,49 @@ QString Stored(const QString& text) {
 
 } // namespace
 
-// --- Statements --------------------------------------------------------------------------------------
-
-Store::Rows::~Rows() {
-    if (query_)
-        query_->finish();
-}
-
-bool Store::Rows::next() {
-    if (query_->next())
-        return true;
-    if (query_->lastError().isValid())
-        throw Failed(*query_);
-    return false;
-}
-
-QSqlQuery& Store::prepared(const char* sql) {
-    const auto known = statements_.find(sql);
-    if (known != statements_.end())
-        return known->second;
-    QSqlQuery query(database_);
-    query.setForwardOnly(true);
-    if (!query.prepare(QString::fromUtf8(sql)))
-        throw Failed(query);
-    return statements_.emplace(sql, std::move(query)).first->second;
-}
-
-Store::Rows Store::executed(QSqlQuery& query) {
-    Rows rows(query);
-    if (!query.exec())
-        throw Failed(query);
-    return rows;
-}
-
 // --- Opening -----------------------------------------------------------------------------------------
 
-Store::Store(const QString& folder, Use use)
-    : folder_(folder), use_(use), connection_{QUuid::createUuid().toString()},
-      values_(kValueMemory), stampBase_(QRandomGenerator::system()->generate64()) {
-    if (use_ == Use::Serve)
-        takeLock();
-    openDatabase();
-    if (use_ == Use::Serve)
-        createTables();
-    else
-        begin(); // one view of the store for as long as it is looked at
-    loadFiles();
+Store::Store(const QString& place, Use use)
+    : use_(use), engine_(OpenEngine(place, use)), values_(kValueMemory),
+      stampBase_(QRandomGenerator::system()->generate64()) {
+    if (use_ == Use::Look)
+        engine_->view(known_.number); // for as long as it is looked at
+    if (use_ == Use::Serve && isShared()) {
+        refresh();
+        expectNews();
+    } else {
+        loadFiles();
+    }
 }
 
 Store::~Store() = default;
 
-void Store::takeLock() {
-    if (!QDir().mkpath(folder_))
-        throw StoreError(u"can't make the folder "_s + folder_);
-    lock_.setFileName(QDir(folder_).filePath(u"lock"_s));
-    if (!lock_.open(QIODevice::ReadWrite))
-        throw StoreError(u"can't write into the folder "_s + folder_);
-    if (::flock(lock_.handle(), LOCK_EX | LOCK_NB) != 0)
-        throw StoreError(u"another program serves the store in "_s + folder_);
-}
-
-void Store::openDatabase() {
-    database_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection_.name);
-    database_.setDatabaseName(QDir(folder_).filePath(u"store.db"_s));
-    if (use_ == Use::Look)
-        database_.setConnectOptions(u"QSQLITE_OPEN_READONLY"_s);
-    if (!database_.open())
-        throw StoreError(u"can't open the store in "_s + folder_);
-    if (use_ == Use::Look)
-        return;
-    // A commit comes back after its flush of the write-ahead log, so that it survives a power cut.
-    for (const char* pragma :
-         {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA cache_size = -65536"}) {
-        QSqlQuery query(database_);
-        if (!query.exec(QString::fromUtf8(pragma)))
-            throw Failed(query);
-    }
-}
-
-void Store::createTables() {
-    for (const char* sql : kTables) {
-        QSqlQuery query(database_);
-        if (!query.exec(QString::fromUtf8(sql)))
-            throw Failed(query);
-    }
-}
-
 void Store::loadFiles() {
     files_.clear();
     ++changes_;
+    nextFile_ = nextProject_ = 0;
     Rows files = run("SELECT id, path, name, kind FROM file");
     while (files.next())
         files_.emplace(files.text(1), File{files.integer(0), files.text(2), Kind(files.integer(3)),
                                            changes_, std::nullopt});
-    Rows lastFile = run("SELECT COALESCE(MAX(id), 0) FROM file");
-    lastFile.next();
-    nextFile_ = lastFile.integer(0) + 1;
-    Rows lastProject = run("SELECT COALESCE(MAX(id), 0) FROM project");
-    lastProject.next();
-    nextProject_ = lastProject.integer(0) + 1;
+}
+
+qint64 Store::newFileId() {
+    if (nextFile_ == 0) {
+        Rows last = run("SELECT COALESCE(MAX(id), 0) FROM file");
+        last.next();
+        nextFile_ = last.integer(0) + 1;
+    }
+    return nextFile_++;
+}
+
+qint64 Store::newProjectId() {
+    if (nextProject_ == 0) {
+        Rows last = run("SELECT COALESCE(MAX(id), 0) FROM project");
+        last.next();
+        nextProject_ = last.integer(0) + 1;
+    }
+    return nextProject_++;
 }
 
 // --- Transactions ------------------------------------------------------------------------------------
@@ -157,29 +73,41 @@ void Store::loadFiles() {
 void Store::begin() {
     if (inTransaction_)
         return;
-    run("BEGIN");
+    sight_ = Sight::Old;
+    const QList<StoreChange> log = engine_->begin(known_.number);
     inTransaction_ = true;
+    learn(log);
 }
 
 void Store::commit() {
-    if (!inTransaction_)
+    if (!inTransaction_) {
+        expectNews();
         return;
-    run("COMMIT");
+    }
+    StoreChange own;
+    if (isShared())
+        own = {known_.number + 1, qint64(QRandomGenerator::system()->generate64()), told()};
+    engine_->commit(own);
     inTransaction_ = false;
+    known_ = own;
+    told_.clear();
     before_.clear();
 }
 
 void Store::rollback() {
+    engine_->rollback();
+    sight_ = Sight::Old;
+    nextFile_ = nextProject_ = 0; // they may have been asked for behind a removal that is undone
     if (!inTransaction_)
         return;
     inTransaction_ = false;
-    database_.rollback(); // fails when the database has rolled back by itself; then all is done
     for (auto file = before_.cbegin(); file != before_.cend(); ++file) {
         if (*file)
             files_[file.key()] = **file;
         else
             files_.erase(file.key());
     }
+    told_.clear();
     before_.clear();
 }
 
@@ -219,9 +147,11 @@ Store::File* Store::findDatabase(const StorePath& path) {
 
 Store::File& Store::addFile(const StorePath& path, Kind kind) {
     remember(path.key);
-    run("INSERT INTO file (id, path, name, kind) VALUES (?, ?, ?, ?)", nextFile_, path.key,
-        path.name, int(kind));
-    File& file = files_[path.key] = File{nextFile_++, path.name, kind, ++changes_, std::nullopt};
+    tell(path.key);
+    const qint64 id = newFileId();
+    change("INSERT INTO file (id, path, name, kind) VALUES (?, ?, ?, ?)", id, path.key, path.name,
+           int(kind));
+    File& file = files_[path.key] = File{id, path.name, kind, ++changes_, std::nullopt};
     if (kind == Kind::Database)
         file.projects.emplace();
     return file;
@@ -245,13 +175,14 @@ void Store::removeFile(const StorePath& path) {
     if (file == files_.end())
         throw Refusal(refusal::kNoFile);
     remember(path.key);
+    tell(path.key);
     if (file->second.kind == Kind::Database) {
         for (const Project& project : std::as_const(projectsOf(file->second)))
             deleteProjectRows(project.id);
     } else {
-        run("DELETE FROM upload WHERE file = ?", file->second.id);
+        change("DELETE FROM upload WHERE file = ?", file->second.id);
     }
-    run("DELETE FROM file WHERE id = ?", file->second.id);
+    change("DELETE FROM file WHERE id = ?", file->second.id);
     files_.erase(file);
 }
 
@@ -263,7 +194,9 @@ void Store::renameFile(const StorePath& from, const StorePath& to) {
         throw Refusal(refusal::kFileExists);
     remember(from.key);
     remember(to.key);
-    run("UPDATE file SET path = ?, name = ? WHERE id = ?", to.key, to.name, file->second.id);
+    tell(from.key);
+    tell(to.key);
+    change("UPDATE file SET path = ?, name = ? WHERE id = ?", to.key, to.name, file->second.id);
     File renamed = std::move(file->second);
     files_.erase(file);
     renamed.name = to.name;
@@ -279,9 +212,9 @@ void Store::copyFile(const StorePath& from, const StorePath& to) {
         throw Refusal(refusal::kFileExists);
     File& copy = addFile(to, file->second.kind);
     if (copy.kind == Kind::Upload) {
-        run("INSERT INTO upload (file, content) SELECT CAST(? AS INTEGER), content FROM upload "
-            "WHERE file = ?",
-            copy.id, file->second.id);
+        change("INSERT INTO upload (file, content) SELECT CAST(? AS BIGINT), content FROM upload "
+               "WHERE file = ?",
+               copy.id, file->second.id);
         return;
     }
     for (const auto& [id, name] : projectsInOrder(file->second))
@@ -318,9 +251,12 @@ QList<StorePath> Store::paths(Kind kind) const {
 }
 
 QString Store::stamp(const StorePath& path) const {
+    return QString::number(stampBase_ + changesOf(path), 16).rightJustified(16, u'0').toUpper();
+}
+
+quint64 Store::changesOf(const StorePath& path) const {
     const File* file = find(path);
-    const quint64 stamp = stampBase_ + (file ? file->changed : 0);
-    return QString::number(stamp, 16).rightJustified(16, u'0').toUpper();
+    return file ? file->changed : 0;
 }
 
 std::optional<QByteArray> Store::upload(const StorePath& path) {
@@ -337,8 +273,9 @@ void Store::writeUpload(const StorePath& path, const QByteArray& content) {
     const auto known = files_.find(path.key);
     File& file = known == files_.end() ? addFile(path, Kind::Upload) : known->second;
     const QByteArray stored = content.isNull() ? QByteArray("") : content;
-    run("DELETE FROM upload WHERE file = ?", file.id);
-    run("INSERT INTO upload (file, content) VALUES (?, ?)", file.id, stored);
+    change("DELETE FROM upload WHERE file = ?", file.id);
+    change("INSERT INTO upload (file, content) VALUES (?, ?)", file.id, stored);
+    tell(path.key);
     touch(path.key, file);
 }
 
@@ -380,9 +317,10 @@ Store::Project& Store::madeProject(const StorePath& path, const QString& project
     const auto found = projects.find(project);
     if (found != projects.end())
         return *found;
-    run("INSERT INTO project (id, file, name) VALUES (?, ?, ?)", nextProject_, file.id, project);
-    const qint64 id = nextProject_++;
-    return *projects.insert(project, Project{id, ++versions_, FirstRecordId(id)});
+    tell(path.key);
+    const qint64 id = newProjectId();
+    change("INSERT INTO project (id, file, name) VALUES (?, ?, ?)", id, file.id, project);
+    return *projects.insert(project, Project{id, ++versions_});
 }
 
 QStringList Store::projects(const StorePath& path) {
@@ -403,21 +341,22 @@ void Store::removeProject(const StorePath& path, const QString& project) {
         throw Refusal(refusal::kNoProject);
     File& file = *findDatabase(path);
     touch(path.key, file);
+    tell(path.key);
     deleteProjectRows(found->id);
     file.projects->remove(project);
 }
 
 void Store::deleteProjectRows(qint64 project) {
-    run("DELETE FROM record WHERE project = ?", project);
-    run("DELETE FROM project WHERE id = ?", project);
+    change("DELETE FROM record WHERE project = ?", project);
+    change("DELETE FROM project WHERE id = ?", project);
 }
 
 void Store::copyProject(qint64 fromProject, qint64 toFile, const QString& name) {
-    const qint64 id = nextProject_++;
-    run("INSERT INTO project (id, file, name) VALUES (?, ?, ?)", id, toFile, name);
-    run("INSERT INTO record (id, project, name, number, value) "
-        "SELECT id + ?, project + ?, name, number, value FROM record WHERE project = ?",
-        FirstRecordId(id - fromProject), id - fromProject, fromProject);
+    const qint64 id = newProjectId();
+    change("INSERT INTO project (id, file, name) VALUES (?, ?, ?)", id, toFile, name);
+    change("INSERT INTO record (id, project, name, number, value) "
+           "SELECT id + ?, project + ?, name, number, value FROM record WHERE project = ?",
+           FirstRecordId(id - fromProject), id - fromProject, fromProject);
 }
 
 std::optional<QString> Store::readProject(const StorePath& path, const QString& project) {
@@ -452,10 +391,12 @@ void Store::writeProject(const StorePath& path, const QString& project, QStringV
 
     Project& target = madeProject(path, project);
     target.version = ++versions_;
-    run("DELETE FROM record WHERE project = ?", target.id);
-    target.nextRecord = FirstRecordId(target.id);
+    tell(path.key, project);
+    change("DELETE FROM record WHERE project = ?", target.id);
+    qint64 id = FirstRecordId(target.id);
     for (const NamedText& record : std::as_const(records))
-        insertRecord(target, record.name, record.text);
+        change("INSERT INTO record (id, project, name, number, value) VALUES (?, ?, ?, ?, ?)", id++,
+               target.id, record.name, LeadingNumber(record.name), Stored(record.text));
 }
 
 // --- Records -----------------------------------------------------------------------------------------
@@ -487,23 +428,14 @@ void Store::write(const StorePath& path, const QString& project, const QString& 
                   const QString& value) {
     Project& target = madeProject(path, project);
     values_.remove({target.version, record});
-    const Rows update = run("UPDATE record SET value = ? WHERE project = ? AND name = ?",
-                            Stored(value), target.id, record);
-    if (!update.changedAny())
-        insertRecord(target, record, value);
-}
-
-void Store::insertRecord(Project& project, const QString& name, const QString& value) {
-    if (project.nextRecord == 0) {
-        Rows last = run("SELECT COALESCE(MAX(id), ?) FROM record WHERE id >= ? AND id < ?",
-                        FirstRecordId(project.id) - 1, FirstRecordId(project.id),
-                        FirstRecordId(project.id + 1));
-        last.next();
-        project.nextRecord = last.integer(0) + 1;
-    }
-    run("INSERT INTO record (id, project, name, number, value) VALUES (?, ?, ?, ?, ?)",
-        project.nextRecord, project.id, name, LeadingNumber(name), Stored(value));
-    ++project.nextRecord;
+    tell(path.key, project, record);
+    const qint64 first = FirstRecordId(target.id);
+    change("INSERT INTO record (id, project, name, number, value) VALUES "
+           "(COALESCE((SELECT id FROM record WHERE id >= ? AND id < ? ORDER BY id DESC LIMIT 1) + "
+           "1, ?), "
+           "?, ?, ?, ?) ON CONFLICT (project, name) DO UPDATE SET value = excluded.value",
+           first, FirstRecordId(target.id + 1), first, target.id, record, LeadingNumber(record),
+           Stored(value));
 }
 
 void Store::remove(const StorePath& path, const QString& project, const QString& record) {
@@ -514,6 +446,7 @@ void Store::remove(const StorePath& path, const QString& project, const QString&
     if (!rows.changedAny())
         throw Refusal(refusal::kNoRecord);
     values_.remove({found->version, record});
+    tell(path.key, project, record);
     touch(path.key, *findDatabase(path));
 }
 

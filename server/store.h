@@ -8,56 +8,42 @@
 // they stand; letter case counts in them, but not in paths. A path is either a database file or an
 // uploaded file.
 //
-// Every operation is either done, or throws and has changed nothing:
-//   Refusal     what was asked for can't be done here (no such record, ...); the store is fine.
-//   StoreError  the store itself fails (disk full, read-only, damaged). The transaction must be rolled
-//               back.
+// Every operation is either done, or throws and has changed nothing (server/store_failure.h). After a
+// StoreError the transaction must be rolled back.
 //
 // Writing needs a transaction (begin ... commit), which may take any number of operations. What
 // commit has come back from is on disk.
 //
-// Used by one thread. One program serves a store at a time; others may look into it meanwhile.
+// Used by one thread. One program serves an embedded store at a time; others may look into it meanwhile.
+// Several may serve a shared one (server/store_engine.h). Whatever one of them has acknowledged, the next
+// read through any other sees:
+//   - Who serves calls expectNews when requests have come in, behind the last of them: what was acknowledged
+//     ahead of a request is on disk by then. Before anything is read for them, refresh reads the log of
+//     changes and takes out of memory what others have changed; one view of the database answers all reads
+//     up to the next expectNews, so that no answer is put together from two states.
+//   - refreshMemory does with one look at the log where memory alone can answer. What can't be answered so
+//     throws NotInMemory, and is asked again behind refresh.
+//   - A transaction that writes has the store for itself from begin to commit, and refreshes in begin.
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
-#include <stdexcept>
-#include <unordered_map>
 #include <utility>
 
 #include <QByteArray>
 #include <QCache>
-#include <QFile>
 #include <QHash>
-#include <QSqlDatabase>
-#include <QSqlQuery>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
 #include "record/literals.h"
+#include "server/store_engine.h"
 #include "server/store_path.h"
 
 namespace hotel {
-
-class Failure : public std::runtime_error {
-public:
-    explicit Failure(const QString& words) : runtime_error(words.toStdString()), words_(words) {}
-    const QString& words() const { return words_; } // for people
-
-private:
-    QString words_;
-};
-
-class Refusal : public Failure {
-public:
-    using Failure::Failure;
-};
-
-class StoreError : public Failure {
-public:
-    using Failure::Failure;
-};
 
 namespace refusal {
 inline const QString kNoFile = u"没有该文件"_s;
@@ -76,21 +62,28 @@ struct NamedText {
 
 class Store {
 public:
-    enum class Use {
-        Serve, // read and write; creates a store that is missing, keeps other programs from serving it
-        Look, // read only, the store as it stood at the moment of opening
-    };
+    using Use = StoreEngine::Use;
 
-    // Opens the store in `folder`. Throws StoreError when it can't be opened, or when another
-    // program serves it already.
-    Store(const QString& folder, Use use);
+    // Opens the store at `place`, as OpenEngine does; a store that is to be served is created when it is
+    // missing.
+    Store(const QString& place, Use use);
     ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
+    // Others may serve the store as well.
+    bool isShared() const { return engine_->isShared(); }
+    // What is asked from here on came in later than all that was asked before.
+    void expectNews();
+    // Learns what others have changed, once after each expectNews.
+    void refresh();
+    struct NotInMemory {};
+    void refreshMemory();
+
     // Begins a transaction unless one is under way.
     void begin();
-    // Puts the transaction's changes on disk; nothing to do when none is under way.
+    // Puts the transaction's changes on disk; without one, lets go of the view that reads had. Throws
+    // LostCommit when nobody can tell whether the changes are on disk.
     void commit();
     // Undoes the transaction. Never fails.
     void rollback();
@@ -123,6 +116,8 @@ public:
     // Sixteen hexadecimal digits that are others after every change of the file, and after a
     // restart.
     QString stamp(const StorePath& path) const;
+    // The same as a number that counts in this program only; 0 for a file that isn't there.
+    quint64 changesOf(const StorePath& path) const;
 
     // An uploaded file's bytes; nothing when there is none of that path. Uploading replaces.
     std::optional<QByteArray> upload(const StorePath& path);
@@ -183,8 +178,7 @@ private:
 
     struct Project {
         qint64 id;
-        qint64 version;        // another one after every reading and rewriting of the project
-        qint64 nextRecord = 0; // id of the next new record; 0 when not known yet
+        qint64 version; // another one after every reading and rewriting of the project
     };
     using Projects = QHash<QString, Project>;
     struct File {
@@ -195,45 +189,28 @@ private:
         std::optional<Projects> projects; // read when first asked for
     };
 
-    // A name among Qt's connections, given back last.
-    struct Connection {
-        QString name;
-        ~Connection() { QSqlDatabase::removeDatabase(name); }
-    };
-
-    // The answer of one statement. Its cursor is closed with it, so that no read holds up a commit.
-    class Rows {
-    public:
-        explicit Rows(QSqlQuery& query) : query_(&query) {}
-        Rows(Rows&& other) noexcept : query_(std::exchange(other.query_, nullptr)) {}
-        ~Rows();
-        bool next();
-        QString text(int column) const { return query_->value(column).toString(); }
-        qint64 integer(int column) const { return query_->value(column).toLongLong(); }
-        QByteArray bytes(int column) const { return query_->value(column).toByteArray(); }
-        double number(int column) const { return query_->value(column).toDouble(); }
-        bool changedAny() const { return query_->numRowsAffected() > 0; }
-
-    private:
-        QSqlQuery* query_;
-    };
-
-    // Runs `sql` with the values for its question marks. A statement is known by the address of its
-    // text.
+    // Runs `sql` with the values for its question marks; change does when nobody needs the answer.
     template<typename... Values>
     Rows run(const char* sql, const Values&... values) {
-        QSqlQuery& query = prepared(sql);
-        int position = 0;
-        (query.bindValue(position++, values), ...);
-        return executed(query);
+        if (sight_ == Sight::Memory)
+            throw NotInMemory();
+        return engine_->run(sql, {QVariant(values)...});
     }
-    QSqlQuery& prepared(const char* sql);
-    Rows executed(QSqlQuery& query);
+    template<typename... Values>
+    void change(const char* sql, const Values&... values) {
+        engine_->change(sql, {QVariant(values)...});
+    }
 
-    void takeLock();
-    void openDatabase();
-    void createTables();
     void loadFiles();
+    qint64 newFileId();
+    qint64 newProjectId();
+
+    bool isKnown(const StoreChange& change) const;
+    void learn(const QList<StoreChange>& log);
+    void learnEntry(const QString& entry);
+    void reloadFile(const QString& key);
+    QString told() const;
+    void tell(const QString& key, const QString& project = {}, const QString& record = {});
 
     const File* find(const StorePath& path) const;
     File* findDatabase(const StorePath& path);
@@ -245,7 +222,6 @@ private:
     File& addFile(const StorePath& path, Kind kind);
     void copyProject(qint64 fromProject, qint64 toFile, const QString& name);
     void deleteProjectRows(qint64 project);
-    void insertRecord(Project& project, const QString& name, const QString& value);
     void remember(const QString& key);
     void touch(const QString& key, File& file);
 
@@ -253,18 +229,20 @@ private:
     void checkOwners(QStringList& faults);
     void checkRecords(QStringList& faults);
 
-    QString folder_;
     Use use_;
-    QFile lock_;
-    Connection connection_;
-    QSqlDatabase database_;
-    std::unordered_map<const char*, QSqlQuery> statements_;
+    std::unique_ptr<StoreEngine> engine_;
     bool inTransaction_ = false;
 
-    // The files by key. The store is this program's own, so its directory is kept in memory.
+    // The files by key. Ids of what is made next; 0: to be asked for.
     std::map<QString, File> files_;
-    qint64 nextFile_ = 1;
-    qint64 nextProject_ = 1;
+    qint64 nextFile_ = 0;
+    qint64 nextProject_ = 0;
+
+    // Of a shared store: the last row of the log that memory knows of, and what this transaction changes.
+    enum class Sight { Old, Memory, View };
+    Sight sight_ = Sight::Old;
+    StoreChange known_;
+    QSet<QString> told_;
 
     // Values read lately, by their project's version and their record's name.
     using ValueKey = std::pair<qint64, QString>;

@@ -4,11 +4,7 @@
 namespace hotel {
 
 QStringList Store::check() {
-    QStringList faults;
-    Rows integrity = run("PRAGMA integrity_check");
-    while (integrity.next())
-        if (integrity.text(0) != u"ok")
-            faults += integrity.text(0);
+    QStringList faults = engine_->faults();
     checkFiles(faults);
     checkOwners(faults);
     checkRecords(faults);

@@ -39,7 +39,10 @@ static std::optional<StorePath> ParseSteps(QStringView text) {
             name += kPathSeparator;
         name += step;
     }
-    return StorePath{name.toCaseFolded(), name};
+    const QString key = name.toCaseFolded(); // which may be longer
+    if (key.size() > kStoredNameLimit)
+        return std::nullopt;
+    return StorePath{key, name};
 }
 
 std::optional<StorePath> ParseFilePath(QStringView text) {
@@ -56,7 +59,7 @@ std::optional<StorePath> ParseFolderPath(QStringView text) {
 
 std::optional<QString> ParseName(QStringView text) {
     QString name = TrimWhite(text);
-    if (name.isEmpty() || HoldsForbidden(name))
+    if (name.isEmpty() || name.size() > kStoredNameLimit || HoldsForbidden(name))
         return std::nullopt;
     return name;
 }

@@ -25,9 +25,12 @@ struct StorePath {
     }
 };
 
+// Characters of a path or a name at most: they stand in indexes, whose entries some databases bound.
+inline constexpr qsizetype kStoredNameLimit = 500;
+
 // The path of a database file or an uploaded file. White space around it and doubled separators
 // don't count. Gives nothing for a path that is empty or absolute, ends in a separator, has a drive
-// letter, a `..` step, a control character or a tag bracket.
+// letter, a `..` step, a control character or a tag bracket, or is too long.
 std::optional<StorePath> ParseFilePath(QStringView text);
 
 // The path of a folder, by the same rules; one trailing separator is allowed, and the empty text is
@@ -35,7 +38,7 @@ std::optional<StorePath> ParseFilePath(QStringView text);
 std::optional<StorePath> ParseFolderPath(QStringView text);
 
 // `text` as the name of a project or a record, white space around it taken off; nothing when that
-// is empty or holds a control character or a tag bracket, which no list and no field could carry.
+// is empty, too long, or holds a control character or a tag bracket, which no list and no field could carry.
 std::optional<QString> ParseName(QStringView text);
 
 } // namespace hotel

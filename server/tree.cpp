@@ -31,11 +31,93 @@ QString ToStoreLines(QString text) {
     return text.replace(kCrLf, u"\n"_s).replace(u"\n"_s, kCrLf);
 }
 
+// Counts the records and tells of every kProgressStep-th.
+class Counter {
+public:
+    explicit Counter(const TreeProgress& progress) : progress_(progress) {}
+
+    void count(const StorePath& path) {
+        if (++records_ % kProgressStep == 0 && progress_)
+            progress_(records_, path.name);
+    }
+
+private:
+    TreeProgress progress_;
+    qint64 records_ = 0;
+};
+
 // --- Import ------------------------------------------------------------------------------------------
+
+// The fields of a project's file, one after the other, in the lines of the store.
+class FieldFile {
+public:
+    explicit FieldFile(const QString& name) : file_(name) { file_.open(QIODevice::ReadOnly); }
+
+    // Moves to the next field; false behind the last one, or ahead of what is none.
+    bool next() {
+        while (true) {
+            FieldWalk field(QStringView(text_).sliced(position_));
+            const bool isThere = field.next();
+            if (isThere && field.closed()) {
+                name_ = field.name().toString();
+                value_ = field.value().toString();
+                position_ = field.value().end() - text_.cbegin() + ClosingTag(name_).size();
+                return true;
+            }
+            if (!readOn()) {
+                if (isThere)
+                    fault_ = u"no field: <%1>"_s.arg(field.name());
+                return false;
+            }
+        }
+    }
+
+    const QString& name() const { return name_; }
+    const QString& value() const { return value_; }
+
+    // What ended the fields ahead of the file's end; empty when nothing did.
+    QString fault() const {
+        if (!file_.isOpen() || file_.error() != QFile::NoError)
+            return file_.errorString();
+        if (decoder_.hasError())
+            return u"not in UTF-8"_s;
+        return !fault_.isEmpty() || !hasText_ || !name_.isEmpty() ? fault_
+                                                                  : u"text without fields"_s;
+    }
+
+private:
+    static constexpr qsizetype kPiece = 64 * 1024; // bytes
+
+    static QString ClosingTag(const QString& name) { return u"</"_s + name + u'>'; }
+
+    // Gets as much again as is held and not used, so that a long value is not searched over and over.
+    bool readOn() {
+        const QByteArray bytes = file_.read(qMax(kPiece, text_.size() - position_));
+        if (bytes.isEmpty() || decoder_.hasError())
+            return false;
+        QString piece = lineEnd_ + QString(decoder_.decode(bytes));
+        lineEnd_ = piece.endsWith(u'\r') && !file_.atEnd() ? u"\r"_s : QString();
+        piece.chop(lineEnd_.size());
+        hasText_ = hasText_ || !piece.trimmed().isEmpty();
+        text_ = text_.sliced(position_) + ToStoreLines(piece);
+        position_ = 0;
+        return true;
+    }
+
+    QFile file_;
+    QStringDecoder decoder_{QStringDecoder::Utf8};
+    QString text_;
+    qsizetype position_ = 0;
+    QString lineEnd_; // half of one, at the end of a piece
+    bool hasText_ = false;
+    QString name_;
+    QString value_;
+    QString fault_;
+};
 
 class Importer {
 public:
-    explicit Importer(Store& store) : store_(store) {}
+    Importer(Store& store, const TreeProgress& progress) : store_(store), counter_(progress) {}
 
     TreeReport report;
 
@@ -99,7 +181,7 @@ private:
             fault(QFileInfo(folder.path()), refusal.words());
             return;
         }
-        int records = 0;
+        qint64 records = 0;
         const QMap<QString, QFileInfo> files = projectsOf(folder);
         for (const QString& project : inOrder(folder, files.keys()))
             records += importProject(files[project], path, project);
@@ -132,37 +214,38 @@ private:
         return ordered + projects;
     }
 
-    int importProject(const QFileInfo& entry, const StorePath& path, const QString& project) {
-        const std::optional<QString> text = textOf(entry);
-        if (!text)
-            return 0;
-        int records = 0;
+    qint64 importProject(const QFileInfo& entry, const StorePath& path, const QString& project) {
+        qint64 records = 0;
+        FieldFile field(entry.filePath());
         try {
             if (!store_.hasProject(path, project))
                 store_.writeProject(path, project, u"");
-            for (FieldWalk field(*text); field.next(); ++records) {
+            for (; field.next(); ++records) {
                 const std::optional<QString> name = ParseName(field.name());
-                if (name && field.closed())
-                    store_.write(path, project, *name, field.value().toString());
-                else
-                    fault(entry, u"no field: <%1>"_s.arg(field.name()));
+                if (!name)
+                    throw Refusal(u"no field: <%1>"_s.arg(field.name()));
+                store_.write(path, project, *name, field.value());
+                counter_.count(path);
             }
         } catch (const Refusal& refusal) {
             fault(entry, refusal.words());
+            return records;
         }
-        if (records == 0 && !text->trimmed().isEmpty())
-            fault(entry, u"text without fields"_s);
+        if (const QString words = field.fault(); !words.isEmpty())
+            fault(entry, words);
         return records;
     }
 
     Store& store_;
+    Counter counter_;
 };
 
 // --- Export ------------------------------------------------------------------------------------------
 
 class Exporter {
 public:
-    Exporter(Store& store, const QString& tree) : store_(store), tree_(tree) {}
+    Exporter(Store& store, const QString& tree, const TreeProgress& progress)
+        : store_(store), tree_(tree), counter_(progress) {}
 
     TreeReport report;
 
@@ -216,7 +299,7 @@ private:
         const QString folder = treePath(path);
         QDir().mkpath(folder);
         QStringList projects = store_.projects(path);
-        int records = 0;
+        qint64 records = 0;
         for (const QString& project : std::as_const(projects))
             records += exportProject(path, project, folder);
         report.done += path.name + u": %1 projects, %2 records"_s.arg(projects.size()).arg(records);
@@ -224,31 +307,32 @@ private:
             write(path, folder + u'/' + kOrderFile, (projects.join(u'\n') + u'\n').toUtf8());
     }
 
-    int exportProject(const StorePath& path, const QString& project, const QString& folder) {
-        QList<NamedText> records;
-        QString text;
+    qint64 exportProject(const StorePath& path, const QString& project, const QString& folder) {
+        qint64 records = 0;
+        QFile file(folder + u'/' + ToFileName(project) + kProjectSuffix);
+        bool isWritten = file.open(QIODevice::WriteOnly);
+        QString changed; // the first record that would be another one
         store_.walk(path, project, true, [&](const QString& name, const QString& value) {
-            records += NamedText{name, value};
-            text += ToTreeLines(FieldText(name, value)) + u'\n';
+            const QString text = ToTreeLines(FieldText(name, value));
+            const QByteArray bytes = (text + u'\n').toUtf8();
+            isWritten = isWritten && file.write(bytes) == bytes.size();
+            if (changed.isEmpty() && !comesBack(name, value, ToStoreLines(text)))
+                changed = name;
+            ++records;
+            counter_.count(path);
         });
-        if (write(path, folder + u'/' + ToFileName(project) + kProjectSuffix, text.toUtf8()))
-            compare(path, project, records, ToStoreLines(text));
-        return int(records.size());
+        if (!isWritten || !file.flush())
+            fault(path, file.fileName() + u": " + file.errorString());
+        else if (!changed.isEmpty())
+            fault(path,
+                  u"project %1: record %2 would not come back the same"_s.arg(project, changed));
+        return records;
     }
 
-    // What an import would make of `text` must be the records again.
-    void compare(const StorePath& path, const QString& project, const QList<NamedText>& records,
-                 const QString& text) {
+    // An import makes the same record of `text`.
+    static bool comesBack(const QString& name, const QString& value, const QString& text) {
         FieldWalk field(text);
-        for (const NamedText& record : records) {
-            const bool same = field.next() && field.closed() && field.name() == record.name &&
-                              field.value() == record.text;
-            if (!same) {
-                fault(path, u"project %1: record %2 would not come back the same"_s.arg(
-                                project, record.name));
-                return;
-            }
-        }
+        return field.next() && field.closed() && field.name() == name && field.value() == value;
     }
 
     void exportUpload(const StorePath& path) {
@@ -262,13 +346,14 @@ private:
 
     Store& store_;
     QString tree_;
+    Counter counter_;
     QHash<QString, QString> spelled_; // places in the tree by key of the folder
 };
 
 } // namespace
 
-TreeReport ImportTree(Store& store, const QString& tree) {
-    Importer importer(store);
+TreeReport ImportTree(Store& store, const QString& tree, const TreeProgress& progress) {
+    Importer importer(store, progress);
     if (!QFileInfo(tree).isDir()) {
         importer.report.faults += tree + u": no folder"_s;
         return importer.report;
@@ -282,8 +367,8 @@ TreeReport ImportTree(Store& store, const QString& tree) {
     return importer.report;
 }
 
-TreeReport ExportTree(Store& store, const QString& tree) {
-    Exporter exporter(store, tree);
+TreeReport ExportTree(Store& store, const QString& tree, const TreeProgress& progress) {
+    Exporter exporter(store, tree, progress);
     const QDir folder(tree);
     if (folder.exists() && !folder.isEmpty())
         exporter.report.faults += tree + u": is not empty"_s;

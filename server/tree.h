@@ -15,6 +15,11 @@
 //
 // A character that a file system can't hold is written `%` and two hexadecimal digits for each byte
 // of its UTF-8 form.
+//
+// Projects are read and written piece by piece: what is held in memory does not grow with the store. Of
+// a tree with a field that is never closed everything behind it is.
+
+#include <functional>
 
 #include <QString>
 #include <QStringList>
@@ -28,13 +33,17 @@ struct TreeReport {
     QStringList faults; // what could not be
 };
 
+// Is told now and then how many records have been carried over so far, and of which file the last was.
+using TreeProgress = std::function<void(qint64 records, const QString& file)>;
+inline constexpr int kProgressStep = 50'000; // records
+
 // Loads a tree into the store, on top of what is there: a record of the tree replaces the one of
 // its name in the same project, an uploaded file the one of its path, and all else is added at the
 // end. With a fault nothing is loaded. Throws StoreError.
-TreeReport ImportTree(Store& store, const QString& tree);
+TreeReport ImportTree(Store& store, const QString& tree, const TreeProgress& progress = {});
 
 // Writes the whole store to `tree`, a folder that is missing or empty. What would not come back the
 // same is a fault; all else is written nevertheless. Throws StoreError.
-TreeReport ExportTree(Store& store, const QString& tree);
+TreeReport ExportTree(Store& store, const QString& tree, const TreeProgress& progress = {});
 
 } // namespace hotel

@@ -97,7 +97,7 @@ void TestHotel::stopServer() {
 
 void TestHotel::startServer() {
     ServerSettings settings;
-    settings.dataFolder = folder_.path();
+    settings.store = folder_.path();
     settings.port = port_;
     settings.turnsOfCommit = turnsOfCommit_;
     settings.clock = [this] { return QDateTime::fromMSecsSinceEpoch(serverClock_); };

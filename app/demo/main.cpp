@@ -38,7 +38,7 @@ void Open(const QString& folder) {
     const QDateTime opening = QDateTime::currentDateTime();
     std::atomic<qint64> serverClock = opening.toMSecsSinceEpoch();
     ServerSettings settings;
-    settings.dataFolder = folder;
+    settings.store = folder;
     settings.port = 0;
     settings.clock = [&serverClock] { return QDateTime::fromMSecsSinceEpoch(serverClock); };
     settings.turnsOfCommit = kTurnsOfCommit;

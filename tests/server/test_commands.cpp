@@ -64,7 +64,7 @@ private Q_SLOTS:
                                                                u"\nanswered: "_s + answer));
             }
             server.stop();
-            QCOMPARE(Store(server.folder(), Store::Use::Look).check(), QStringList());
+            QCOMPARE(Store(server.store(), Store::Use::Look).check(), QStringList());
         };
         const QString a = u"库文件名=a.qvr\n"_s;
         const QString ap = a + u"项目名=p\n"_s;
@@ -368,7 +368,7 @@ private Q_SLOTS:
         waiting.send(u"修改记录"_s, RecordFields(u"2"_s, u"v"_s));
         server.stop();
         QCOMPARE(waiting.receive(), kDone);
-        Store store(server.folder(), Store::Use::Look);
+        Store store(server.store(), Store::Use::Look);
         const StorePath path = *ParseFilePath(u"a.qvr");
         QVERIFY(store.read(path, u"p"_s, u"1"_s) && store.read(path, u"p"_s, u"2"_s));
     }

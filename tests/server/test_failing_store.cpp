@@ -1,9 +1,4 @@
-// A store that can't grow any more: the system refuses to make files longer, as a full disk does.
-
-#include <csignal>
-#include <sys/resource.h>
-
-#include <QDirIterator>
+// A store that can't grow any more.
 
 #include "tests/hotel_test.h"
 #include "tests/server/wire_client.h"
@@ -12,30 +7,6 @@
 using namespace hotel;
 
 namespace {
-
-// While it lives no file of this process grows beyond `bytes`.
-class FileLimit {
-public:
-    explicit FileLimit(qint64 bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limited{rlim_t(bytes), before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-
-private:
-    rlimit before_;
-};
-
-// Bytes of the longest file of the store.
-qint64 LongestFile(const QString& folder) {
-    qint64 longest = 0;
-    QDirIterator files(folder, QDir::Files);
-    while (files.hasNext())
-        longest = std::max(longest, QFileInfo(files.next()).size());
-    return longest;
-}
 
 QByteArray Write(const QString& record, const QString& value, int number) {
     return RequestBytes(u"修改记录"_s, RecordFields(record, value), number);
@@ -59,7 +30,7 @@ private Q_SLOTS:
         WireClient client(server.port(), u"前台"_s);
         WireClient reader(server.port(), u"前台"_s);
         {
-            const FileLimit limit(LongestFile(server.folder()) + 30'000);
+            const StoreLimit limit(server.place(), 30'000);
             client.sendBytes(Write(u"1"_s, u"small"_s, 1) +
                              Write(u"2"_s, QString(60'000, u'x'), 2) +
                              Write(u"3"_s, u"small"_s, 3) + RequestBytes(u"注销"_s, {}, 4));
@@ -70,7 +41,7 @@ private Q_SLOTS:
         }
         QCOMPARE(Records(reader), (QStringList{u"1"_s, u"3"_s}));
         server.stop();
-        Store store(server.folder(), Store::Use::Look);
+        Store store(server.store(), Store::Use::Look);
         QCOMPARE(store.check(), QStringList());
         QCOMPARE(store.readProject(*ParseFilePath(u"a.qvr"), u"p"_s),
                  u"<1>small</1>\r\n<3>small</3>"_s);
@@ -96,7 +67,7 @@ private Q_SLOTS:
             return isStored;
         };
         {
-            const FileLimit limit(LongestFile(server.folder()) + 200'000);
+            const StoreLimit limit(server.place(), 200'000);
             while (failures < 20) {
                 failures += !write();
                 QVERIFY(number < 10'000);
@@ -107,7 +78,7 @@ private Q_SLOTS:
         QVERIFY(write());
         QCOMPARE(Records(reader), stored);
         server.finish(); // nothing is lost that was answered
-        Store store(server.folder(), Store::Use::Look);
+        Store store(server.store(), Store::Use::Look);
         QCOMPARE(store.check(), QStringList());
         QStringList names;
         store.walk(*ParseFilePath(u"a.qvr"), u"p"_s, true,
@@ -158,16 +129,16 @@ private Q_SLOTS:
         ServerSettings settings;
         settings.clock = QDateTime::currentDateTime;
         settings.port = 0;
-        settings.dataFolder = folder.filePath(u"file/below"_s);
+        settings.store = folder.filePath(u"file/below"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
-        settings.dataFolder = folder.filePath(u"damaged"_s);
+        settings.store = folder.filePath(u"damaged"_s);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
 
-        settings.dataFolder = folder.filePath(u"good"_s);
+        settings.store = folder.filePath(u"good"_s);
         const ServerThread first(settings);
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
-        settings.dataFolder = folder.filePath(u"other"_s);
+        settings.store = folder.filePath(u"other"_s);
         settings.port = first.port();
         QVERIFY_EXCEPTION_THROWN(ServerThread{settings}, StoreError);
     }

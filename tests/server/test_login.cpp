@@ -61,9 +61,9 @@ private Q_SLOTS:
     }
 
     void theAddressAdmits() {
-        QTemporaryDir folder;
-        WriteTestUsers(folder.path());
-        Store store(folder.path(), Store::Use::Look);
+        const TestPlace place;
+        WriteTestUsers(place.name());
+        Store store(place.name(), Store::Use::Look);
         const QString digest = *LoginDigest(kProductId, u"远方", u"", u"2026-03-05");
         const auto verdict = [&](const QString& address) {
             return JudgeLogin(store, kProductId, u"远方"_s, digest, QHostAddress(address),
@@ -202,9 +202,9 @@ private Q_SLOTS:
     // A workstation tries the empty password ahead of every login: that is no guessing, and never waits.
     // What it puts on file counts in its stead.
     void emptyAttemptsAreNotCounted() {
-        QTemporaryDir folder;
-        WriteTestUsers(folder.path());
-        Store store(folder.path(), Store::Use::Serve);
+        const TestPlace place;
+        WriteTestUsers(place.name());
+        Store store(place.name(), Store::Use::Serve);
         qint64 now = 0;
         FailureLimit failures(500, [&now] { return now; });
         ServerState state{store, failures, kProductId.toString(),

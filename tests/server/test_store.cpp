@@ -1,10 +1,10 @@
-#include <QTemporaryDir>
-
+#include "record/code_page.h"
 #include "record/conditions.h"
 #include "server/search.h"
 #include "server/store.h"
 #include "tests/hotel_test.h"
 #include "tests/select_records.h"
+#include "tests/server/test_place.h"
 
 using namespace hotel;
 
@@ -31,8 +31,8 @@ class StoreTest : public QObject {
 private Q_SLOTS:
     void init() {
         store_.reset();
-        folder_ = std::make_unique<QTemporaryDir>();
-        store_ = std::make_unique<Store>(folder_->path(), Store::Use::Serve);
+        place_ = std::make_unique<TestPlace>();
+        store_ = std::make_unique<Store>(place_->name(), Store::Use::Serve);
         store_->begin();
     }
     void cleanup() { store_.reset(); }
@@ -56,6 +56,23 @@ private Q_SLOTS:
         row("never closed", u"<a /><b>2</b></c>"_s, u"<b>2</b>"_s);
         row("empty", u""_s, u""_s);
         row("odd characters", u"<a>\t\x01€'\";--%</a>"_s, u"<a>\t\x01€'\";--%</a>"_s);
+    }
+
+    // Every character that a workstation can send comes back, in values and, where they may stand, in names.
+    void theWholeCodePage() {
+        QString all;
+        for (int code = 0; code < 0x10000; ++code)
+            if (code < 0x80 || CodePageValue(char16_t(code)) != u'?')
+                all += QChar(char16_t(code));
+        store_->write(kFile, kProject, u"1"_s, all);
+        for (qsizetype at = 0x80; at < all.size(); at += 500)
+            store_->write(kFile, u"names"_s,
+                          all.sliced(at).first(qMin<qsizetype>(500, all.size() - at)), u""_s);
+        const QStringList names = Names(*store_, u"names"_s);
+        reopen();
+        QCOMPARE(store_->read(kFile, kProject, u"1"_s), all);
+        QCOMPARE(Names(*store_, u"names"_s), names);
+        QCOMPARE(names.join(QString()), all.sliced(0x80));
     }
 
     void changingKeepsThePlace() {
@@ -180,14 +197,15 @@ private Q_SLOTS:
     void oneServesOthersLook() {
         store_->write(kFile, kProject, u"r"_s, u"1"_s);
         store_->commit();
-        QVERIFY_EXCEPTION_THROWN(Store(folder_->path(), Store::Use::Serve), StoreError);
-        Store looking(folder_->path(), Store::Use::Look);
+        if (!TestPlace::isShared())
+            QVERIFY_EXCEPTION_THROWN(Store(place_->name(), Store::Use::Serve), StoreError);
+        Store looking(place_->name(), Store::Use::Look);
         store_->begin();
         store_->write(kFile, kProject, u"r"_s, u"2"_s);
         store_->commit();
         QCOMPARE(Whole(looking), u"<r>1</r>"_s);
         QVERIFY_EXCEPTION_THROWN(looking.write(kFile, kProject, u"r"_s, u"3"_s), StoreError);
-        QVERIFY_EXCEPTION_THROWN(Store(folder_->path() + u"/none"_s, Store::Use::Look), StoreError);
+        QVERIFY_EXCEPTION_THROWN(Store(TestPlace::missing(), Store::Use::Look), StoreError);
     }
 
     void checkSeesDamage() {
@@ -201,16 +219,8 @@ private Q_SLOTS:
             store_->writeUpload(*ParseFilePath(u"a.jpg"), "x");
             store_->commit();
             store_.reset();
-            {
-                QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"damage"_s);
-                database.setDatabaseName(folder_->filePath(u"store.db"_s));
-                QVERIFY(database.open());
-                QSqlQuery query(database);
-                QVERIFY(query.exec(damage));
-                QVERIFY(query.numRowsAffected() > 0);
-            }
-            QSqlDatabase::removeDatabase(u"damage"_s);
-            QVERIFY2(!Store(folder_->path(), Store::Use::Look).check().isEmpty(),
+            QVERIFY(place_->execute(damage) > 0);
+            QVERIFY2(!Store(place_->name(), Store::Use::Look).check().isEmpty(),
                      qPrintable(damage));
         }
     }
@@ -219,11 +229,11 @@ private:
     void reopen() {
         store_->commit();
         store_.reset();
-        store_ = std::make_unique<Store>(folder_->path(), Store::Use::Serve);
+        store_ = std::make_unique<Store>(place_->name(), Store::Use::Serve);
         store_->begin();
     }
 
-    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<TestPlace> place_;
     std::unique_ptr<Store> store_;
 };
 
@@ -246,7 +256,7 @@ class SearchTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        store_ = std::make_unique<Store>(folder_.path(), Store::Use::Serve);
+        store_ = std::make_unique<Store>(place_.name(), Store::Use::Serve);
         store_->begin();
         const QStringList names = {u"9"_s, u"12"_s, u"007"_s, u"12.0"_s, u"乙"_s, u"-3"_s};
         for (qsizetype i = 0; i < names.size(); ++i)
@@ -305,7 +315,7 @@ private Q_SLOTS:
     }
 
 private:
-    QTemporaryDir folder_;
+    TestPlace place_;
     std::unique_ptr<Store> store_;
 };
 

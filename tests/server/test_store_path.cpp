@@ -33,6 +33,7 @@ private Q_SLOTS:
         row("empty", u""_s, u""_s, u" "_s);
         row("blanks", u"  "_s, u""_s, u" "_s);
         row("a folder", u"QVR\\"_s, u""_s, u"qvr QVR"_s);
+        both("too long", QString(501, u'q'), u""_s);
         both("absolute", u"\\QVR\\a.qvr"_s, u""_s);
         both("absolute with a slash", u"/etc/passwd"_s, u""_s);
         both("another machine", u"\\\\server\\a.qvr"_s, u""_s);
@@ -56,6 +57,8 @@ private Q_SLOTS:
         row("white space around", u"\u3000甲 乙\r\n"_s, u"甲 乙"_s);
         row("separators are ordinary", u"a\\b/c"_s, u"a\\b/c"_s);
         row("empty", u" "_s, u""_s);
+        row("as long as can be", QString(500, u'名'), QString(500, u'名'));
+        row("too long", QString(501, u'名'), u""_s);
         row("opening bracket", u"a<b"_s, u""_s);
         row("closing bracket", u"a>b"_s, u""_s);
         row("line end", u"a\r\nb"_s, u""_s);

@@ -4,6 +4,7 @@
 #include <QProcess>
 
 #include "tests/hotel_test.h"
+#include "tests/server/test_place.h"
 #include "tests/test_files.h"
 
 using namespace hotel;
@@ -40,7 +41,8 @@ private Q_SLOTS:
     void init() {
         store_.reset();
         folder_ = std::make_unique<QTemporaryDir>();
-        store_ = std::make_unique<Store>(folder_->filePath(u"store"_s), Store::Use::Serve);
+        place_ = std::make_unique<TestPlace>();
+        store_ = std::make_unique<Store>(place_->name(), Store::Use::Serve);
     }
 
     void roundTrip() {
@@ -83,6 +85,39 @@ private Q_SLOTS:
         QCOMPARE(store_->upload(Path(u"x.wav")), QByteArray("new"));
     }
 
+    // Files are read in pieces of 64 KiB, which end anywhere: in a character, a line end, a tag.
+    void longFiles() {
+        const auto value = [](int size) {
+            QString text;
+            while (text.size() < size)
+                text += u"中\r\n<a>é</a>"_s;
+            return text.first(size)
+                .replace(u"\r\n"_s, u"\n"_s)
+                .replace(u"\r"_s, u""_s)
+                .replace(u"\n"_s, u"\r\n"_s);
+        };
+        const QList<int> sizes = {0, 1, 16'000, 32'767, 65'530, 65'531, 65'532, 70'000, 400'000};
+        store_->begin();
+        for (qsizetype i = 0; i < sizes.size(); ++i)
+            store_->write(Path(u"a.qvr"), u"p"_s, u"r%1"_s.arg(i), value(sizes[i]));
+        for (int i = 0; i < 2 * kProgressStep; ++i)
+            store_->write(Path(u"b.qvr"), u"p"_s, QString::number(i), u"v"_s);
+        store_->commit();
+        QList<qint64> told;
+        const auto tell = [&told](qint64 records, const QString& file) {
+            told += records;
+            QCOMPARE(file, u"b.qvr"_s);
+        };
+        const QString whole = *store_->readProject(Path(u"a.qvr"), u"p"_s);
+        QCOMPARE(ExportTree(*store_, folder_->filePath(u"out"_s), tell).faults, QStringList());
+        const TestPlace place;
+        Store other(place.name(), Store::Use::Serve);
+        QCOMPARE(ImportTree(other, folder_->filePath(u"out"_s), tell).faults, QStringList());
+        QVERIFY(other.readProject(Path(u"a.qvr"), u"p"_s) == whole);
+        QCOMPARE(other.read(Path(u"b.qvr"), u"p"_s, u"99999"_s), u"v"_s);
+        QCOMPARE(told, (QList<qint64>{50'000, 100'000, 50'000, 100'000}));
+    }
+
     void badTrees() {
         const auto row = [this](const char* name, const QString& file, const QByteArray& content) {
             init();
@@ -101,6 +136,8 @@ private Q_SLOTS:
         row("not in UTF-8", u"a.qvr/p.txt"_s, QByteArray("<1>\xb2\xe2</1>"));
         row("text without fields", u"a.qvr/p.txt"_s, QByteArray("no fields"));
         row("a field never closed", u"a.qvr/p.txt"_s, QByteArray("<1>a</1>\n<2>b\n"));
+        row("half a character", u"a.qvr/p.txt"_s, "<1>" + QByteArray(70'000, 'x') + "\xb2</1>");
+        row("a name that can't be", u"a.qvr/p.txt"_s, QByteArray("<1>a</1><a\tb>1</a\tb>"));
         row("a stray closing tag", u"a.qvr/p.txt"_s, QByteArray("<1>a</1></2>\n"));
         row("a file that is no project", u"a.qvr/p.text"_s, QByteArray("<1>a</1>"));
         row("a folder in a database file", u"a.qvr/b/p.txt"_s, QByteArray("<1>a</1>"));
@@ -161,29 +198,38 @@ private Q_SLOTS:
     // The program itself: what it says, and what it ends with.
     void commandLine() {
         WriteTree(folder_->filePath(u"in"_s), {{u"a.qvr/p.txt"_s, "<1>1</1>\n"}});
-        { Store made(folder_->filePath(u"S"_s), Store::Use::Serve); }
-        const auto row = [this](const char* arguments, int exitCode) {
+        const TestPlace place;
+        { Store made(place.name(), Store::Use::Serve); }
+        const auto row = [this, &place](const char* arguments, int exitCode) {
             QProcess process;
             process.setWorkingDirectory(folder_->path());
-            process.start(QStringLiteral(QVRD), QString::fromLatin1(arguments).split(u' '));
+            QStringList words;
+            for (const QString& word : QString::fromLatin1(arguments).split(u' '))
+                words += word == u"STORE"  ? place.arguments()
+                         : word == u"NONE" ? TestPlace::arguments(TestPlace::missing())
+                                           : QStringList{word};
+            process.start(QStringLiteral(QVRD), words);
             QVERIFY2(process.waitForFinished(), arguments);
             Check(arguments, process.exitCode(), exitCode);
         };
-        row("--data S import in", 0);
-        row("--data S check", 0);
-        row("--data S export out", 0);
-        row("--data S export in", 1); // on top of another tree
-        row("--data S import none", 1);
-        row("--data none check", 1);
+        row("STORE import in", 0);
+        row("STORE check", 0);
+        row("STORE export out", 0);
+        row("STORE export in", 1); // on top of another tree
+        row("STORE import none", 1);
+        row("NONE check", 1);
         row("check", 2);
-        row("--data S repair", 2);
-        row("--data S check in", 2);
-        row("--data S --port 70000", 2);
-        row("--data S --listen x", 2);
+        row("STORE repair", 2);
+        row("--store S check", 2);
+        row("--data S --store postgresql: check", 2);
+        row("STORE check in", 2);
+        row("STORE --port 70000", 2);
+        row("STORE --listen x", 2);
     }
 
 private:
     std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<TestPlace> place_;
     std::unique_ptr<Store> store_;
 };
 

@@ -82,8 +82,8 @@ QString WireClient::logIn(const QString& user, const QString& password, QDate da
                            {u"MAC地址"_s, u"00000000"_s}});
 }
 
-void WriteTestUsers(const QString& folder) {
-    Store store(folder, Store::Use::Serve);
+void WriteTestUsers(const QString& place) {
+    Store store(place, Store::Use::Serve);
     store.begin();
     store.writeProject(*ParseFilePath(kUserFile), kUserProject,
                        u"<前台><姓名>张三</姓名></前台>\r\n"_s +
@@ -94,9 +94,9 @@ void WriteTestUsers(const QString& folder) {
 }
 
 TestServer::TestServer(const std::function<void(ServerSettings&)>& change) {
-    WriteTestUsers(folder_.path());
+    WriteTestUsers(place_.name());
     ServerSettings settings;
-    settings.dataFolder = folder_.path();
+    settings.store = place_.name();
     settings.port = 0;
     settings.clock = TestMoment;
     if (change)

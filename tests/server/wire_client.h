@@ -10,9 +10,9 @@
 #include <QList>
 #include <QString>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 
 #include "server/server_thread.h"
+#include "tests/server/test_place.h"
 
 namespace hotel {
 
@@ -62,16 +62,17 @@ public:
     explicit TestServer(const std::function<void(ServerSettings&)>& change = {});
 
     quint16 port() const { return thread_->port(); }
-    QString folder() const { return folder_.path(); }
+    const TestPlace& place() const { return place_; }
+    QString store() const { return place_.name(); }
     void stop() { thread_.reset(); }
     void finish() { thread_->finish(); }
 
 private:
-    QTemporaryDir folder_;
+    TestPlace place_;
     std::unique_ptr<ServerThread> thread_;
 };
 
 // Fills a store with the users above.
-void WriteTestUsers(const QString& folder);
+void WriteTestUsers(const QString& store);
 
 } // namespace hotel
