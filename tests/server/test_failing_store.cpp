@@ -97,7 +97,7 @@ private Q_SLOTS:
                 [turns](ServerSettings& settings) { settings.turnsOfCommit = turns; });
         };
         const auto stored = [](const TestServer& server) {
-            return Store(server.folder(), Store::Use::Look)
+            return Store(server.store(), Store::Use::Look)
                 .readProject(*ParseFilePath(u"a.qvr"), u"p"_s)
                 .value_or(QString());
         };
@@ -114,7 +114,7 @@ private Q_SLOTS:
         TestServer full = fill(3);
         WireClient filler(full.port(), u"前台"_s);
         {
-            const FileLimit limit(LongestFile(full.folder()) + 30'000);
+            const StoreLimit limit(full.place(), 30'000);
             for (int record = 1; record <= 5; ++record)
                 filler.ask(u"修改记录"_s,
                            RecordFields(QString::number(record), QString(20'000, u'x')));
