@@ -31,7 +31,7 @@ public:
     void load(const QVariant& argument) override;
 
 protected:
-    void showEnabling() override;
+    void showEnabling() final;
 
 private:
     QWidget* makeKeywordFrame();

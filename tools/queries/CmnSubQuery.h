@@ -30,7 +30,7 @@ public:
     void load(const QVariant& argument) override;
 
 protected:
-    void showEnabling() override;
+    void showEnabling() final;
 
 private:
     void FlmcQd_Click();
