@@ -88,9 +88,9 @@ constexpr MenuEntry kBusinessData[] = {
 constexpr MenuGroup kGroups[] = {
     {u"Qtjd_cmd", u"前台接待", 1, kFrontDesk}, {u"Kfzx_cmd", u"客房中心", 2, kHousekeeping},
     {u"Syjs_cmd", u"收银结算", 3, kCashier},   {u"Jlbg_cmd", u"经理办公", 4, kManager},
+    {u"Xsyd_cmd", u"销售预定", 11, kSales}, // F5 reads the day anew
     {u"SwCy_cmd", u"商务餐娱", 6, kBusiness},  {u"Rsgl_cmd", u"人事管理", 7, kPersonnel},
     {u"Xtgl_cmd", u"系统管理", 8, kSystem},    {u"Zlxx_cmd", u"资料信息", 9, kBusinessData},
-    {u"Xsyd_cmd", u"销售预定", 11, kSales},
 };
 
 constexpr int kNoticeMilliseconds = 2000;
