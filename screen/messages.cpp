@@ -114,6 +114,28 @@ bool AskYesNo(const QString& words, const QString& title) {
     return ShowBox(QMessageBox::Question, words, title, {u"是(&Y)"_s, u"否(&N)"_s});
 }
 
+std::optional<QString> AskChoice(const QString& words, const QString& title,
+                                 const QStringList& choices) {
+    if (!recorders.isEmpty())
+        return Ask({MessageRecorder::Kind::Choice, title, words});
+    QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    box->setIcon(QMessageBox::Question);
+    box->setWindowTitle(title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(words);
+    for (const QString& choice : choices)
+        box->addButton(choice, QMessageBox::YesRole);
+    // What closing the box presses is none of them, and is not shown.
+    QPushButton* none = box->addButton(QMessageBox::Cancel);
+    none->hide();
+    box->setEscapeButton(none);
+    box->setDefaultButton(qobject_cast<QPushButton*>(box->buttons().first()));
+    box->exec();
+    const QString answer = box && box->clickedButton() ? box->clickedButton()->text() : QString();
+    delete box;
+    return choices.contains(answer) ? std::optional(answer) : std::nullopt;
+}
+
 std::optional<QString> InputBox(const QString& words, const QString& title,
                                 const QString& proposed) {
     if (!recorders.isEmpty())

@@ -29,12 +29,10 @@ QStringList Holders(const QString& card, const QString& number) {
     }
 }
 
-// 0, or what the link says; -1 for a record that could not be read.
-int PutCard(const QString& file, const EmployeeKey& owner, const QString& card) {
+bool PutCard(const QString& file, const EmployeeKey& owner, const QString& card) {
     const RecordRead read = ReadToChange(file, owner.department, owner.number);
-    if (read.outcome != Reading::Present)
-        return -1;
-    return SaveRecord(file, owner.department, owner.number, SetTag(read.value, kCard, card));
+    return read.outcome == Reading::Present &&
+           SaveRecord(file, owner.department, owner.number, SetTag(read.value, kCard, card)) == 0;
 }
 
 } // namespace
@@ -57,7 +55,7 @@ std::optional<Notice> RefuseCard(const QString& card, const EmployeeKey& owner) 
 }
 
 CardOutcome GiveCard(const EmployeeKey& owner, const QString& card) {
-    if (PutCard(EmployeeFile(), owner, card) != 0 || PutCard(EmployeeBriefFile(), owner, card) != 0)
+    if (!PutCard(EmployeeFile(), owner, card) || !PutCard(EmployeeBriefFile(), owner, card))
         return {false, {kUnreadTitle.toString(), u"新的考勤用卡没有保存，请稍候再试！"_s}};
     return {true, CardGiven()};
 }

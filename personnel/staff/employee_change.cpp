@@ -42,10 +42,9 @@ constexpr Copy kBrief = {EmployeeBriefFile, FormerEmployeeBriefFile, u"简明信
 constexpr Copy kDetails = {EmployeeFile, FormerEmployeeFile, u"信息", u"历史纪录库"};
 constexpr QStringView kDetailWord = u"详细信息";
 
-bool DeleteOld(const Copy& copy, QStringView word, const EmployeeKey& key, QStringList& lines) {
+void DeleteOld(const Copy& copy, QStringView word, const EmployeeKey& key, QStringList& lines) {
     const bool gone = DeleteRecord(copy.file(), key.department, key.number) == 0;
     lines.append(u"员工原有"_s + word + (gone ? u"删除成功!"_s : u"无法删除!"_s));
-    return gone;
 }
 
 bool Write(const Copy& copy, QStringView word, const EmployeeKey& key, const QString& value,
@@ -139,18 +138,19 @@ SaveOutcome SaveEmployee(const EmployeeKey& before, const QString& record, bool 
     }
     outcome.number = key.number;
     const QString brief = BriefRecord(record, StaffTitles());
-    bool written = true;
-    if (before.isNew()) {
-        written = Write(kBrief, kBrief.word, key, brief, outcome.lines);
-        written = Write(kDetails, kDetailWord, key, record, outcome.lines) && written;
-    } else {
-        written = Write(kDetails, kDetailWord, key, record, outcome.lines);
-        written = Write(kBrief, kBrief.word, key, brief, outcome.lines) && written;
-    }
+    const bool moves = key != before;
+    const auto writeBrief = [&] { return Write(kBrief, kBrief.word, key, brief, outcome.lines); };
+    const auto writeDetails = [&] {
+        return Write(kDetails, kDetailWord, key, record, outcome.lines);
+    };
+    // At a new place the details come last: without them the number isn't taken, and F8 can be pressed again.
+    bool written = moves ? writeBrief() && writeDetails() : writeDetails();
+    if (!moves)
+        written = writeBrief() && written;
     const bool renumbered = key.number != before.number;
-    if (written && !before.isNew() && key != before && (removeOld || !renumbered)) {
-        written = DeleteOld(kBrief, kBrief.word, before, outcome.lines);
-        written = DeleteOld(kDetails, kDetailWord, before, outcome.lines) && written;
+    if (written && !before.isNew() && moves && (removeOld || !renumbered)) {
+        DeleteOld(kBrief, kBrief.word, before, outcome.lines);
+        DeleteOld(kDetails, kDetailWord, before, outcome.lines);
     }
     outcome.step = written ? SaveStep::Written : SaveStep::Failed;
     if (written)

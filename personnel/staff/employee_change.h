@@ -24,8 +24,8 @@ QString NextEmployeeNumber(QStringView like = {});
 enum class SaveStep {
     Refused,     // `notice` tells why; nothing was written
     NumberTaken, // nothing was written; `number` is the one to go on with
-    Written,
-    Failed, // something could not be written: `lines`
+    Written,     // `lines` tell whether the old records, if any were to go, are gone
+    Failed,      // not all of the new records could be written: `lines`
 };
 struct SaveOutcome {
     SaveStep step = SaveStep::Refused;
