@@ -33,14 +33,6 @@ bool IsSought(const TextTable& list, int row, const QString& sought) {
     return PinyinInitials(list.text(row, kName)).startsWith(sought, Qt::CaseInsensitive);
 }
 
-ListPrintSettings Landscape() {
-    ListPrintSettings settings;
-    settings.paperWidth = 29.7;
-    settings.paperHeight = 21;
-    settings.table.fitFont = true;
-    return settings;
-}
-
 } // namespace
 
 FrmYgxx::FrmYgxx()
@@ -170,7 +162,9 @@ void FrmYgxx::CmdPrint_Click() {
     if (YgQd->table().dataRows() == 0)
         return MsgBox(u"没有可以打印的内容!"_s, u"请注意"_s);
     const QString where = department() == kAllDepartments ? QString() : department();
-    PrintList(Roster(YgQd->table()), where + u"员工花名册"_s, Landscape());
+    ListPrintSettings settings;
+    settings.table.fitFont = true;
+    PrintList(Roster(YgQd->table()), where + u"员工花名册"_s, settings);
 }
 
 void FrmYgxx::Tj_cmd_Click() {

@@ -16,6 +16,7 @@ using namespace employee;
 
 constexpr QStringView kFill = u"000000000";
 constexpr int kUsualLength = 4;
+constexpr qsizetype kEntryDigits = 2; // of the entries of a list
 
 Notice Unread() {
     return {kUnreadTitle.toString(), kUnreadWords.toString()};
@@ -98,6 +99,10 @@ std::optional<Notice> RefuseEmployee(QStringView record) {
     }
     if (key.department == kAllDepartments)
         return Notice{u"请注意"_s, u"请选择员工所在的具体部门！"_s};
+    if (key.number.contains(u'<') || key.number.contains(u'>'))
+        return Notice{u"请注意"_s, u"员工编号不能含有“<”或“>”！"_s};
+    if (key.number.size() == kEntryDigits && DigitsOnly(key.number) == key.number)
+        return Notice{u"请注意"_s, u"员工编号不能只有两位数字，请在前面补0！"_s};
     return std::nullopt;
 }
 
@@ -118,7 +123,7 @@ QString NextEmployeeNumber(QStringView like) {
         }
     }
     const QString next = QString::number(greatest + 1);
-    return (kFill + next).right(qMax(length, next.size()));
+    return (kFill + next).right(qMax(qMax(length, next.size()), kEntryDigits + 1));
 }
 
 SaveOutcome SaveEmployee(const EmployeeKey& before, const QString& record, bool removeOld) {
@@ -190,7 +195,7 @@ CareerChange SecondJobChange(const QString& name, const QString& from, const QSt
             u"兼职岗位调整"_s, to, post};
 }
 
-CareerChange StatusChange(const QString& name, const QString& from, const QString& to) {
+CareerChange EmployeeStatusChange(const QString& name, const QString& from, const QString& to) {
     if (from.isEmpty())
         return {u"是否要记录员工："_s + name + u" 进入任职状态 "_s + to + u"?"_s,
                 u"工作状态进入 "_s + to,

@@ -14,11 +14,12 @@
 
 namespace hotel {
 
-// Why a record can't be kept: number, name and department are what everything else goes by.
+// Why a record can't be kept: number, name and department are what everything else goes by. A number of two
+// digits is refused: the entries of the lists inside the record bear such names, and it would end at one of them.
 std::optional<Notice> RefuseEmployee(QStringView record);
 
 // The next number of the house: one above the greatest that anybody has, filled up with zeros to the length of
-// `like`, or, where that is empty, to that of the greatest.
+// `like`, or, where that is empty, to that of the greatest, and never of two digits.
 QString NextEmployeeNumber(QStringView like = {});
 
 enum class SaveStep {
@@ -64,7 +65,7 @@ CareerChange TransferChange(const QString& name, const QString& from, const QStr
                             const QString& post);
 CareerChange SecondJobChange(const QString& name, const QString& from, const QString& to,
                              const QString& post);
-CareerChange StatusChange(const QString& name, const QString& from, const QString& to);
+CareerChange EmployeeStatusChange(const QString& name, const QString& from, const QString& to);
 
 // The line, from what the record says of him before the change.
 QString CareerEntry(QStringView record, const QString& departmentBefore,

@@ -71,6 +71,7 @@ void frmBm::CmdAdd_Click() {
         refresh();
         BmQd->setCurrent(BmQd->table().dataRows());
     }
+    Bmmc->selectAll(); // what was refused gives way to what is typed next
     goTo(Bmmc);
 }
 

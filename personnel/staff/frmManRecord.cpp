@@ -3,17 +3,20 @@
 #include <QHBoxLayout>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "link/serv_api.h"
 #include "personnel/staff/employee_card.h"
 #include "personnel/staff/employee_lists.h"
 #include "personnel/staff/employee_print.h"
 #include "personnel/staff/entries_widget.h"
+#include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "session/operation_log.h"
+#include "session/session.h"
 #include "tools/aids/identity_number.h"
 #include "tools/aids/photo_frame.h"
 
@@ -24,6 +27,27 @@ namespace {
 using namespace employee;
 
 constexpr QStringView kSettled[] = {u"YgBm", u"JzBm1", u"JzBm2", u"Zt", u"Sfzh", u"Kh"};
+
+// With Alt, by the number of the page.
+constexpr QStringView kPageKeys = u"1234567890W";
+
+// What the program knows of a new entry better than who types it.
+QString Completed(QStringView list, QString entry) {
+    const QString user = CurrentSession().userName;
+    const auto fill = [&entry](QStringView field, const QString& value) {
+        if (EmployeeValue(entry, field).isEmpty())
+            entry = SetTag(entry, field, value);
+    };
+    if (list == kShiftPeriods)
+        return SetTag(entry, u"星期设定", WeekdaySetting(EmployeeValue(entry, u"星期设定")));
+    if (list == kCareer)
+        fill(u"录入员", user);
+    if (list == kMaterials) {
+        fill(u"领用日期", Clock::DateText());
+        fill(u"领用经办", user);
+    }
+    return entry;
+}
 
 void Show(const Notice& notice) {
     MsgBox(notice.words, notice.title);
@@ -72,11 +96,16 @@ void frmManRecord::makePages() {
         auto* content = new QVBoxLayout(sheet);
         content->addWidget(form);
         content->addStretch(1);
-        pages_->addTab(sheet, u"%1(&%2)"_s.arg(page.caption).arg(pages_->count() + 1));
+        pages_->addTab(sheet, u"%1(&%2)"_s.arg(page.caption).arg(kPageKeys[pages_->count()]));
         forms_.append(form);
     }
     for (const EntriesPage& page : EntriesPages())
         addEntriesPage(page);
+    // Who turns to a list wants to type an entry.
+    connect(pages_, &QTabWidget::currentChanged, this, [this](int page) {
+        if (auto* list = qobject_cast<EntriesWidget*>(pages_->widget(page)))
+            list->form()->editor(list->page().fields.first().control)->setFocus();
+    });
     for (FieldForm* form : forms_)
         on(form, &FieldForm::left, [this](const QString& control) { fieldLeft(control); });
 
@@ -99,11 +128,12 @@ void frmManRecord::addEntriesPage(const EntriesPage& page) {
         {page.modify, u"修改"_s, [this, list] { ModEntry(list); }, Qt::Key_F6},
         {page.remove, u"删除"_s, [this, list] { DelEntry(list); }, Qt::Key_F7},
     }));
-    // Behind the last field the entry is complete.
-    onEnter(list->form()->editor(page.fields.last().control), [this, list] { AddEntry(list); });
-    const qsizetype place = pages_->count() + 1;
-    const QString key = place < 10 ? u"(&%1)"_s.arg(place) : QString();
-    pages_->addTab(list, page.caption + key);
+    // Behind the last field that is typed the entry is complete.
+    const auto last =
+        std::find_if(page.fields.rbegin(), page.fields.rend(),
+                     [](const FormField& field) { return field.editor != Editor::ReadOnly; });
+    onEnter(list->form()->editor(last->control), [this, list] { AddEntry(list); });
+    pages_->addTab(list, u"%1(&%2)"_s.arg(page.caption).arg(kPageKeys[pages_->count()]));
     lists_.append(list);
 }
 
@@ -266,7 +296,7 @@ void frmManRecord::Zt_Click() {
     if (to == from || to.isEmpty() || text(u"Xm").isEmpty())
         return;
     settled_[u"Zt"_s] = to;
-    note(StatusChange(text(u"Xm"), from, to), text(u"YgBm"));
+    note(EmployeeStatusChange(text(u"Xm"), from, to), text(u"YgBm"));
 }
 
 void frmManRecord::Sfzh_LostFocus() {
@@ -286,9 +316,7 @@ void frmManRecord::Sfzh_LostFocus() {
 
 void frmManRecord::AddEntry(EntriesWidget* list) {
     const qsizetype place = list->entries().size();
-    QString entry = list->typed(place);
-    if (list->page().list == kShiftPeriods)
-        entry = SetTag(entry, u"星期设定", WeekdaySetting(EmployeeValue(entry, u"星期设定")));
+    const QString entry = Completed(list->page().list, list->typed(place));
     if (const auto refused = RefuseEntry(list->page().list, entry, list->entries(), place))
         return Show(*refused);
     list->put(place, entry);
@@ -301,7 +329,7 @@ void frmManRecord::ModEntry(EntriesWidget* list) {
     const qsizetype place = list->chosen();
     if (place < 0)
         return MsgBox(u"请选择要修改的记录！"_s, u"请注意"_s);
-    const QString entry = list->typed(place);
+    const QString entry = Completed(list->page().list, list->typed(place));
     if (const auto refused = RefuseEntry(list->page().list, entry, list->entries(), place))
         return Show(*refused);
     if (!AskYesNo(u"要修改该行信息吗?"_s, u"请确认"_s))

@@ -202,11 +202,11 @@ private Q_SLOTS:
         refused("the other mark", u"前>厅"_s, u"部门名称不能含有“<”或“>”！"_s);
         refused("blank", u" "_s, u"请输入部门名称！"_s);
 
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s);
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
         QCOMPARE(
             DeleteDepartment(u"前厅部").notice.words,
             u"删除该部门，其下的员工信息也将删除，该部门非空，先删除员工信息，方可进行本操作！"_s);
-        QVERIFY(DeleteEmployee({u"前厅部"_s, u"01"_s}).done);
+        QVERIFY(DeleteEmployee({u"前厅部"_s, u"001"_s}).done);
         QVERIFY(DeleteDepartment(u"前厅部").done);
         QCOMPARE(StaffDepartments(), QStringList{u"夜班与值班"_s});
         hotel.stopServer();
@@ -221,6 +221,12 @@ private Q_SLOTS:
         };
         refused("no number", Record(u"前厅部"_s, u" "_s, u"王一"_s),
                 u"请注意|员工编号不能空白！"_s);
+        const QString twoDigits =
+            u"请注意|员工编号不能只有两位数字，请在前面补0！"_s; // it would be an entry of a list
+        refused("two digits", Record(u"前厅部"_s, u"07"_s, u"王一"_s), twoDigits);
+        refused("the last two", Record(u"前厅部"_s, u"99"_s, u"王一"_s), twoDigits);
+        refused("a mark", Record(u"前厅部"_s, u"A>1"_s, u"王一"_s),
+                u"请注意|员工编号不能含有“<”或“>”！"_s);
         refused("no name", Record(u"前厅部"_s, u"1"_s, {}), u"请注意|员工姓名不能空白！"_s);
         refused("nowhere", Record({}, u"1"_s, u"王一"_s), u"请注意|所在部门不能空白！"_s);
         refused("everywhere", Record(u"所有部门"_s, u"1"_s, u"王一"_s),
@@ -244,7 +250,7 @@ private Q_SLOTS:
         QCOMPARE(int(taken.step), int(SaveStep::NumberTaken));
         QCOMPARE(taken.number, u"0008"_s);
         QCOMPARE(Place(hotel, u"客房部"_s, u"0007"_s), u"- -"_s);
-        Hire(u"客房部"_s, u"99"_s, u"李二"_s);
+        Hire(u"客房部"_s, u"099"_s, u"李二"_s);
         Hire(u"客房部"_s, u"A500"_s, u"赵六"_s);
         QCOMPARE(NextEmployeeNumber(), u"100"_s);
         QCOMPARE(NextEmployeeNumber(u"99"), u"100"_s);
@@ -259,31 +265,32 @@ private Q_SLOTS:
     // Another number, another department, or both.
     void moving() {
         TestHotel hotel;
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s);
-        Hire(u"前厅部"_s, u"02"_s, u"李二"_s);
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
+        Hire(u"前厅部"_s, u"002"_s, u"李二"_s);
         const SaveOutcome kept =
-            SaveEmployee({u"前厅部"_s, u"01"_s}, Record(u"前厅部"_s, u"01"_s, u"王大"_s), false);
+            SaveEmployee({u"前厅部"_s, u"001"_s}, Record(u"前厅部"_s, u"001"_s, u"王大"_s), false);
         QCOMPARE(kept.lines, QStringList({u"员工详细信息已经更新!"_s, u"员工简明信息已经更新!"_s}));
         QCOMPARE(hotel.logged(u"操作内容"), u"修改员工信息"_s);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"01"_s), u"王大 王大"_s);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"001"_s), u"王大 王大"_s);
 
-        QCOMPARE(SaveEmployee({u"前厅部"_s, u"01"_s}, Record(u"前厅部"_s, u"02"_s, u"王大"_s), true)
-                     .number,
-                 u"03"_s);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"02"_s), u"李二 李二"_s);
+        QCOMPARE(
+            SaveEmployee({u"前厅部"_s, u"001"_s}, Record(u"前厅部"_s, u"002"_s, u"王大"_s), true)
+                .number,
+            u"003"_s);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"002"_s), u"李二 李二"_s);
         const SaveOutcome renumbered =
-            SaveEmployee({u"前厅部"_s, u"01"_s}, Record(u"前厅部"_s, u"11"_s, u"王大"_s), true);
+            SaveEmployee({u"前厅部"_s, u"001"_s}, Record(u"前厅部"_s, u"011"_s, u"王大"_s), true);
         QCOMPARE(renumbered.lines.mid(2),
                  QStringList({u"员工原有简明信息删除成功!"_s, u"员工原有详细信息删除成功!"_s}));
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"01"_s), u"- -"_s);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"11"_s), u"王大 王大"_s);
-        SaveEmployee({u"前厅部"_s, u"11"_s}, Record(u"前厅部"_s, u"12"_s, u"王大"_s), false);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"11"_s), u"王大 王大"_s); // kept, as was wished
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"12"_s), u"王大 王大"_s);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"001"_s), u"- -"_s);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"011"_s), u"王大 王大"_s);
+        SaveEmployee({u"前厅部"_s, u"011"_s}, Record(u"前厅部"_s, u"012"_s, u"王大"_s), false);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"011"_s), u"王大 王大"_s); // kept, as was wished
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"012"_s), u"王大 王大"_s);
 
-        SaveEmployee({u"前厅部"_s, u"12"_s}, Record(u"工程部"_s, u"12"_s, u"王大"_s), false);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"12"_s), u"- -"_s);
-        QCOMPARE(Place(hotel, u"工程部"_s, u"12"_s), u"王大 王大"_s);
+        SaveEmployee({u"前厅部"_s, u"012"_s}, Record(u"工程部"_s, u"012"_s, u"王大"_s), false);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"012"_s), u"- -"_s);
+        QCOMPARE(Place(hotel, u"工程部"_s, u"012"_s), u"王大 王大"_s);
     }
 
     // The line is cut, or a write refused, ahead of every write of a transfer: he is lost at no point.
@@ -291,19 +298,19 @@ private Q_SLOTS:
         for (const bool spoilt : {false, true}) {
             for (int n = 1; n <= 9; ++n) {
                 TestHotel hotel;
-                Hire(u"前厅部"_s, u"01"_s, u"王一"_s);
+                Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
                 CutLine line(hotel.port());
                 {
                     Desk desk(line.port());
                     desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
                     line.reset();
                     spoilt ? line.spoilWrite(n) : line.cutBeforeWrite(n);
-                    SaveEmployee({u"前厅部"_s, u"01"_s}, Record(u"工程部"_s, u"01"_s, u"王一"_s),
+                    SaveEmployee({u"前厅部"_s, u"001"_s}, Record(u"工程部"_s, u"001"_s, u"王一"_s),
                                  false);
                 }
                 hotel.desk().use();
-                const QString left = Place(hotel, u"前厅部"_s, u"01"_s);
-                const QString come = Place(hotel, u"工程部"_s, u"01"_s);
+                const QString left = Place(hotel, u"前厅部"_s, u"001"_s);
+                const QString come = Place(hotel, u"工程部"_s, u"001"_s);
                 QVERIFY2(left == u"王一 王一" || come == u"王一 王一",
                          qPrintable(left + u" / "_s + come));
                 if (spoilt) // each write is tried twice
@@ -314,11 +321,11 @@ private Q_SLOTS:
 
     void secondJobs() {
         TestHotel hotel;
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s,
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s,
              u"<职务>领班</职务><兼职部门1>客房部</兼职部门1><兼职职务1>主管</兼职职务1>"
              "<兼职部门2>工程部</兼职部门2>"_s);
-        Hire(u"客房部"_s, u"02"_s, u"李二"_s, u"<职务>主管</职务>"_s);
-        Hire(u"客房部"_s, u"03"_s, u"赵六"_s, u"<职务>主管</职务>"_s);
+        Hire(u"客房部"_s, u"002"_s, u"李二"_s, u"<职务>主管</职务>"_s);
+        Hire(u"客房部"_s, u"003"_s, u"赵六"_s, u"<职务>主管</职务>"_s);
         const auto row = [](const QString& department, const QString& names) {
             const StaffList list = ListStaff(department);
             Check(qPrintable(department), Names(list.table), names);
@@ -342,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(Words(RefuseDeletion(house, 1, u"所有部门"_s)),
                  u"请注意|请先选择具体部门，再删除相应的员工信息，减少误操作！"_s);
         QCOMPARE(Roster(house).row(3).mid(0, 5),
-                 QStringList({u"3"_s, u"03"_s, u"赵六"_s, u"客房部"_s, u"主管"_s}));
+                 QStringList({u"3"_s, u"003"_s, u"赵六"_s, u"客房部"_s, u"主管"_s}));
 
         QStringList staffing;
         const TextTable table = StaffingTable(house);
@@ -358,39 +365,39 @@ private Q_SLOTS:
 
     void lettingGo() {
         TestHotel hotel;
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s, u"<血型>O</血型>"_s);
-        Hire(u"前厅部"_s, u"02"_s, u"李二"_s);
-        const DeleteOutcome gone = DeleteEmployee({u"前厅部"_s, u"01"_s});
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s, u"<血型>O</血型>"_s);
+        Hire(u"前厅部"_s, u"002"_s, u"李二"_s);
+        const DeleteOutcome gone = DeleteEmployee({u"前厅部"_s, u"001"_s});
         QVERIFY(gone.done);
         QCOMPARE(
             gone.lines,
             QStringList({u"简明信息删除成功！"_s, u"简明信息删除后成功存入简明历史纪录库中！"_s,
                          u"信息删除成功！"_s, u"信息删除后成功存入历史纪录库中！"_s}));
         QCOMPARE(hotel.logged(u"操作内容"), u"删除员工信息"_s);
-        QCOMPARE(Place(hotel, u"前厅部"_s, u"01"_s), u"- -"_s);
+        QCOMPARE(Place(hotel, u"前厅部"_s, u"001"_s), u"- -"_s);
         const QString former = hotel.stored(kFormerFile, u"前厅部"_s, u"260305100000"_s);
         QCOMPARE(GetTag(former, u"血型"), u"O"_s);
         QCOMPARE(GetTag(former, u"处理日期"), u"2026-03-05"_s);
         QCOMPARE(GetTag(former, u"操作人"), u"系统管理员"_s);
-        QCOMPARE(GetTag(hotel.stored(kFormerBriefFile, u"前厅部"_s, u"01"_s), u"处理日期"),
+        QCOMPARE(GetTag(hotel.stored(kFormerBriefFile, u"前厅部"_s, u"001"_s), u"处理日期"),
                  u"2026-03-05"_s);
         // Another one within the second, and the first once more.
-        QVERIFY(DeleteEmployee({u"前厅部"_s, u"02"_s}).done);
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s);
-        QVERIFY(DeleteEmployee({u"前厅部"_s, u"01"_s}).done);
+        QVERIFY(DeleteEmployee({u"前厅部"_s, u"002"_s}).done);
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
+        QVERIFY(DeleteEmployee({u"前厅部"_s, u"001"_s}).done);
         QCOMPARE(GetTag(hotel.stored(kFormerFile, u"前厅部"_s, u"260305100000"_s), u"姓名"),
                  u"王一"_s);
         QCOMPARE(GetTag(hotel.stored(kFormerFile, u"前厅部"_s, u"260305100001"_s), u"姓名"),
                  u"李二"_s);
         QCOMPARE(GetTag(hotel.stored(kFormerFile, u"前厅部"_s, u"260305100002"_s), u"编号"),
-                 u"01"_s);
+                 u"001"_s);
     }
 
     // Wherever it is broken off, nobody is gone who isn't in history, and the words fit.
     void aDeletionThatIsBrokenOff() {
         for (int n = 1; n <= 4; ++n) {
             TestHotel hotel;
-            Hire(u"前厅部"_s, u"01"_s, u"王一"_s);
+            Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
             CutLine line(hotel.port());
             DeleteOutcome outcome;
             {
@@ -398,27 +405,27 @@ private Q_SLOTS:
                 desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
                 line.reset();
                 line.cutBeforeWrite(n);
-                outcome = DeleteEmployee({u"前厅部"_s, u"01"_s});
+                outcome = DeleteEmployee({u"前厅部"_s, u"001"_s});
             }
             hotel.desk().use();
             QVERIFY(!outcome.done);
-            const QStringList left = Place(hotel, u"前厅部"_s, u"01"_s).split(u' ');
+            const QStringList left = Place(hotel, u"前厅部"_s, u"001"_s).split(u' ');
             QCOMPARE(left[0] == u"-", outcome.lines.contains(u"简明信息删除成功！"_s));
             QCOMPARE(left[1] == u"-", outcome.lines.contains(u"信息删除成功！"_s));
             QCOMPARE(left, n < 3 ? QStringList({u"王一"_s, u"王一"_s})
                                  : QStringList({u"-"_s, u"王一"_s}));
             QVERIFY(outcome.lines.last().startsWith(n == 1 || n == 3 ? u"信息无法存入" : u"信息"));
-            const QString brief = hotel.stored(kFormerBriefFile, u"前厅部"_s, u"01"_s);
+            const QString brief = hotel.stored(kFormerBriefFile, u"前厅部"_s, u"001"_s);
             QCOMPARE(GetTag(brief, u"姓名"), n == 1 ? QString() : u"王一"_s);
         }
     }
 
     void cards() {
         TestHotel hotel;
-        Hire(u"前厅部"_s, u"01"_s, u"王一"_s, u"<识别卡号>C 77</识别卡号>"_s);
-        Hire(u"客房部"_s, u"02"_s, u"李二"_s);
-        const EmployeeKey first{u"前厅部"_s, u"01"_s};
-        const EmployeeKey second{u"客房部"_s, u"02"_s};
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s, u"<识别卡号>C 77</识别卡号>"_s);
+        Hire(u"客房部"_s, u"002"_s, u"李二"_s);
+        const EmployeeKey first{u"前厅部"_s, u"001"_s};
+        const EmployeeKey second{u"客房部"_s, u"002"_s};
         const QString held = u"重复定义|部门:前厅部 的员工:王一 已经包含或使用了这一张卡或标志!"_s;
         QCOMPARE(CardText(u" \tC 77\r\n"_s), u"C 77"_s);
         QCOMPARE(Words(RefuseCard(u"C 77"_s, second)), held);
@@ -427,11 +434,11 @@ private Q_SLOTS:
         QCOMPARE(Words(RefuseCard(u"C77"_s, second)), QString());
         QCOMPARE(GiveCard(second, u"C88"_s).notice.words, u"该员工可以使用这张磁卡考勤了！"_s);
         for (const QString& file : {kFile, kBriefFile})
-            QCOMPARE(GetTag(hotel.stored(file, u"客房部"_s, u"02"_s), u"识别卡号"), u"C88"_s);
+            QCOMPARE(GetTag(hotel.stored(file, u"客房部"_s, u"002"_s), u"识别卡号"), u"C88"_s);
         Clock::Advance(3000); // the found record is read by a walk's buffer
         QCOMPARE(Words(RefuseCard(u"C88"_s, first)),
                  u"重复定义|部门:客房部 的员工:李二 已经包含或使用了这一张卡或标志!"_s);
-        QVERIFY(!GiveCard({u"客房部"_s, u"03"_s}, u"C99"_s).done);
+        QVERIFY(!GiveCard({u"客房部"_s, u"003"_s}, u"C99"_s).done);
         hotel.stopServer();
         QVERIFY(!GiveCard(second, u"C99"_s).done);
     }
@@ -451,7 +458,7 @@ private Q_SLOTS:
         QCOMPARE(Words(RefusePhotograph(WithSize("no picture", 1000))), none);
         QCOMPARE(Words(RefusePhotograph(WithSize(jpeg.left(60), 300))), none);
         QCOMPARE(Words(RefusePhotograph(u"/no/such/file.jpg"_s)), none);
-        QCOMPARE(EmployeePhotographFile(u"01"), u"Ygxx\\Ygzp\\01.jpg"_s);
+        QCOMPARE(EmployeePhotographFile(u"001"), u"Ygxx\\Ygzp\\001.jpg"_s);
     }
 
     void career() {
@@ -468,10 +475,10 @@ private Q_SLOTS:
         const CareerChange second = SecondJobChange(u"王一"_s, {}, u"客房部"_s, {});
         QCOMPARE(second.question, u"是否调整员工的兼职岗位：王一 从 无 改为 客房部?"_s);
         QCOMPARE(second.words, u"兼职岗位调整"_s);
-        const CareerChange hired = StatusChange(u"王一"_s, {}, u"试用期"_s);
+        const CareerChange hired = EmployeeStatusChange(u"王一"_s, {}, u"试用期"_s);
         QCOMPARE(hired.question, u"是否要记录员工：王一 进入任职状态 试用期?"_s);
         QCOMPARE(hired.words, u"工作状态进入 试用期"_s);
-        const CareerChange left = StatusChange(u"王一"_s, u"试用期"_s, u"正式"_s);
+        const CareerChange left = EmployeeStatusChange(u"王一"_s, u"试用期"_s, u"正式"_s);
         QCOMPARE(left.question, u"是否要记录员工：王一 任职状态从 试用期 变化到 正式?"_s);
         QCOMPARE(left.words, u"工作状态从 试用期 变化到 正式"_s);
         QVERIFY(!CareerEntry(record, u"前厅部"_s, left).contains(u"调入"));
