@@ -125,10 +125,7 @@ std::optional<QString> AskChoice(const QString& words, const QString& title,
     box->setText(words);
     for (const QString& choice : choices)
         box->addButton(choice, QMessageBox::YesRole);
-    // What closing the box presses is none of them, and is not shown.
-    QPushButton* none = box->addButton(QMessageBox::Cancel);
-    none->hide();
-    box->setEscapeButton(none);
+    box->setEscapeButton(box->addButton(u"取消(&C)"_s, QMessageBox::NoRole));
     box->setDefaultButton(qobject_cast<QPushButton*>(box->buttons().first()));
     box->exec();
     const QString answer = box && box->clickedButton() ? box->clickedButton()->text() : QString();

@@ -19,7 +19,7 @@ bool AskOkCancel(const QString& words, const QString& title = {});
 bool AskYesNo(const QString& words, const QString& title = {});
 
 // A question answered by one of several words, each on a button, the first the one that Enter takes. No value
-// when the user closes the box.
+// when the user cancels.
 std::optional<QString> AskChoice(const QString& words, const QString& title,
                                  const QStringList& choices);
 

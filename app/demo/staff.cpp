@@ -169,7 +169,7 @@ constexpr DemoEmployee kLeft = {u"鲁小光", u"男", u"19980608", u"餐饮部",
 constexpr QStringView kAreas[] = {u"430102", u"430103", u"430104", u"430111", u"430121",
                                   u"430202", u"430302", u"430602", u"430702", u"420106"};
 
-constexpr int kDaysAgo = 40;
+constexpr int kDaysAgo = kDemoDays + 10;
 const QTime kBegins(8, 40);
 constexpr int kToHire = 210; // seconds for each
 constexpr int kToLeave = 30;

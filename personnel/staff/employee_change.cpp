@@ -141,8 +141,22 @@ SaveOutcome SaveEmployee(const EmployeeKey& before, const QString& record, bool 
         if (taken == Reading::Present)
             return {SaveStep::NumberTaken, {}, NextEmployeeNumber(key.number), {}};
     }
+    if (!before.isNew()) {
+        const Reading standing =
+            ReadToChange(EmployeeFile(), before.department, before.number).outcome;
+        if (standing == Reading::Absent)
+            outcome.notice = Notice{
+                u"请注意"_s, u"这个员工已经不在原来的部门，可能已被删除或调离，没有保存！"_s};
+        if (standing == Reading::Failed)
+            outcome.notice = Unread();
+    }
+    const auto titles = StaffTitles();
+    if (!titles)
+        outcome.notice = Unread();
+    if (outcome.notice)
+        return outcome;
     outcome.number = key.number;
-    const QString brief = BriefRecord(record, StaffTitles());
+    const QString brief = BriefRecord(record, *titles);
     const bool moves = key != before;
     const auto writeBrief = [&] { return Write(kBrief, kBrief.word, key, brief, outcome.lines); };
     const auto writeDetails = [&] {

@@ -38,6 +38,8 @@ struct SaveOutcome {
 // Writes an employee under his department and number. `before` is where he was read; new for one who is hired.
 // Where the department has changed, his records in the old one go; where the number has, they go if `removeOld`.
 //
+// Somebody who was let go or moved meanwhile, from another desk, is not written: he would be back, or there twice.
+//
 // The new records are written ahead of the old ones' deletion, so that he is lost at no point: an act that is
 // broken off leaves him twice.
 SaveOutcome SaveEmployee(const EmployeeKey& before, const QString& record, bool removeOld);

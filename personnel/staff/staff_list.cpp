@@ -68,8 +68,11 @@ void AddStaffingRow(TextTable& table, const QString& department, const QString& 
 
 } // namespace
 
-QStringList StaffTitles() {
-    QStringList titles = LoadCategory(kTitleCategory);
+std::optional<QStringList> StaffTitles() {
+    const auto entries = ReadCategory(kTitleCategory);
+    if (!entries)
+        return std::nullopt;
+    QStringList titles = *entries;
     for (const QStringView needed : kNeeded)
         titles.append(needed.toString());
     titles.removeDuplicates();
@@ -85,7 +88,11 @@ QString BriefRecord(QStringView record, const QStringList& titles) {
 
 StaffList ListStaff(const QString& department) {
     StaffList list;
-    list.table.setHeaders(QStringList{kSerialTitle.toString()} + StaffTitles());
+    const auto titles = StaffTitles();
+    list.complete = titles.has_value();
+    list.table.setHeaders(QStringList{kSerialTitle.toString()} + titles.value_or(QStringList()));
+    if (!titles)
+        return list;
     const bool all = department == kAllDepartments;
     const QStringList departments = all ? StaffDepartments() : QStringList{department};
     for (const QString& each : departments) {

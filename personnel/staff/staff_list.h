@@ -20,9 +20,9 @@ namespace hotel {
 
 inline constexpr QStringView kSerialTitle = u"序号";
 
-// The titles of the list. 编号, 姓名, 所在部门 and both second departments are always among them: the list is
-// found and changed by these.
-QStringList StaffTitles();
+// The titles of the list, nothing when they can't be read. 编号, 姓名, 所在部门 and both second departments are
+// always among them: the list is found and changed by these.
+std::optional<QStringList> StaffTitles();
 
 // What the list shows of a record.
 QString BriefRecord(QStringView record, const QStringList& titles);

@@ -289,6 +289,11 @@ private Q_SLOTS:
         QCOMPARE(Place(hotel, u"前厅部"_s, u"012"_s), u"王大 王大"_s);
 
         SaveEmployee({u"前厅部"_s, u"012"_s}, Record(u"工程部"_s, u"012"_s, u"王大"_s), false);
+        // The other desk still shows him at his old place.
+        const SaveOutcome late =
+            SaveEmployee({u"前厅部"_s, u"012"_s}, Record(u"前厅部"_s, u"012"_s, u"王二"_s), false);
+        QCOMPARE(late.notice->words,
+                 u"这个员工已经不在原来的部门，可能已被删除或调离，没有保存！"_s);
         QCOMPARE(Place(hotel, u"前厅部"_s, u"012"_s), u"- -"_s);
         QCOMPARE(Place(hotel, u"工程部"_s, u"012"_s), u"王大 王大"_s);
     }
