@@ -22,6 +22,9 @@
 #include "frontoffice/frmWX.h"
 #include "frontoffice/frmYD.h"
 #include "frontoffice/guest_query.h"
+#include "personnel/staff/FrmYgxx.h"
+#include "personnel/staff/frmBm.h"
+#include "personnel/staff/frmManRecord.h"
 #include "record/literals.h"
 #include "screen/open_screen.h"
 #include "shell/SetPass.h"
@@ -39,10 +42,9 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"PicCap",  u"frmShw",   u"frmTimer", u"YybbFrm", u"PicView", u"GzjhFrm", u"Pmxs",
-    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",   u"FrmYgxx",
-    u"FrmKq",   u"frmCheck", u"FrmTj",    u"frmCx",   u"QVRView", u"Xtwh",    u"Gys",
-    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",
+    u"PicCap",   u"frmShw", u"frmTimer", u"YybbFrm", u"PicView", u"GzjhFrm",  u"Pmxs",   u"ShopSet",
+    u"Accntfrm", u"Kdjf",   u"HdfjFrm",  u"Wffj",    u"FrmKq",   u"frmCheck", u"FrmTj",  u"frmCx",
+    u"QVRView",  u"Xtwh",   u"Gys",      u"Gyxx",    u"QfyjFrm", u"QfdxFrm",  u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -86,6 +88,10 @@ void RegisterScreens() {
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });
     RegisterScreen(u"YstjFrm", [] { return new YstjFrm; });
+    RegisterScreen(u"frmBm", [] { return new frmBm; });
+    RegisterScreen(u"FrmYgxx", [] { return new FrmYgxx; });
+    for (const QStringView card : {u"frmManRecord", u"frmYgEdit"})
+        RegisterScreen(card, [card] { return new frmManRecord(card.toString()); });
     SetEntryOpener([](QStringView screen, const QString& argument) {
         if (IsToCome(screen))
             return false;

@@ -114,6 +114,25 @@ bool AskYesNo(const QString& words, const QString& title) {
     return ShowBox(QMessageBox::Question, words, title, {u"是(&Y)"_s, u"否(&N)"_s});
 }
 
+std::optional<QString> AskChoice(const QString& words, const QString& title,
+                                 const QStringList& choices) {
+    if (!recorders.isEmpty())
+        return Ask({MessageRecorder::Kind::Choice, title, words});
+    QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    box->setIcon(QMessageBox::Question);
+    box->setWindowTitle(title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(words);
+    for (const QString& choice : choices)
+        box->addButton(choice, QMessageBox::YesRole);
+    box->setEscapeButton(box->addButton(u"取消(&C)"_s, QMessageBox::NoRole));
+    box->setDefaultButton(qobject_cast<QPushButton*>(box->buttons().first()));
+    box->exec();
+    const QString answer = box && box->clickedButton() ? box->clickedButton()->text() : QString();
+    delete box;
+    return choices.contains(answer) ? std::optional(answer) : std::nullopt;
+}
+
 std::optional<QString> InputBox(const QString& words, const QString& title,
                                 const QString& proposed) {
     if (!recorders.isEmpty())

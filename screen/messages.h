@@ -18,6 +18,11 @@ void MsgBox(const QString& words, const QString& title = {});
 bool AskOkCancel(const QString& words, const QString& title = {});
 bool AskYesNo(const QString& words, const QString& title = {});
 
+// A question answered by one of several words, each on a button, the first the one that Enter takes. No value
+// when the user cancels.
+std::optional<QString> AskChoice(const QString& words, const QString& title,
+                                 const QStringList& choices);
+
 // Asks for one line of text; no value when the user cancels.
 std::optional<QString> InputBox(const QString& words, const QString& title = {},
                                 const QString& proposed = {});
@@ -34,7 +39,7 @@ void TimedMessage(const QString& words, const QString& title, int milliseconds, 
 // The recorder of tests; while one exists, no box is shown. Recorders nest; the newest answers.
 class MessageRecorder {
 public:
-    enum class Kind { Message, OkCancel, YesNo, Input, SaveFile, OpenFile, Timed };
+    enum class Kind { Message, OkCancel, YesNo, Choice, Input, SaveFile, OpenFile, Timed };
     struct Entry {
         Kind kind;
         QString title;
@@ -49,7 +54,7 @@ public:
     MessageRecorder& operator=(const MessageRecorder&) = delete;
 
     // Answers for the questions to come, in their order. A question without one is cancelled.
-    // Questions take "ok"/"yes" or "cancel"/"no"; input and file questions take the text itself.
+    // Questions take "ok"/"yes" or "cancel"/"no", those with words of their own that word; input and file questions take the text itself.
     void answerNext(const std::optional<QString>& answer);
 
     const QList<Entry>& entries() const { return entries_; }

@@ -1,4 +1,4 @@
-// demo_guests FOLDER: brings guests into the demo hotel whose store lies in the folder, which nobody
+// demo_guests FOLDER: brings staff and guests into the demo hotel whose store lies in the folder, which nobody
 // serves meanwhile. Ends with 0 when all are in, with 1 when not, with 2 when the command line makes no
 // sense.
 //
@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/staff.h"
 #include "link/Wck_comm.h"
 #include "record/literals.h"
 #include "server/server_thread.h"
@@ -48,11 +49,11 @@ void Open(const QString& folder) {
     SetLink(&link);
     link.ProdID = kProductId.toString();
     link.ConnectServer(u"127.0.0.1"_s, QString::number(server.port()));
-    BringInGuests(
-        {.at = opening,
-         .setServerClock =
-             [&serverClock](const QDateTime& moment) { serverClock = moment.toMSecsSinceEpoch(); },
-         .progress = ShowProgress});
+    const auto setServerClock = [&serverClock](const QDateTime& moment) {
+        serverClock = moment.toMSecsSinceEpoch();
+    };
+    BringInStaff(opening, setServerClock);
+    BringInGuests({.at = opening, .setServerClock = setServerClock, .progress = ShowProgress});
     server.finish();
 }
 

@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
         TourOfCharges(tour);
         TourOfNightAudit(tour);
         TourOfCheckOut(tour);
+        TourOfStaff(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);
