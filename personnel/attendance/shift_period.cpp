@@ -1,0 +1,65 @@
+#include "personnel/attendance/shift_period.h"
+
+#include <algorithm>
+
+#include "record/numbers.h"
+#include "record/record_text.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr QStringView kModes[] = {u"常规", u"时间", kRotating, u"登记"};
+constexpr QStringView kFilledUp = u"1111100";
+
+int Whole(QStringView text) {
+    return int(LeadingNumber(text));
+}
+
+ShiftPeriod ReadPeriod(QStringView text) {
+    using namespace shift_period;
+    ShiftPeriod period{.name = GetTag(text, kName),
+                       .mode = GetTag(text, kMode),
+                       .startText = GetTag(text, kStart),
+                       .endText = GetTag(text, kEnd),
+                       .early = Whole(GetTag(text, kEarly)),
+                       .late = Whole(GetTag(text, kLate)),
+                       .weekdays = GetTag(text, kWeekdays),
+                       .dayValue = GetTag(text, kDayValue)};
+    period.start = MinuteOf(period.startText);
+    period.end = MinuteOf(period.endText);
+    return period;
+}
+
+} // namespace
+
+bool IsKnownMode(QStringView mode) {
+    return std::ranges::find(kModes, mode) != std::end(kModes);
+}
+
+int MinuteOf(QStringView time) {
+    return Whole(time.left(2)) * 60 + Whole(time.mid(3, 2));
+}
+
+QList<ShiftPeriod> ReadShiftPeriods(QStringView periods) {
+    QList<ShiftPeriod> read;
+    while (read.size() < kPeriodLimit) {
+        const QString text = GetTag(periods, FormatNumber(qint64(read.size()), u"00"));
+        if (text.isEmpty())
+            break;
+        read.append(ReadPeriod(text));
+    }
+    return read;
+}
+
+bool HoldsOn(QStringView weekdays, int weekday) {
+    return (weekdays.toString() + kFilledUp).at(weekday - 1) == u'1';
+}
+
+bool LiesInside(const ShiftPeriod& period, int minute) {
+    const bool reached = minute >= period.start - period.early;
+    const bool notPast = minute <= period.end + period.late;
+    return period.isNight() ? reached || notPast : reached && notPast;
+}
+
+} // namespace hotel
