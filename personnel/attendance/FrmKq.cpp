@@ -117,9 +117,10 @@ FrmKq::FrmKq()
     top->addWidget(makeClock());
     top->addWidget(makeEntry(), 1);
     auto* side = new QVBoxLayout;
-    side->addWidget(Zp, 1);
     side->addWidget(new QLabel(u"等待登记"_s));
     side->addWidget(KqBuf);
+    side->addWidget(Zp);
+    side->addStretch(1);
     auto* below = new QHBoxLayout;
     below->addWidget(Kqqd, 1);
     below->addLayout(side);
@@ -282,6 +283,8 @@ void FrmKq::CmdShb_Click() {
     TextTable& list = Kqqd->table();
     const int row = AddDeskRow(list, punch_);
     Kqqd->rowsAdded();
+    if (list.rows() <= kRowsInView)
+        Kqqd->autoFit();
     if (list.rows() > kRowsInView)
         Kqqd->scrollTo(Kqqd->model()->index(list.rows() - kRowsAbove - 1, 0),
                        QAbstractItemView::PositionAtTop);
@@ -295,12 +298,13 @@ void FrmKq::CmdShb_Click() {
         refuse({u"提示"_s, u"信息保存失败，请重新登记！"_s});
         return clearPerson();
     }
-    const bool usual = punch_.decision.state == punch_word::kNormal &&
-                       punch_.decision.function != punch_word::kUnknown;
-    told(punch_.person.name + u"　"_s + punch_.decision.function + u"　"_s + punch_.decision.state,
+    const PunchDecision& decision = punch_.decision;
+    const bool overtime = decision.mode == punch_word::kOvertime;
+    told(punch_.person.name + u"　"_s +
+             (overtime ? decision.mode : decision.function + u"　"_s + decision.state),
          punch_.moment.toString(u"HH:mm:ss　") + punch_.person.department + u"　"_s +
-             (punch_.decision.shift.isEmpty() ? punch_.decision.mode : punch_.decision.shift),
-         usual ? Tone::Good : Tone::Attention);
+             decision.shift,
+         decision.state == punch_word::kNormal && !overtime ? Tone::Good : Tone::Attention);
     Loudspeaker::Installed().play(Param(u"KqCg"));
     if (punch_.isBirthday())
         greet();

@@ -1,5 +1,6 @@
 #include "personnel/attendance/staff_records.h"
 
+#include "link/records.h"
 #include "link/serv_api.h"
 #include "record/field_walk.h"
 #include "session/parameters.h"
@@ -29,15 +30,20 @@ QStringList Departments() {
 }
 
 bool EachDepartment(
-    const std::function<void(const QString& department, QStringView employees)>& use) {
+    const std::function<void(const QString& department, QStringView employees)>& use,
+    const WalkProgress& progress) {
     const QStringList departments = Departments();
-    for (const QString& department : departments) {
-        const RecordRead read = ReadProjectToChange(StaffFile(), department);
-        if (read.failed())
+    bool read = !departments.isEmpty();
+    for (qsizetype i = 0; i < departments.size(); ++i) {
+        if (!GoesOn(progress, int(i), int(departments.size())))
             return false;
-        use(department, read.value);
+        const RecordRead employees = ReadProjectToChange(StaffFile(), departments[i]);
+        if (employees.failed())
+            read = false;
+        else
+            use(departments[i], employees.value);
     }
-    return !departments.isEmpty();
+    return read;
 }
 
 void EachEmployee(QStringView employees,

@@ -10,7 +10,7 @@
 
 #include <functional>
 
-#include "link/records.h"
+#include "house/common/walk_progress.h"
 
 namespace hotel {
 
@@ -28,9 +28,11 @@ QString StaffFile();
 // The departments that the file knows; none when it can't be read.
 QStringList Departments();
 
-// Reads department after department, each in one command. False when one could not be read, or there is none.
+// Reads department after department, each in one command. False when one could not be read, which is left out, when
+// there is none, and when the walk was stopped.
 bool EachDepartment(
-    const std::function<void(const QString& department, QStringView employees)>& use);
+    const std::function<void(const QString& department, QStringView employees)>& use,
+    const WalkProgress& progress = {});
 
 void EachEmployee(QStringView employees,
                   const std::function<void(const QString& number, QStringView record)>& use);

@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(*hotel_, u"260305074510"_s), u"0012 正常 上班"_s);
         QCOMPARE(GetTag(hotel_->stored(kDay, kPunches, u"260305074510"_s), u"地点"), u"考勤台"_s);
         punch(u"34"_s); // without a touch in between
-        QCOMPARE(result(), u"周强　未知　正常|07:45:10　保安部　加班"_s);
+        QCOMPARE(result(), u"周强　加班|07:45:10　保安部　"_s);
         QCOMPARE(Stored(*hotel_, u"260305074511"_s), u"0034 正常 未知"_s);
         QCOMPARE(in<QLabel>("Ygxm")->text(), QString());
         QCOMPARE(list().row(2).join(u'|'), u"2|0034|周强|保安部|服务员|07:45:10|正常||加班|未知|"
