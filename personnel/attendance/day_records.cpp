@@ -34,8 +34,12 @@ QString PunchPhotographName(QStringView key) {
     return key + u".jpg"_s;
 }
 
+QString PunchPhotographFolder(QStringView key) {
+    return Param(u"KqzpPath") + key.left(4) + u'\\' + key.left(6) + u'\\';
+}
+
 QString PunchPhotographFile(QStringView name) {
-    return Param(u"KqzpPath") + name.left(4) + u'\\' + name;
+    return PunchPhotographFolder(name) + name;
 }
 
 const QStringList& AbsenceCategories() {

@@ -59,7 +59,8 @@ QString DayResultFile(QDate day);
 
 QString PunchKey(const QDateTime& moment);
 
-// The photograph of a punch, by its key: a folder a month.
+// The photograph of a punch, by its key: a folder a day.
+QString PunchPhotographFolder(QStringView key);
 QString PunchPhotographName(QStringView key);
 QString PunchPhotographFile(QStringView name);
 

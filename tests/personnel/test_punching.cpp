@@ -397,7 +397,7 @@ private Q_SLOTS:
             punch(u"56"_s);
         QCOMPARE(list().dataRows(), 12);
         QCOMPARE(list().text(12, kRowNumber), u"12"_s);
-        QCOMPARE(DbDownloadFile(u"Kqzp\\2603\\260305074521.jpg", u"back.jpg"_s), 0);
+        QCOMPARE(DbDownloadFile(u"Kqzp\\2603\\260305\\260305074521.jpg", u"back.jpg"_s), 0);
         QCOMPARE(QImage(u"back.jpg"_s).size(), QSize(40, 30));
         // Another desk's punches come with the list.
         Employ(u"客房部"_s, u"0100"_s, u"郑红"_s, {});
