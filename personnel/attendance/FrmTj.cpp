@@ -8,11 +8,13 @@
 #include "personnel/attendance/staff_records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
+#include "record/numbers.h"
 #include "screen/field_form.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
 #include "session/operation_log.h"
+#include "tools/charts/ChartPane.h"
 #include "tools/lists/list_export.h"
 #include "tools/lists/list_print.h"
 
@@ -31,6 +33,22 @@ constexpr ListWords kLists[] = {
     {u"员工统计", u"员工考勤统计信息清单", u"员工考勤统计表", u"打印员工考勤统计结果"},
     {u"班次统计", u"员工班次统计信息清单", u"员工班次统计表", u"打印员工班次统计结果"}};
 
+// Columns of a list of figures as the series of a chart; what is no whole number is cut.
+Chart ChartOf(const QString& title, ChartKind kind, const TextTable& list,
+              const QStringList& columns, int labelCut = 0) {
+    Chart chart{title, kind};
+    for (int row = 1; row < list.rows(); ++row)
+        chart.labels.append(list.text(row, 0).sliced(labelCut));
+    for (const QString& column : columns) {
+        ChartSeries series{column, {}};
+        for (int row = 1; row < list.rows(); ++row)
+            series.values.append(qint64(LeadingNumber(list.text(row, column))));
+        chart.series.append(series);
+    }
+    chart.unit = u"次"_s;
+    return chart;
+}
+
 void AlignNumbers(GridView& grid, int firstColumn, int lastColumn) {
     for (int column = firstColumn; column <= lastColumn; ++column)
         grid.setColumnAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
@@ -41,13 +59,21 @@ void AlignNumbers(GridView& grid, int firstColumn, int lastColumn) {
 FrmTj::FrmTj()
     : Screen(u"FrmTj"_s, u"考勤统计"_s),
       period_(new FieldForm(PeriodFields({{u"部门", u"ComBm", u"部门", Editor::Category}}), 3)),
-      Tabs(new QTabWidget), KqtjQd(new GridView(u"KqtjQd"_s)), BctjQd(new GridView(u"BctjQd"_s)) {
+      Tabs(new QTabWidget), KqtjQd(new GridView(u"KqtjQd"_s)), BctjQd(new GridView(u"BctjQd"_s)),
+      byDay_(new ChartPane), byDepartment_(new ChartPane) {
+    byDay_->setObjectName(u"byDay"_s);
+    byDepartment_->setObjectName(u"byDepartment"_s);
     Tabs->setObjectName(u"Tabs"_s);
     for (GridView* list : {KqtjQd, BctjQd}) {
         list->setSortable(true);
         list->setTotalRows(1);
         Tabs->addTab(list, kLists[Tabs->count()].caption.toString());
     }
+    auto* charts = new QWidget;
+    auto* chartLayout = new QVBoxLayout(charts);
+    for (ChartPane* chart : {byDay_, byDepartment_})
+        chartLayout->addWidget(chart, 1);
+    Tabs->addTab(charts, u"图表"_s);
     auto* content = new QVBoxLayout;
     content->addWidget(period_, 0, Qt::AlignLeft);
     content->addWidget(Tabs, 1);
@@ -99,6 +125,11 @@ void FrmTj::showResult(const PeriodStatistics& result) {
     AlignNumbers(*BctjQd, 3, result.shifts.cols() - 1);
     for (GridView* list : {KqtjQd, BctjQd})
         list->autoFit();
+    constexpr int kYear = 5; // "2026-"
+    byDay_->setChart(ChartOf(u"每天迟到、早退、缺勤"_s, ChartKind::Lines, result.days,
+                             {u"迟到次数"_s, u"早退次数"_s, u"缺勤次数"_s}, kYear));
+    byDepartment_->setChart(ChartOf(u"各部门出勤与缺勤"_s, ChartKind::StackedBars,
+                                    result.departments, {u"出勤次数"_s, u"缺勤次数"_s}));
 }
 
 void FrmTj::CmdPrint_Click() {

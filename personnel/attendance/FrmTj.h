@@ -12,6 +12,7 @@ class QTabWidget;
 namespace hotel {
 
 class FieldForm;
+class ChartPane;
 class GridView;
 
 class FrmTj : public Screen {
@@ -31,6 +32,8 @@ private:
     QTabWidget* Tabs;
     GridView* KqtjQd;
     GridView* BctjQd;
+    ChartPane* byDay_;
+    ChartPane* byDepartment_;
     QString lastFile_;
 };
 

@@ -156,8 +156,10 @@ void ReportPunches(const TextTable& punches, Reports& reports) {
         PersonReport& report = reports[person.key()];
         QList<int> overtime;
         for (const int row : *person) {
-            report.name = punches.text(row, punch_record::kName);
-            report.department = punches.text(row, punch_record::kDepartment);
+            if (report.name.isEmpty())
+                report.name = punches.text(row, punch_record::kName);
+            if (report.department.isEmpty())
+                report.department = punches.text(row, punch_record::kDepartment);
             const QString state = punches.text(row, punch_record::kState);
             const QString function = punches.text(row, punch_record::kFunction);
             report.late += function == punch_word::kArrival && state == punch_word::kLate;

@@ -28,7 +28,8 @@ constexpr QStringView kTitle = u"考勤记录查询清单";
 constexpr int kPhotographWidth = 260;
 
 QStringList SearchColumns() {
-    QStringList columns = PunchColumns().chopped(1);
+    QStringList columns = PunchColumns();
+    columns.removeLast(); // which is not shown
     columns << punch_record::kPost.toString() << kPhotograph.toString();
     return columns;
 }
