@@ -17,7 +17,7 @@
 #include "house/rooms/working_days.h"
 #include "link/serv_api.h"
 #include "personnel/attendance/list_records.h"
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
 #include "platform/camera.h"
 #include "platform/clock.h"
 #include "platform/sound.h"
@@ -203,7 +203,7 @@ void FrmKq::load(const QVariant&) {
     if (login_)
         return;
     login_ = std::make_unique<DeskLogin>();
-    ComBm->addItems(Departments());
+    ComBm->addItems(StaffDepartments());
     DevPos->setText(CurrentSession().userName);
     refreshIn_ =
         kFewestTicksToRefresh +

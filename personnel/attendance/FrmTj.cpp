@@ -5,7 +5,8 @@
 
 #include "personnel/attendance/day_records.h"
 #include "personnel/attendance/period_fields.h"
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
+#include "personnel/staff/employee_records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -95,7 +96,7 @@ FrmTj::FrmTj()
 
 void FrmTj::load(const QVariant&) {
     ProposeThisMonth(*period_);
-    period_->setChoices(u"ComBm", QStringList{kAllDepartments.toString()} + Departments());
+    period_->setChoices(u"ComBm", QStringList{kAllDepartments.toString()} + StaffDepartments());
     period_->setText(u"ComBm", kAllDepartments.toString());
     period_->editor(u"KsDate")->setFocus();
 }

@@ -11,7 +11,7 @@
 #include "personnel/attendance/day_presence.h"
 #include "personnel/attendance/list_records.h"
 #include "personnel/attendance/punch_decision.h"
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
 #include "record/conditions.h"
 #include "record/literals.h"
 #include "record/numbers.h"
@@ -58,7 +58,7 @@ ShiftTimes ReadShiftTimes() {
     EachDepartment([&](const QString&, QStringView employees) {
         EachEmployee(employees, [&](const QString& number, QStringView record) {
             for (const ShiftPeriod& period :
-                 ReadShiftPeriods(GetTag(record, staff_record::kPeriods)))
+                 ReadShiftPeriods(GetTag(record, employee::kShiftPeriods)))
                 times.insert(number + u'|' + period.name, {period.startText, period.endText});
         });
     });

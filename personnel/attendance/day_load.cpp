@@ -4,7 +4,7 @@
 #include "personnel/attendance/day_check.h"
 #include "personnel/attendance/day_statistics.h"
 #include "personnel/attendance/list_records.h"
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 
@@ -17,10 +17,10 @@ bool LoadKqsdQd(AttendanceDay& day, const WalkProgress& progress) {
     return EachDepartment(
         [&](const QString& department, QStringView employees) {
             EachEmployee(employees, [&](const QString& number, QStringView record) {
-                const QString name = GetTag(record, staff_record::kName);
+                const QString name = GetTag(record, employee::kName);
                 AddPerson(day, number, name, department);
                 AddDuePeriods(day.periods, {number, name, department},
-                              GetTag(record, staff_record::kPeriods), weekday);
+                              GetTag(record, employee::kShiftPeriods), weekday);
             });
         },
         progress);

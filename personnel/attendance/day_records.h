@@ -52,8 +52,6 @@ inline constexpr QStringView kShiftProject = u"当天班次数据";
 inline constexpr QStringView kRowNumber = u"序号";
 inline constexpr QStringView kRecordKey = u"记录号";
 
-inline constexpr QStringView kAllDepartments = u"所有部门";
-
 QString AttendanceFile(QDate day);
 QString DayResultFile(QDate day);
 

@@ -8,6 +8,7 @@
 #include "link/records.h"
 #include "personnel/attendance/day_lists.h"
 #include "personnel/attendance/day_records.h"
+#include "personnel/staff/employee_records.h"
 #include "record/field_walk.h"
 #include "record/literals.h"
 #include "record/numbers.h"

@@ -2,7 +2,7 @@
 
 #include "link/records.h"
 #include "link/serv_api.h"
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
 #include "record/literals.h"
 #include "record/record_text.h"
 
@@ -48,7 +48,7 @@ Employee FindEmployee(StaffDirectory& directory, QStringView entered) {
     Employee employee{directory.find(entered), {}};
     const auto read = [&employee] {
         if (employee.found.outcome == Reading::Present)
-            employee.record = ReadToChange(StaffFile(), employee.found.member.department,
+            employee.record = ReadToChange(EmployeeFile(), employee.found.member.department,
                                            employee.found.member.number);
     };
     read();
@@ -98,10 +98,10 @@ PreparedPunch PreparePunch(StaffDirectory& directory, QStringView entered) {
     punch.served = true;
     punch.moment = *moment;
     const QString& record = employee.record.value;
-    punch.birthday = GetTag(record, staff_record::kBirthday);
+    punch.birthday = GetTag(record, employee::kBirthday);
     punch.decision = DecidePunch(punch.moment.time().hour() * 60 + punch.moment.time().minute(),
                                  RuleWeekday(punch.moment.date()),
-                                 ReadShiftPeriods(GetTag(record, staff_record::kPeriods)));
+                                 ReadShiftPeriods(GetTag(record, employee::kShiftPeriods)));
     return punch;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "personnel/attendance/staff_records.h"
+#include "personnel/attendance/staff_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 
@@ -31,9 +31,9 @@ bool StaffDirectory::refill() {
             if (members.size() < kDirectoryLimit && ++taken <= kDirectoryDepartmentLimit)
                 members.append({.department = department,
                                 .number = number,
-                                .name = GetTag(record, staff_record::kName),
-                                .card = TrimWhite(GetTag(record, staff_record::kCard)),
-                                .post = GetTag(record, staff_record::kPost)});
+                                .name = GetTag(record, employee::kName),
+                                .card = TrimWhite(GetTag(record, employee::kCard)),
+                                .post = GetTag(record, employee::kPost)});
         });
     });
     if (read)
