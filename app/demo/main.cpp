@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/punches.h"
 #include "link/Wck_comm.h"
 #include "record/literals.h"
 #include "server/server_thread.h"
@@ -48,11 +49,11 @@ void Open(const QString& folder) {
     SetLink(&link);
     link.ProdID = kProductId.toString();
     link.ConnectServer(u"127.0.0.1"_s, QString::number(server.port()));
-    BringInGuests(
-        {.at = opening,
-         .setServerClock =
-             [&serverClock](const QDateTime& moment) { serverClock = moment.toMSecsSinceEpoch(); },
-         .progress = ShowProgress});
+    const auto setServerClock = [&serverClock](const QDateTime& moment) {
+        serverClock = moment.toMSecsSinceEpoch();
+    };
+    BringInPunches(opening, setServerClock);
+    BringInGuests({.at = opening, .setServerClock = setServerClock, .progress = ShowProgress});
     server.finish();
 }
 

@@ -87,5 +87,6 @@ void TourOfToday(Tour& tour);
 void TourOfCharges(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
+void TourOfAttendance(Tour& tour);
 
 } // namespace hotel
