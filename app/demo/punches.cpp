@@ -45,6 +45,7 @@ constexpr HabitShare kHabits[] = {
 constexpr int kWhole = 1000;
 constexpr int kOnADayOff = 10; // of a thousand
 const QTime kMorningOfAnalysis(9, 40);
+const QTime kBeforeAll(0, 5);
 constexpr int kToLogIn = 12; // seconds
 
 void Expect(bool came, const QString& words) {
@@ -159,6 +160,7 @@ public:
     explicit PunchingDesk(std::function<void(const QDateTime&)> setServerClock)
         : setServerClock_(std::move(setServerClock)) {}
 
+    QList<Worker> staff(QDate first);
     void punch(const DemoPunch& punch);
     // The personnel department, on the morning after.
     void analyse(QDate day);
@@ -187,6 +189,12 @@ void PunchingDesk::logIn(const QString& user, const QString& password, const QDa
     Expect(CheckLogin(user, password) == LoginResult::LoggedIn, user + u" 不能登录"_s);
     BeginSession(user);
     moveTo(moment);
+}
+
+// Read by who may: ahead of all that happens.
+QList<Worker> PunchingDesk::staff(QDate first) {
+    logIn(u"RENSHI"_s, u"123456"_s, QDateTime(first, kBeforeAll));
+    return Staff();
 }
 
 void PunchingDesk::punch(const DemoPunch& punch) {
@@ -243,7 +251,7 @@ void BringInPunches(const QDateTime& opening,
                     const std::function<void(const QDateTime&)>& setServerClock) {
     PunchingDesk desk(setServerClock);
     const QDate first = opening.date().addDays(1 - kDaysOfPunches);
-    const QList<DemoPunch> punches = PunchesOf(Staff(), first, opening);
+    const QList<DemoPunch> punches = PunchesOf(desk.staff(first), first, opening);
     QDate analysed = first; // the first day that is not analysed yet
     const auto analyseUntil = [&](const QDateTime& moment) {
         while (QDateTime(analysed.addDays(1), kMorningOfAnalysis) < moment) {

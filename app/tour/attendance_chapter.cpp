@@ -37,6 +37,14 @@ void Punch(Tour& tour, Screen& desk, const QString& entered) {
     tour.key(desk, Qt::Key_Return);
 }
 
+// A date in place of the one that is proposed.
+void TypeDate(Tour& tour, Screen& screen, const QString& field, QDate date) {
+    auto* editor = screen.findChild<QLineEdit*>(field);
+    editor->setFocus();
+    editor->selectAll();
+    tour.type(screen, field, date.toString(u"yyyy-MM-dd"));
+}
+
 // The staff comes in: a number, Enter, the next.
 void TheMorningQueue(Tour& tour) {
     tour.logIn(u"KAOQIN"_s, u"135790"_s);
@@ -64,7 +72,7 @@ void TheMorningQueue(Tour& tour) {
 void AnalyseYesterday(Tour& tour) {
     tour.press(tour.mainWindow(), u"Kqxd_cmd"_s);
     Screen& check = tour.opened(u"frmCheck"_s);
-    tour.type(check, u"ChkDate"_s, Clock::Today().addDays(-1).toString(u"yyyy-MM-dd"));
+    TypeDate(tour, check, u"ChkDate"_s, Clock::Today().addDays(-1));
     tour.key(check, Qt::Key_Return);
     tour.expect(ListOf(check, "Kqqd").table().dataRows() > kInTheQueue, u"昨天没有考勤记录"_s);
     tour.picture(check, u"考勤修订-纪录"_s);
@@ -92,7 +100,7 @@ void AnalyseYesterday(Tour& tour) {
 void SumTheMonth(Tour& tour) {
     tour.press(tour.mainWindow(), u"Kqtj_cmd"_s);
     Screen& sums = tour.opened(u"FrmTj"_s);
-    tour.type(sums, u"KsDate"_s, Clock::Today().addDays(-30).toString(u"yyyy-MM-dd"));
+    TypeDate(tour, sums, u"KsDate"_s, Clock::Today().addDays(-30));
     tour.press(sums, u"CmdTj"_s);
     tour.expect(ListOf(sums, "KqtjQd").table().dataRows() > kInTheQueue, u"没有统计"_s);
     tour.picture(sums, u"考勤统计-员工"_s);
@@ -104,7 +112,7 @@ void SumTheMonth(Tour& tour) {
 
     tour.press(sums, u"CmdBb"_s);
     Screen& report = tour.opened(u"FrmKqCount"_s);
-    tour.type(report, u"KsDate"_s, Clock::Today().addDays(-7).toString(u"yyyy-MM-dd"));
+    TypeDate(tour, report, u"KsDate"_s, Clock::Today().addDays(-7));
     tour.press(report, u"CmdAddTj"_s);
     tour.press(report, u"CmdShcount"_s);
     tour.picture(report, u"考勤报表-上班登记"_s);
@@ -118,7 +126,7 @@ void SumTheMonth(Tour& tour) {
 void SearchPunches(Tour& tour) {
     tour.press(tour.mainWindow(), u"Kqcx_cmd"_s);
     Screen& search = tour.opened(u"frmCx"_s);
-    tour.type(search, u"KsDate"_s, Clock::Today().addDays(-7).toString(u"yyyy-MM-dd"));
+    TypeDate(tour, search, u"KsDate"_s, Clock::Today().addDays(-7));
     tour.answering(u"CmnQuery"_s, [&tour](Screen& query) {
         tour.type(query, u"BxTj"_s, u"迟到"_s);
         tour.waitFor([&query] { return query.command(u"Search_cmd")->isEnabled(); }, u"不能查询"_s);

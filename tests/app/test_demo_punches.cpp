@@ -24,6 +24,7 @@ private Q_SLOTS:
                     : n % 2 == 0 ? u"中班 14:00 22:00 倒班"_s
                                  : u"早班 08:00 17:00"_s});
         const QDateTime opening(QDate(2026, 3, 5), QTime(10, 0));
+        Link().ConnectServer(u"127.0.0.1"_s, QString::number(hotel.port())); // nobody is logged in
         BringInPunches(opening, [&hotel](const QDateTime& now) { hotel.setServerClock(now); });
         QCOMPARE(Clock::Now(), opening);
         const PeriodStatistics sums =
@@ -47,7 +48,7 @@ private Q_SLOTS:
     void nobodyIsEmployed() {
         TestHotel hotel;
         const QDateTime opening(QDate(2026, 3, 5), QTime(10, 0));
-        BringInPunches(opening, [](const QDateTime&) {});
+        BringInPunches(opening, [&hotel](const QDateTime& now) { hotel.setServerClock(now); });
         QCOMPARE(SumPeriod(QDate(2026, 3, 1), QDate(2026, 3, 5), u"所有部门"_s).days.dataRows(), 0);
     }
 };
