@@ -149,6 +149,7 @@ void FrmKqCount::CmdBbCount_Click() {
         list->setColumnAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     list->refresh();
     list->autoFit();
+    setStatus(u"共 %1 人"_s.arg(list->table().dataRows()));
     if (finished)
         MsgBox(u"本期报表统计结束！"_s, u"提示"_s);
     else

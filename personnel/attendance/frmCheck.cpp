@@ -47,6 +47,8 @@ const QColor kMarkedColour(0x8a, 0x94, 0x9e);
 const QColor kMovedColour(0xff, 0xe9, 0xb0);
 const QColor kLateColour(0xb3, 0x26, 0x1e);
 
+constexpr int kWidestColumn = 520; // the note of an absence
+
 constexpr QStringView kSavedListName = u"本查询结果";
 const Notice kNotLoaded{u"错误"_s, u"考勤数据没有完整读取，请重新输入考勤日期！"_s};
 
@@ -349,9 +351,12 @@ TextTable frmCheck::shownList(const Page& page) const {
 }
 
 void frmCheck::showLists() {
+    constexpr int kFirstSum = 2;
+    for (int column = kFirstSum; column < day_.statistics.cols() - 1; ++column)
+        pages_[2].grid->setColumnAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     for (const Page& page : pages_) {
         page.grid->setTable(shownList(page));
-        page.grid->autoFit();
+        page.grid->autoFit(kWidestColumn);
     }
 }
 
