@@ -203,7 +203,7 @@ double SummedDays(int days, int people, bool told) {
     };
     if (told)
         PrintRatio("year_of_300_employees", MedianRatio<5>(act, bare), 1.5);
-    return Nanoseconds(act) / days / people;
+    return Nanoseconds(act, Time::Processor) / days / people;
 }
 
 } // namespace

@@ -208,11 +208,10 @@ bool ShowShifts(TextTable& list, int row, const QList<ShiftSum>& shifts) {
 }
 
 // Whoever has punched is in the lists, even when his record is gone.
-void AddPunchers(AttendanceDay& day) {
+void AddPunchers(AttendanceDay& day, const RowsOfPeople& punchers) {
     QSet<QString> known;
     for (int row = 1; row < day.statistics.rows(); ++row)
         known.insert(day.statistics.row(row)[0]);
-    const RowsOfPeople punchers = PunchesOfPeople(day.punches);
     QStringList numbers = punchers.keys();
     numbers.sort();
     for (const QString& number : std::as_const(numbers)) {
@@ -227,8 +226,8 @@ void AddPunchers(AttendanceDay& day) {
 } // namespace
 
 std::optional<Notice> ComputeStatistics(AttendanceDay& day, const AnalysisSettings& settings) {
-    AddPunchers(day);
     const RowsOfPeople punchesOf = PunchesOfPeople(day.punches);
+    AddPunchers(day, punchesOf);
     const RowsOfPeople periodsOf = PeriodsOfPeople(day.periods);
     RowsOfPeople absencesOf;
     QSet<QString> excused; // person and shift

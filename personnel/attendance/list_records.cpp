@@ -40,17 +40,25 @@ bool SaveListAsProject(const QString& file, QStringView project, const TextTable
     if (list.dataRows() == 0)
         return DbDeleteProject(file, project) == 0 && DbCreateProject(file, project) == 0;
     const QStringList& headers = list.headers();
+    constexpr qsizetype kUsualRecord = 400;
     QString text;
+    text.reserve(list.rows() * kUsualRecord);
     for (int row = 1; row < list.rows(); ++row) {
         const QString key = QString::number(row);
-        text += u'<' + key + u'>';
+        text.append(u'<').append(key).append(u'>');
         const QStringList& cells = list.row(row);
         for (qsizetype column = 0; column < cells.size(); ++column) {
+            const QString& header = headers[column];
             if (!cells[column].isEmpty())
-                text += u'<' + headers[column] + u'>' + cells[column] + u"</"_s + headers[column] +
-                        u">\r\n"_s;
+                text.append(u'<')
+                    .append(header)
+                    .append(u'>')
+                    .append(cells[column])
+                    .append(u"</")
+                    .append(header)
+                    .append(u">\r\n");
         }
-        text += u"</"_s + key + u">\r\n"_s;
+        text.append(u"</").append(key).append(u">\r\n");
     }
     return SaveProject(file, project, text) == 0;
 }

@@ -40,10 +40,23 @@ const QList<SumColumn>& SumColumns() {
     return columns;
 }
 
+// What the analysis writes has one decimal at most; anything else is read at length.
 Money Amount(QStringView cell) {
-    if (cell == u"0" || cell == u"0.0")
-        return {};
-    return Money::FromText(cell);
+    constexpr qint64 kUnits = 10000;
+    constexpr qsizetype kSurelyFits = 12;
+    const qsizetype point = cell.indexOf(u'.');
+    const bool hasTenth = point >= 0 && point == cell.size() - 2;
+    if (cell.size() > kSurelyFits || (point >= 0 && !hasTenth))
+        return Money::FromText(cell);
+    qint64 digits = 0;
+    for (const QChar c : cell) {
+        if (c == u'.')
+            continue;
+        if (c < u'0' || c > u'9')
+            return Money::FromText(cell);
+        digits = digits * 10 + c.digitValue();
+    }
+    return Money::FromUnits(digits * (hasTenth ? kUnits / 10 : kUnits));
 }
 
 void Add(Sums& sums, const Sums& more) {
@@ -61,10 +74,11 @@ struct PersonDay {
 // A record's fields stand in the order of the columns, which finds each at once.
 PersonDay ReadPerson(QStringView record) {
     PersonDay person;
+    const QList<SumColumn>& columns = SumColumns();
     int expected = 0;
     for (FieldWalk field(record); field.next();) {
         const QStringView name = field.name();
-        if (expected < kSums && name == SumColumns()[expected].tag) {
+        if (expected < kSums && name == columns[expected].tag) {
             person.sums[expected++] = Amount(field.value());
         } else if (name == punch_record::kNumber) {
             person.number = field.value();
@@ -74,7 +88,7 @@ PersonDay ReadPerson(QStringView record) {
             person.department = field.value();
         } else {
             for (int i = 0; i < kSums; ++i) {
-                if (name == SumColumns()[i].tag) {
+                if (name == columns[i].tag) {
                     person.sums[i] = Amount(field.value());
                     expected = i + 1;
                 }
@@ -109,59 +123,99 @@ public:
 private:
     bool isMeant(QStringView department) const { return all_ || department == department_; }
     void addShifts(QStringView record);
+    Person& personOf(const PersonDay& day);
+    Shift& shiftOf(QStringView number, QStringView name, QStringView shift);
+    Sums& departmentOf(const QString& department);
 
     QString department_;
     bool all_;
+    // Days list the same people in the same order: whoever stood behind the last one is looked at first.
     QList<Person> people_;
+    qsizetype nextPerson_ = 0;
     QHash<QString, qsizetype> personOf_;
     QList<Shift> shifts_;
+    qsizetype nextShift_ = 0;
     QHash<QString, qsizetype> shiftOf_; // by person and shift
     QMap<QDate, Sums> days_;
     QMap<QString, Sums> departments_;
+    QString lastDepartment_;
+    Sums* lastDepartmentSums_ = nullptr; // of a map, whose values stay where they are
 };
 
-void Summing::addDay(QDate date, QStringView people, QStringView shifts) {
-    for (FieldWalk record(people); record.next();) {
-        const PersonDay person = ReadPerson(record.value());
-        if (!isMeant(person.department))
-            continue;
-        const QString number = person.number.toString();
-        auto place = personOf_.constFind(number);
-        if (place == personOf_.constEnd()) {
-            place = personOf_.insert(number, people_.size());
-            people_.append({number, person.name.toString(), person.department.toString(), Sums{}});
+Person& Summing::personOf(const PersonDay& day) {
+    if (nextPerson_ >= people_.size() || people_[nextPerson_].number != day.number) {
+        const QString number = day.number.toString();
+        nextPerson_ = personOf_.value(number, people_.size());
+        if (nextPerson_ == people_.size()) {
+            personOf_.insert(number, nextPerson_);
+            people_.append({number, day.name.toString(), day.department.toString(), Sums{}});
         }
-        Person& sum = people_[*place];
-        Add(sum.sums, person.sums);
-        if (sum.department != person.department)
-            sum.department = person.department.toString();
-        Add(days_[date], person.sums);
-        Add(departments_[sum.department], person.sums);
+    }
+    return people_[nextPerson_++];
+}
+
+Shift& Summing::shiftOf(QStringView number, QStringView name, QStringView shift) {
+    if (nextShift_ >= shifts_.size() || shifts_[nextShift_].number != number ||
+        shifts_[nextShift_].shift != shift) {
+        const QString key = number.toString() + u'|' + shift;
+        nextShift_ = shiftOf_.value(key, shifts_.size());
+        if (nextShift_ == shifts_.size()) {
+            shiftOf_.insert(key, nextShift_);
+            shifts_.append({number.toString(), name.toString(), shift.toString(), {}});
+        }
+    }
+    return shifts_[nextShift_++];
+}
+
+Sums& Summing::departmentOf(const QString& department) {
+    if (!lastDepartmentSums_ || lastDepartment_ != department) {
+        lastDepartment_ = department;
+        lastDepartmentSums_ = &departments_[department];
+    }
+    return *lastDepartmentSums_;
+}
+
+void Summing::addDay(QDate date, QStringView people, QStringView shifts) {
+    nextPerson_ = 0;
+    nextShift_ = 0;
+    Sums* daySums = nullptr;
+    for (FieldWalk record(people); record.next();) {
+        const PersonDay day = ReadPerson(record.value());
+        if (!isMeant(day.department))
+            continue;
+        Person& person = personOf(day);
+        if (person.department != day.department)
+            person.department = day.department.toString();
+        if (!daySums)
+            daySums = &days_[date];
+        Add(person.sums, day.sums);
+        Add(*daySums, day.sums);
+        Add(departmentOf(person.department), day.sums);
     }
     for (FieldWalk record(shifts); record.next();)
         addShifts(record.value());
 }
 
 void Summing::addShifts(QStringView record) {
-    QString number;
-    QString name;
+    QStringView number;
+    QStringView name;
     QStringView department;
     std::array<std::array<QStringView, 4>, kShiftGroups> groups; // 名称, 次数, 时间, 在岗
     constexpr std::array<QStringView, 4> kParts = {u"名称", u"次数", u"时间", u"在岗"};
     for (FieldWalk field(record); field.next();) {
         const QStringView tag = field.name();
-        if (tag == punch_record::kNumber)
-            number = field.value().toString();
-        else if (tag == punch_record::kName)
-            name = field.value().toString();
-        else if (tag == punch_record::kDepartment)
+        const int group = tag.back().digitValue();
+        if (group >= 1 && group <= kShiftGroups) {
+            for (size_t part = 0; part < kParts.size(); ++part) {
+                if (tag.chopped(1) == kParts[part])
+                    groups[size_t(group - 1)][part] = field.value();
+            }
+        } else if (tag == punch_record::kNumber) {
+            number = field.value();
+        } else if (tag == punch_record::kName) {
+            name = field.value();
+        } else if (tag == punch_record::kDepartment) {
             department = field.value();
-        const int group = tag.isEmpty() ? 0 : tag.back().digitValue();
-        if (group < 1 || group > kShiftGroups)
-            continue;
-        for (size_t part = 0; part < kParts.size(); ++part) {
-            if (tag.chopped(1) == kParts[part])
-                groups[size_t(group - 1)][part] = field.value();
         }
     }
     if (!isMeant(department))
@@ -169,14 +223,9 @@ void Summing::addShifts(QStringView record) {
     for (const auto& group : groups) {
         if (group[0].isEmpty())
             continue;
-        const QString key = number + u'|' + group[0];
-        auto place = shiftOf_.constFind(key);
-        if (place == shiftOf_.constEnd()) {
-            place = shiftOf_.insert(key, shifts_.size());
-            shifts_.append({number, name, group[0].toString(), {}});
-        }
-        for (size_t i = 0; i < 3; ++i)
-            shifts_[*place].sums[i] += Amount(group[i + 1]);
+        Shift& shift = shiftOf(number, name, group[0]);
+        for (size_t i = 0; i < shift.sums.size(); ++i)
+            shift.sums[i] += Amount(group[i + 1]);
     }
 }
 

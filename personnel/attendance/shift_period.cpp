@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "record/field_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
 
@@ -18,14 +19,27 @@ int Whole(QStringView text) {
 
 ShiftPeriod ReadPeriod(QStringView text) {
     using namespace shift_period;
-    ShiftPeriod period{.name = GetTag(text, kName),
-                       .mode = GetTag(text, kMode),
-                       .startText = GetTag(text, kStart),
-                       .endText = GetTag(text, kEnd),
-                       .early = Whole(GetTag(text, kEarly)),
-                       .late = Whole(GetTag(text, kLate)),
-                       .weekdays = GetTag(text, kWeekdays),
-                       .dayValue = GetTag(text, kDayValue)};
+    ShiftPeriod period;
+    for (FieldWalk field(text); field.next();) {
+        const QStringView name = field.name();
+        const QStringView value = field.value();
+        if (name == kName)
+            period.name = value.toString();
+        else if (name == kMode)
+            period.mode = value.toString();
+        else if (name == kStart)
+            period.startText = value.toString();
+        else if (name == kEnd)
+            period.endText = value.toString();
+        else if (name == kEarly)
+            period.early = Whole(value);
+        else if (name == kLate)
+            period.late = Whole(value);
+        else if (name == kWeekdays)
+            period.weekdays = value.toString();
+        else if (name == kDayValue)
+            period.dayValue = value.toString();
+    }
     period.start = MinuteOf(period.startText);
     period.end = MinuteOf(period.endText);
     return period;

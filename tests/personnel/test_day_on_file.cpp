@@ -338,6 +338,15 @@ private Q_SLOTS:
         QCOMPARE(Rows(all.days, all.days.headers()),
                  QStringList({u"2026-02-28 1 1 0 1 0.0"_s, u"2026-03-02 3 0 0 0 2.5"_s}));
         QCOMPARE(all.persons, 2);
+        // Amounts in any form, people in another order than the day before.
+        PutResult(QDate(2026, 2, 10),
+                  {u"1 前厅部 在岗时间=0.75 出勤次数=3"_s, u"2 前厅部 在岗时间=-1.5"_s});
+        PutResult(QDate(2026, 2, 11),
+                  {u"2 前厅部 在岗时间=12元 出勤次数=1234567890123"_s, u"1 前厅部 在岗时间=.5"_s});
+        QCOMPARE(
+            Rows(SumPeriod(QDate(2026, 2, 10), QDate(2026, 2, 11), u"所有部门"_s).people,
+                 {u"编号"_s, u"在岗时间"_s, u"出勤次数"_s}),
+            QStringList({u"1 1.3 3"_s, u"2 10.5 1234567890123"_s, u"合计 11.8 1234567890126"_s}));
         // By the department of that day.
         const auto of = [&](const QString& department) {
             return Rows(SumPeriod(QDate(2026, 2, 28), QDate(2026, 3, 2), department).people,
@@ -410,6 +419,9 @@ private Q_SLOTS:
                  u"编号迟到"_s);
 
         TextTable report(ReportColumns());
+        PutPunch(u"0013 18:01:00 2026-03-05 早班 下班 正常"_s);
+        PutPunch(u"0013 17:59:00 2026-03-04 早班 上班 早退"_s); // a state by hand
+        PutPunch(u"0013 18:02:00 2026-03-04 早班 下班 迟到"_s);
         QVERIFY(ReportMonths(QDate(2026, 3, 4), QDate(2026, 3, 5), report));
         QCOMPARE(Rows(report, report.headers()),
                  QStringList({u"0012 员0012 前厅部 1 1 0.0 0.0 2.0 1.0 1.5"_s,
@@ -420,6 +432,9 @@ private Q_SLOTS:
         const auto count = [&days](const QString&, int, int) { return ++days > 0; };
         ReportMonths(QDate(2025, 1, 1), QDate(2027, 1, 1), report, count);
         QCOMPARE(days, 28 + 31); // as far as there are files
+        days = 0;
+        ReportMonths(QDate(2026, 3, 20), QDate(2026, 3, 1), report, count);
+        QCOMPARE(days, 31); // whole months
         QVERIFY(!ReportMonths(QDate(2026, 3, 1), QDate(2026, 3, 1), report,
                               [](const QString&, int, int) { return false; }));
     }
