@@ -27,29 +27,30 @@ std::optional<Notice> CorrectCell(AttendanceDay& day, int row, QStringView field
     return failed;
 }
 
-// What distinguishes a person's punches: shift and function.
-QString PunchName(const TextTable& punches, int row) {
-    return punches.text(row, kShift) + u'|' + punches.text(row, kFunction);
-}
-
-// Of a person's punches, by time, those that say once more what another one says.
+// Of a person's punches, by time, those that say once more what another one says: of the same shift and function.
 QList<int> Repeats(const TextTable& punches, const QList<int>& rows) {
+    static const TextTable kColumns(PunchColumns());
+    static const int kShiftColumn = kColumns.column(kShift);
+    static const int kFunctionColumn = kColumns.column(kFunction);
+    static const int kStateColumn = kColumns.column(kState);
     QList<int> repeats;
     QSet<QString> seen;
     const auto look = [&](int row) {
-        const QString name = PunchName(punches, row);
+        const QStringList& cells = punches.row(row);
+        const QString name = cells[kShiftColumn] + u'|' + cells[kFunctionColumn];
         if (seen.contains(name))
             repeats.append(row);
         seen.insert(name);
     };
     for (const int row : rows) {
-        const QString function = punches.text(row, kFunction);
+        const QStringList& cells = punches.row(row);
+        const QString& function = cells[kFunctionColumn];
         if (function.isEmpty() ||
-            (function == punch_word::kArrival && punches.text(row, kState) != punch_word::kAtWork))
+            (function == punch_word::kArrival && cells[kStateColumn] != punch_word::kAtWork))
             look(row);
     }
     for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
-        if (punches.text(*row, kFunction) == punch_word::kDeparture)
+        if (punches.row(*row)[kFunctionColumn] == punch_word::kDeparture)
             look(*row);
     }
     return repeats;
@@ -104,15 +105,19 @@ std::optional<Notice> MarkPunch(AttendanceDay& day, int row, bool deleted) {
 
 QList<int> MarkPunches(AttendanceDay& day) {
     TextTable& punches = day.punches;
+    const int mark = punches.column(kMark);
+    const int number = punches.column(kNumber);
+    const int time = punches.column(kTime);
     for (int row = punches.rows() - 1; row >= 1; --row) {
-        if (!punches.text(row, kMark).isEmpty())
+        if (!punches.row(row)[mark].isEmpty())
             punches.removeRow(row);
     }
     punches.numberRows(0);
 
     QList<int> marked;
     for (int row = 1; row < punches.rows(); ++row) {
-        if (punches.text(row, kNumber).isEmpty() || punches.text(row, kTime).isEmpty())
+        const QStringList& cells = punches.row(row);
+        if (cells[number].isEmpty() || cells[time].isEmpty())
             marked.append(row);
     }
     const RowsOfPeople people = PunchesOfPeople(punches);

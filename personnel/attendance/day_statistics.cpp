@@ -52,11 +52,15 @@ Money HundredthsOfHours(qint64 seconds) {
                             kUnitsAHundredth);
 }
 
+// "#0.0", which is 0.0 for nearly everybody.
+QString Tenths(Money value) {
+    return value == Money() ? u"0.0"_s : value.text(u"#0.0");
+}
+
 QString Hours(qint64 seconds) {
     constexpr qint64 kSecondsATenth = kSecondsAnHour / 10;
     constexpr qint64 kUnitsATenth = 1000;
-    return Money::FromUnits((seconds + kSecondsATenth / 2) / kSecondsATenth * kUnitsATenth)
-        .text(u"#0.0");
+    return Tenths(Money::FromUnits((seconds + kSecondsATenth / 2) / kSecondsATenth * kUnitsATenth));
 }
 
 qint64 SecondOf(QStringView time) {
@@ -182,14 +186,13 @@ bool Excuses(QStringView category) {
 
 void Show(TextTable& statistics, int row, const PersonSum& sum) {
     const QStringList cells = statistics.row(row);
-    const auto days = [](Money value) { return value.text(u"#0.0"); };
     statistics.setRow(
         row, {cells[0], cells[1], QString::number(sum.attended), Hours(sum.there), Hours(sum.due),
               QString::number(sum.overtimes), Hours(sum.overtime), QString::number(sum.late),
               QString::number(sum.lateMinutes), QString::number(sum.early),
-              QString::number(sum.earlyMinutes), QString::number(sum.leaves), days(sum.leaveDays),
-              QString::number(sum.sick), days(sum.sickDays), QString::number(sum.missed),
-              days(sum.missedDays), days(sum.away), cells.last()});
+              QString::number(sum.earlyMinutes), QString::number(sum.leaves), Tenths(sum.leaveDays),
+              QString::number(sum.sick), Tenths(sum.sickDays), QString::number(sum.missed),
+              Tenths(sum.missedDays), Tenths(sum.away), cells.last()});
 }
 
 // False when the person has more shifts than there are groups.

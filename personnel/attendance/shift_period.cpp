@@ -17,6 +17,15 @@ int Whole(QStringView text) {
     return int(LeadingNumber(text));
 }
 
+// The number of two characters; nearly always two digits.
+int TwoDigits(QStringView time, qsizetype place) {
+    const auto digit = [&](qsizetype i) { return i < time.size() ? time[i].unicode() - u'0' : -1; };
+    const int tens = digit(place);
+    const int ones = digit(place + 1);
+    const bool plain = tens >= 0 && tens <= 9 && ones >= 0 && ones <= 9;
+    return plain ? tens * 10 + ones : Whole(time.mid(place, 2));
+}
+
 ShiftPeriod ReadPeriod(QStringView text) {
     using namespace shift_period;
     ShiftPeriod period;
@@ -52,7 +61,7 @@ bool IsKnownMode(QStringView mode) {
 }
 
 int MinuteOf(QStringView time) {
-    return Whole(time.left(2)) * 60 + Whole(time.mid(3, 2));
+    return TwoDigits(time, 0) * 60 + TwoDigits(time, 3);
 }
 
 QList<ShiftPeriod> ReadShiftPeriods(QStringView periods) {
