@@ -122,6 +122,8 @@ Q_SIGNALS:
     void linkStateChanged();
     // Nobody is logged in any longer, because the connection is gone or an answer says so.
     void loginLost();
+    // Somebody is logged in (again).
+    void loggedIn();
     void logChanged(const QString& lastLine);
     void traceChanged();
 

@@ -145,8 +145,10 @@ int DbLogin(const QString& user, const QString& password) {
     const bool loggedIn = answer.contains(u"登录成功");
     link.UserName = loggedIn ? user : QString();
     link.password = loggedIn ? password : QString();
-    if (loggedIn)
+    if (loggedIn) {
+        Q_EMIT link.loggedIn();
         return 0;
+    }
     return answer.contains(u"密码错误") ? 1 : -1;
 }
 

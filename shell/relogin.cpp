@@ -32,6 +32,7 @@ QPushButton* MakeNotice() {
 
 Relogin::Relogin(QWidget& home) : home_(home) {
     connect(&Link(), &Wck_comm::loginLost, this, [this] { setWanted(true); });
+    connect(&Link(), &Wck_comm::loggedIn, this, [this] { setWanted(false); });
 }
 
 void Relogin::setWanted(bool wanted) {

@@ -1,7 +1,7 @@
 #pragma once
 
 // What a desk does when its login is lost: the server went away and has come back, or says that nobody is
-// logged in here. No login repeats itself, and no screen closes: a notice stands in the corner of whatever window
+// logged in here. No login repeats itself (but that of the punching desk, where nobody sits), and no screen closes: a notice stands in the corner of whatever window
 // is active, a question or a modal form as well, and Ctrl+L asks for the password there.
 
 #include <QKeySequence>

@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/punches.h"
 #include "app/demo/staff.h"
 #include "link/Wck_comm.h"
 #include "record/literals.h"
@@ -53,6 +54,7 @@ void Open(const QString& folder) {
         serverClock = moment.toMSecsSinceEpoch();
     };
     BringInStaff(opening, setServerClock);
+    BringInPunches(opening, setServerClock);
     BringInGuests({.at = opening, .setServerClock = setServerClock, .progress = ShowProgress});
     server.finish();
 }

@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
         TourOfStaff(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
+        TourOfAttendance(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);
     } catch (const TourFailure& failure) {
         std::fprintf(stderr, "tour: %s\n", failure.what());

@@ -88,5 +88,6 @@ void TourOfCharges(Tour& tour);
 void TourOfStaff(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
+void TourOfAttendance(Tour& tour);
 
 } // namespace hotel

@@ -1,0 +1,23 @@
+#pragma once
+
+// The two fields by which the statistics choose a period: KsDate and JsDate, both included.
+
+#include <QDate>
+
+#include <optional>
+#include <utility>
+
+#include "screen/field_form.h"
+
+namespace hotel {
+
+// The two, and behind them what else a screen asks.
+QList<FormField> PeriodFields(const QList<FormField>& more = {});
+
+// From the first of this month to today.
+void ProposeThisMonth(FieldForm& form);
+
+// The period typed; nothing where it is none, which the user is told.
+std::optional<std::pair<QDate, QDate>> PeriodOf(const FieldForm& form);
+
+} // namespace hotel
