@@ -17,7 +17,8 @@ namespace hotel {
 namespace {
 
 const QString kScriptFile = u"_$$_TEMP.TMP"_s;
-const QString kScriptFiles = u"_$$_*.TMP"_s;
+const QString kPictureFile = u"_$$_%1.TMP"_s;
+const QString kScriptFiles = u"_$$_*.TMP"_s; // pictures among them
 
 constexpr QStringView kPreview = u"PrtPrev";
 
@@ -31,6 +32,7 @@ struct PrintJob {
     PrintFont font = kDefaultPrintFont;
     ScriptWriter script;
     int number = 0;
+    int pictures = 0; // that lie beside the script
     bool toldOfBadPlace = false;
 };
 
@@ -311,6 +313,19 @@ void PrintLine(double x1, double y1, double x2, double y2, double lineWidth, int
     AddDirective(script::kColour, QString::number(colour));
     AddScriptLine(script::kLine);
     AddCorners(x1, y1, x2, y2);
+}
+
+bool PrintPicture(double x, double y, double width, double height, const QImage& picture) {
+    PrintJob& job = Job();
+    const QString file = ScriptFolder() + u'/' + kPictureFile.arg(++job.pictures);
+    if (ScriptFolder().isEmpty() || !picture.save(file, "PNG"))
+        return false;
+    AddScriptLine(script::kPicture);
+    AddScriptLine(file);
+    for (const auto& [margin, length] :
+         {std::pair{job.left, x}, {job.top, y}, {0.0, width}, {0.0, height}})
+        AddScriptLine(ScriptLength(margin, length));
+    return true;
 }
 
 double TextWidthCm(const QString& text, const PrintFont& font) {

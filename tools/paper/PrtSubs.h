@@ -21,6 +21,7 @@
 // empty font name or a size of 0 stands for the default of the job. A text that would begin outside
 // the paper is dropped, which the user is told once a job.
 
+#include <QImage>
 #include <QString>
 
 #include "tools/paper/print_font.h"
@@ -95,6 +96,10 @@ void PrintFilledBox(double x1, double y1, double x2, double y2, int colour);
 inline constexpr double kFrameGapCm = 0.1;
 
 void PrintLine(double x1, double y1, double x2, double y2, double lineWidth, int colour);
+
+// Prints a picture that is no file; it lies beside the script as long as the job stands. False when it can't be
+// put there, and the page goes without it.
+bool PrintPicture(double x, double y, double width, double height, const QImage& picture);
 
 // Measures of a text in centimetres. Lines: how many PrintTextLeft cuts it into.
 double TextWidthCm(const QString& text, const PrintFont& font);
