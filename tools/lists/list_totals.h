@@ -10,6 +10,7 @@
 namespace hotel {
 
 inline constexpr QStringView kTotalLabel = u"合计";
+inline constexpr QStringView kReportTotalLabel = u"总计"; // of the reports
 
 // The digits and points of a cell in their order: what a cell counts as a number. So 12元5角 is 125,
 // 1,200.50 is 1200.5, and -5 is 5, deliberately: sums and statistics of the lists are made by it.
