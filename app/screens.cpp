@@ -12,6 +12,7 @@
 #include "cashier/balance_list.h"
 #include "cashier/frmYsk.h"
 #include "cashier/khxxmain.h"
+#include "cashier/reports/YybbFrm.h"
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
@@ -39,10 +40,10 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"PicCap",  u"frmShw",   u"frmTimer", u"YybbFrm", u"PicView", u"GzjhFrm", u"Pmxs",
-    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",   u"FrmYgxx",
-    u"FrmKq",   u"frmCheck", u"FrmTj",    u"frmCx",   u"QVRView", u"Xtwh",    u"Gys",
-    u"Gyxx",    u"QfyjFrm",  u"QfdxFrm",  u"PlDyxf",
+    u"PicCap",  u"frmShw",   u"frmTimer", u"PicView", u"GzjhFrm", u"Pmxs",
+    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"frmBm",
+    u"FrmYgxx", u"FrmKq",    u"frmCheck", u"FrmTj",   u"frmCx",   u"QVRView",
+    u"Xtwh",    u"Gys",      u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -86,6 +87,7 @@ void RegisterScreens() {
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });
     RegisterScreen(u"YstjFrm", [] { return new YstjFrm; });
+    RegisterScreen(u"YybbFrm", [] { return new YybbFrm; });
     SetEntryOpener([](QStringView screen) {
         if (IsToCome(screen))
             return false;

@@ -81,25 +81,6 @@ bool HasText(const TextTable& list, int column) {
     return false;
 }
 
-// Amounts and counts stand at the right: numbers with a point, or numbers under a header that says how many. A
-// sample of the rows is enough; numbers of rooms, folios and documents are names.
-bool HoldsAmounts(const TextTable& list, int column) {
-    constexpr int kSample = 200;
-    const QString& header = list.headers()[column];
-    const bool counts = header.endsWith(u'数') || header.endsWith(u'率');
-    int numbers = 0;
-    int others = 0;
-    bool points = false;
-    for (int row = 1; row < std::min(list.rows(), kSample); ++row) {
-        const QString cell = list.text(row, column);
-        if (cell.isEmpty())
-            continue;
-        ++(IsNumber(cell) ? numbers : others);
-        points = points || (IsNumber(cell) && cell.contains(u'.'));
-    }
-    return numbers > others && (counts || points);
-}
-
 bool EndsInSums(const TextTable& list) {
     return HasTotalRow(list) || HasTotalRow(list, kReportTotalLabel);
 }

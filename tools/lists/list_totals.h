@@ -26,4 +26,12 @@ void AddColumnTotals(TextTable& list, QStringView columnNames, QStringView label
 // The same for every column from the second on.
 void AddColumnTotalsAll(TextTable& list);
 
+// Sums of a report, where a minus counts: each of `columns` in the last row, which has kReportTotalLabel in
+// column 0, by `format`; a list without such a row gets one.
+void AddReportTotals(TextTable& list, const QStringList& columns, QStringView format);
+
+// Whether a column holds what is reckoned with and stands at the right: numbers with a point, or numbers under
+// a header that says how many (…数, …率). Numbers of rooms, folios and documents are names. Looks at a sample.
+bool HoldsAmounts(const TextTable& list, int column);
+
 } // namespace hotel
