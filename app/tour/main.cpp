@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
         TourOfCharges(tour);
         TourOfNightAudit(tour);
         TourOfCheckOut(tour);
+        TourOfReports(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         std::printf("%d pictures in %s\n", tour.pictures(), argv[2]);

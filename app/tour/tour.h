@@ -62,6 +62,7 @@ public:
     MessageRecorder& messages() { return messages_; }
 
     int pictures() const { return pictures_; }
+    const QString& folder() const { return folder_; } // of the pictures
 
 private:
     QApplication& application_;
@@ -84,6 +85,7 @@ void TourOfFolio(Tour& tour);
 void TourOfNightAudit(Tour& tour);
 void TourOfCheckOut(Tour& tour);
 void TourOfCharges(Tour& tour);
+void TourOfReports(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 
