@@ -12,6 +12,7 @@
 #include "cashier/balance_list.h"
 #include "cashier/frmYsk.h"
 #include "cashier/khxxmain.h"
+#include "cashier/reports/YybbFrm.h"
 #include "frontoffice/Fjxxfrm.h"
 #include "frontoffice/Ftxxfrm.h"
 #include "frontoffice/KfxxFrm.h"
@@ -47,9 +48,9 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"PicCap",  u"frmShw",   u"frmTimer", u"YybbFrm", u"PicView", u"GzjhFrm", u"Pmxs",
-    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"QVRView", u"Xtwh",
-    u"Gys",     u"Gyxx",     u"QfyjFrm",  u"QfdxFrm", u"PlDyxf",
+    u"PicCap",  u"frmShw",   u"frmTimer", u"PicView", u"GzjhFrm", u"Pmxs",
+    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"QVRView",
+    u"Xtwh",    u"Gys",      u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -102,6 +103,7 @@ void RegisterScreens() {
     RegisterScreen(u"FrmYgxx", [] { return new FrmYgxx; });
     for (const QStringView card : {u"frmManRecord", u"frmYgEdit"})
         RegisterScreen(card, [card] { return new frmManRecord(card.toString()); });
+    RegisterScreen(u"YybbFrm", [] { return new YybbFrm; });
     SetEntryOpener([](QStringView screen, const QString& argument) {
         if (IsToCome(screen))
             return false;

@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
         TourOfNightAudit(tour);
         TourOfCheckOut(tour);
         TourOfStaff(tour);
+        TourOfReports(tour);
         TourOfCategories(tour);
         TourOfInquiries(tour);
         TourOfAttendance(tour);

@@ -62,6 +62,7 @@ public:
     MessageRecorder& messages() { return messages_; }
 
     int pictures() const { return pictures_; }
+    const QString& folder() const { return folder_; } // of the pictures
 
 private:
     QApplication& application_;
@@ -86,6 +87,7 @@ void TourOfCheckOut(Tour& tour);
 void TourOfToday(Tour& tour);
 void TourOfCharges(Tour& tour);
 void TourOfStaff(Tour& tour);
+void TourOfReports(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 void TourOfAttendance(Tour& tour);

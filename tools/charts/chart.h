@@ -35,6 +35,7 @@ struct Chart {
     QList<ChartSeries> series = {};
     int decimals = 0;  // of the values: 2 where they are cents
     QString unit = {}; // "元", "%", "间"; empty: a mere number
+    QString note = {}; // a second line below the title: what the figures are of
 };
 
 // Whether there is anything to compare: two figures or more, one of them not zero. Lines need two labels, a pie

@@ -281,13 +281,20 @@ void DressAxis(QAbstractAxis* axis) {
     axis->setLinePen(QPen(QColor(kInk), 1));
 }
 
+QString TitleOf(const Chart& chart) {
+    if (chart.note.isEmpty())
+        return chart.title.toHtmlEscaped();
+    return u"%1<br><span style='font-size:%2pt; font-weight:normal'>%3</span>"_s.arg(
+        chart.title.toHtmlEscaped(), QString::number(kTextPoints), chart.note.toHtmlEscaped());
+}
+
 QChart* MakePlot(const Chart& chart, QSize size) {
     auto* plot = new QChart;
     const ChartKind kind = DrawnKind(chart);
     plot->setBackgroundVisible(false);
     plot->setMargins({0, 0, 0, 0});
     plot->layout()->setContentsMargins(kAround, kAround, kAround, kAround);
-    plot->setTitle(chart.title);
+    plot->setTitle(TitleOf(chart));
     plot->setTitleFont(FontFor(u"黑体", kTitlePoints, true));
     plot->setTitleBrush(QColor(kInk));
     plot->legend()->setFont(TextFont());
@@ -348,7 +355,7 @@ void PrintChart(const Chart& chart, double x, double y, double width, double hei
 bool SaveChartPicture(const Chart& chart) {
     if (!IsWorthDrawing(chart))
         return false;
-    QString title = chart.title;
+    QString title = chart.title + chart.note;
     for (QChar& c : title) {
         if (u"\\/:*?\"<>|"_s.contains(c))
             c = u'-';

@@ -16,6 +16,8 @@
 #include "screen/grid_view.h"
 #include "screen/key_filter.h"
 #include "screen/theme.h"
+#include "tools/charts/ChartBox.h"
+#include "tools/charts/draw_chart.h"
 #include "tools/lists/list_export.h"
 #include "tools/lists/list_totals.h"
 
@@ -26,6 +28,7 @@ namespace {
 constexpr int kTimerInterval = 100; // milliseconds
 constexpr int kShowWalkEvery = 100;
 constexpr int kPanelWidth = 330;
+constexpr int kListWidth = 970;
 
 constexpr QStringView kNumberHeader = u"序号";
 
@@ -78,6 +81,10 @@ bool HasText(const TextTable& list, int column) {
     return false;
 }
 
+bool EndsInSums(const TextTable& list) {
+    return HasTotalRow(list) || HasTotalRow(list, kReportTotalLabel);
+}
+
 Qt::Alignment AlignmentOf(QStringView mark) {
     if (mark == u"->")
         return Qt::AlignRight | Qt::AlignVCenter;
@@ -89,7 +96,7 @@ Qt::Alignment AlignmentOf(QStringView mark) {
 CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     : Screen(u"CmnGrd"_s, title.isEmpty() ? u"参考清单"_s : title), Grd_(columns),
       pages_(new QStackedWidget), GrdView_(new GridView(u"GrdView"_s)), SelList_(new QListWidget),
-      AligList_(new QListWidget), StatusGrd_(new GridView(u"StatusGrd"_s)),
+      AligList_(new QListWidget), StatusGrd_(new GridView(u"StatusGrd"_s)), charts_(new ChartBox),
       heading_(new FieldForm(kHeading, 2)), settings_(new FieldForm(kSettings, 2)),
       pageTexts_(new FieldForm(kPageTexts, 1)), busy_(new QLabel) {
     GrdView_->setSelect(GridView::Select::Cells);
@@ -107,8 +114,14 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     auto* listLayout = new QVBoxLayout(list);
     listLayout->setContentsMargins(0, 0, 0, 0);
     listLayout->addWidget(heading_);
-    listLayout->addWidget(pages_, 1);
+    auto* rows = new QSplitter(Qt::Vertical);
+    rows->addWidget(pages_);
+    rows->addWidget(charts_);
+    rows->setStretchFactor(0, 1);
+    rows->setChildrenCollapsible(false);
+    listLayout->addWidget(rows, 1);
     auto* panel = new QTabWidget;
+    panel_ = panel;
     panel->addTab(makeColumnsPage(), u"列与统计"_s);
     panel->addTab(makeSettingsPage(), u"打印设置"_s);
     panel->setMinimumWidth(kPanelWidth);
@@ -118,12 +131,15 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     split->addWidget(panel);
     split->setStretchFactor(0, 1);
     split->setChildrenCollapsible(false);
+    split->setSizes({kListWidth, kPanelWidth});
     setContent(split);
 
     addCommands({
         {u"Print_cmd"_s, u"打印"_s, [this] { Print_cmd_Click(); }, Qt::Key_F8,
          CommandKind::Default},
         {u"FileSave"_s, u"存为文件"_s, [this] { FileSave_Click(); }, Qt::Key_F9},
+        {u"ChartSave"_s, u"图表存盘"_s, [this] { ChartSave_Click(); }, Qt::Key_F10},
+        {u"PanelCmd"_s, u"列与设置"_s, [this] { PanelCmd_Click(); }, Qt::Key_F6},
         {u"CmdStop"_s, u"停止"_s, [this] { CmdStop_Click(); }, {}, CommandKind::Stop, u"end"_s},
         {u"ExitCmd"_s, u"关闭"_s, [this] { close(); }, {}, CommandKind::Plain, u"end"_s},
     });
@@ -136,7 +152,8 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     makeShortcuts();
     every(kTimerInterval, [this] { Timer1_Timer(); });
     setTask(GridTask::None);
-    resize(1300, 720);
+    setCharts({});
+    resize(kListWidth + kPanelWidth, 720);
     GrdView_->setFocus();
 }
 
@@ -245,9 +262,18 @@ void CmnGrd::Timer1_Timer() {
         if (SelList_->count() != Grd_.cols())
             rebuildColumnLists();
     }
-    task_ = GridTask::None;
+    const bool isNew = std::exchange(task_, GridTask::None) == GridTask::Check;
     showColumns();
     GrdView_->autoFit();
+    if (isNew)
+        foldPanelForList();
+}
+
+// Columns come first: a list that doesn't fit beside the panel has the whole width, until F6 asks for the panel.
+void CmnGrd::foldPanelForList() {
+    const int needed = GrdView_->horizontalHeader()->length();
+    if (needed > GrdView_->viewport()->width())
+        panel_->hide();
 }
 
 void CmnGrd::rebuildColumnLists() {
@@ -261,7 +287,7 @@ void CmnGrd::rebuildColumnLists() {
                        Qt::ItemIsDragEnabled);
         item->setCheckState(HasText(Grd_, column) ? Qt::Checked : Qt::Unchecked);
         item->setData(Qt::UserRole, column);
-        AligList_->addItem(header);
+        AligList_->addItem(header + (HoldsAmounts(Grd_, column) ? kMarks.front() : QStringView()));
     }
 }
 
@@ -289,7 +315,7 @@ void CmnGrd::showColumns() {
     for (int row = 1; row < Grd_.rows(); ++row)
         shown.addRow(cellsOf(row, QString::number(row)));
     GrdView_->setTable(shown);
-    GrdView_->setTotalRows(HasTotalRow(Grd_) ? 1 : 0);
+    GrdView_->setTotalRows(EndsInSums(Grd_) ? 1 : 0);
     if (GrdView_->currentRow() == 0 && shown.dataRows() > 0)
         GrdView_->setCurrent(1, shown.cols() > 1 ? 1 : 0);
     showAlignments();
@@ -351,7 +377,7 @@ CellBlock CmnGrd::selectedBlock() const {
     const QItemSelection selection = GrdView_->selectionModel()->selection();
     const int column = std::max(0, GrdView_->currentColumn());
     CellBlock block = ColumnBlock(GrdView_->table(), column);
-    if (HasTotalRow(Grd_))
+    if (EndsInSums(Grd_))
         --block.lastRow;
     if (selection.size() != 1 || selection.first().height() < 2)
         return block;
@@ -405,6 +431,21 @@ void CmnGrd::CmdStop_Click() {
     requestStop();
 }
 
+// --- charts and panel ---
+
+void CmnGrd::setCharts(const QList<Chart>& charts) {
+    charts_->setCharts(charts);
+    command(u"ChartSave")->setVisible(!charts_->charts().isEmpty());
+}
+
+void CmnGrd::ChartSave_Click() {
+    SaveChartPicture(charts_->current());
+}
+
+void CmnGrd::PanelCmd_Click() {
+    panel_->setVisible(!panel_->isVisible());
+}
+
 // --- paper and files ---
 
 ListPrintSettings CmnGrd::printSettings() const {
@@ -425,6 +466,7 @@ ListPrintSettings CmnGrd::printSettings() const {
     set.table.fitFont = pageTexts_->text(u"AutoAdj") == u"1";
     set.head = pageTexts_->text(u"ym");
     set.foot = pageTexts_->text(u"yj");
+    set.charts = charts_->charts();
     set.table.alignments = {kMarks.front().toString()};
     for (const int column : shownColumns())
         set.table.alignments.append(alignmentMark(column));

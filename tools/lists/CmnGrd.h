@@ -2,7 +2,7 @@
 
 // The list screen (参考清单), on which every result is looked at: a query, a report, a category. It
 // shows the columns the user picks, in the order he drags them to, gives running statistics of the
-// column or block that is selected, prints, and saves as a text file.
+// column or block that is selected, prints, and saves as a text file. Pictures of its figures stand below it.
 //
 //     auto* list = new CmnGrd(u"系统登录操作信息明细"_s, columns);
 //     ShowScreen(list);
@@ -25,6 +25,7 @@ class QStackedWidget;
 
 namespace hotel {
 
+class ChartBox;
 class FieldForm;
 class GridView;
 
@@ -48,6 +49,10 @@ public:
     // are the same rows: sorting what is shown sorts this as well.
     TextTable& Grd() { return Grd_; }
     const TextTable& Grd() const { return Grd_; }
+
+    // Pictures made from the rows, shown below the list and printed with it; those that have nothing to compare
+    // are left out.
+    void setCharts(const QList<Chart>& charts);
 
     // The list as it is shown. Column 0 counts the rows.
     GridView* GrdView() const { return GrdView_; }
@@ -78,10 +83,13 @@ private:
     void Print_cmd_Click();
     void FileSave_Click();
     void CmdStop_Click();
+    void PanelCmd_Click();
+    void ChartSave_Click();
 
     void rebuildColumnLists();
     void showColumns();
     void showAlignments();
+    void foldPanelForList();
     void showStatistics();
     void showWalk(int done, int total);
     void moveColumn(int step);
@@ -97,6 +105,8 @@ private:
     QListWidget* SelList_;
     QListWidget* AligList_;
     GridView* StatusGrd_;
+    ChartBox* charts_;
+    QWidget* panel_;      // columns, statistics, print settings
     FieldForm* heading_;  // bt, SepFlg
     FieldForm* settings_; // the print settings
     FieldForm* pageTexts_;

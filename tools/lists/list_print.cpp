@@ -4,25 +4,57 @@
 
 #include "screen/grid_view.h"
 #include "screen/messages.h"
+#include "tools/charts/draw_chart.h"
 #include "tools/paper/PrtSubs.h"
 
 namespace hotel {
 
 namespace {
 
-// Prints one page; gives the row at which the next one goes on.
-int PrintPage(const TextTable& list, const QString& title, const ListPrintSettings& settings,
-              const GridPrintLayout& layout, int row, int page) {
-    StartPage(settings.head);
-    double top = 0;
-    if (!title.isEmpty()) {
-        PrintTextCentre(0, 0, title, settings.titleFont, PrintableWidthCm());
-        top = TextHeightCm(settings.titleFont) + settings.titleGap;
+constexpr double kChartHeight = 8.5; // centimetres
+constexpr double kChartGap = 0.6;
+
+// The pages of one list, from the title down.
+class ListPages {
+public:
+    ListPages(const QString& title, const ListPrintSettings& settings)
+        : title_(title), settings_(settings) {}
+
+    int count() const { return count_; }
+
+    void start() {
+        ++count_;
+        StartPage(settings_.head);
+        y_ = 0;
+        if (title_.isEmpty())
+            return;
+        PrintTextCentre(0, 0, title_, settings_.titleFont, PrintableWidthCm());
+        y_ = TextHeightCm(settings_.titleFont) + settings_.titleGap;
     }
-    const int next = PrintGridPage(list, layout, row, top);
-    EndPage(settings.foot + u"第%1页"_s.arg(page));
-    return next;
-}
+    void end() { EndPage(settings_.foot + u"第%1页"_s.arg(count_)); }
+
+    // Gives the row at which the next page goes on.
+    int printRows(const TextTable& list, const GridPrintLayout& layout, int row) {
+        return PrintGridPage(list, layout, row, y_, &y_);
+    }
+
+    void printChart(const Chart& chart) {
+        if (y_ + kChartGap + kChartHeight > PrintableHeightCm()) {
+            end();
+            start();
+        }
+        const double height = std::min(kChartHeight, PrintableHeightCm() - y_ - kChartGap);
+        if (height > 0)
+            PrintChart(chart, 0, y_ + kChartGap, PrintableWidthCm(), height);
+        y_ += kChartGap + kChartHeight;
+    }
+
+private:
+    const QString& title_;
+    const ListPrintSettings& settings_;
+    int count_ = 0;
+    double y_ = 0; // where the page is printed down to, in centimetres
+};
 
 } // namespace
 
@@ -33,20 +65,27 @@ int PrintList(const TextTable& list, const QString& title, const ListPrintSettin
     OpenPrintJob(settings.paperWidth, settings.paperHeight);
     SetPrintMargins(settings.left, settings.right, settings.top, settings.bottom);
     const GridPrintLayout layout = MeasureGridPrint(list, settings.table);
-    int page = 0;
+    ListPages pages(title, settings);
     int row = 1;
     bool goesOn = true;
-    while (goesOn && row < list.rows() && page < kListPageLimit) {
-        ++page;
-        row = PrintPage(list, title, settings, layout, row, page);
-        goesOn = !progress || progress(row - 1, list.dataRows(), page);
+    while (goesOn && row < list.rows() && pages.count() < kListPageLimit) {
+        if (pages.count() > 0)
+            pages.end();
+        pages.start();
+        row = pages.printRows(list, layout, row);
+        goesOn = !progress || progress(row - 1, list.dataRows(), pages.count());
     }
+    for (const Chart& chart : settings.charts) {
+        if (goesOn && row == list.rows() && IsWorthDrawing(chart))
+            pages.printChart(chart);
+    }
+    pages.end();
     if (goesOn && row < list.rows())
-        MsgBox(
-            u"清单太长，只能打印前%1页，后面还有%2行没有打印！"_s.arg(page).arg(list.rows() - row),
-            u"注意"_s);
+        MsgBox(u"清单太长，只能打印前%1页，后面还有%2行没有打印！"_s.arg(pages.count())
+                   .arg(list.rows() - row),
+               u"注意"_s);
     PreviewPrintJob();
-    return page;
+    return pages.count();
 }
 
 void PrintGrid(const GridView& grid, const QString& title) {

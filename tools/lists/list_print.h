@@ -7,6 +7,7 @@
 
 #include "record/literals.h"
 #include "record/text_table.h"
+#include "tools/charts/chart.h"
 #include "tools/paper/print_grid.h"
 
 namespace hotel {
@@ -24,8 +25,9 @@ struct ListPrintSettings {
     PrintFont titleFont{u"黑体"_s, 12, false};
     double titleGap = 0.5; // between the title and the table
     GridPrintStyle table{{u"黑体"_s, 10, false}, 1, {u"宋体"_s, 8, false}, 1, {}, false};
-    QString head; // of each page; parts with "," between them
-    QString foot; // ahead of the page number
+    QString head;             // of each page; parts with "," between them
+    QString foot;             // ahead of the page number
+    QList<Chart> charts = {}; // behind the last row: those that are worth drawing
 };
 
 // Pages that one list prints; the user is told when rows are left.
@@ -35,8 +37,8 @@ inline constexpr int kListPageLimit = 100;
 // the printing there.
 using PrintProgress = std::function<bool(int rows, int allRows, int page)>;
 
-// Prints all rows of `list` under `title` on every page, and shows the job in the preview. A list
-// without data rows prints nothing. Gives the number of pages.
+// Prints all rows of `list` under `title` on every page, then the charts, below the last row where there is
+// room, and shows the job in the preview. A list without data rows prints nothing. Gives the number of pages.
 int PrintList(const TextTable& list, const QString& title, const ListPrintSettings& settings,
               const PrintProgress& progress = {});
 

@@ -56,4 +56,31 @@ void AddColumnTotalsAll(TextTable& list) {
         AddTotal(list, totalRow, column);
 }
 
+void AddReportTotals(TextTable& list, const QStringList& columns, QStringView format) {
+    const int totalRow = TotalRow(list, kReportTotalLabel);
+    for (const QString& column : columns) {
+        Money sum;
+        for (int row = 1; row < totalRow; ++row)
+            sum += Money::FromText(list.text(row, column));
+        list.setText(totalRow, column, sum.text(format));
+    }
+}
+
+bool HoldsAmounts(const TextTable& list, int column) {
+    constexpr int kSample = 200;
+    const QString& header = list.headers()[column];
+    const bool counts = header.endsWith(u'数') || header.endsWith(u'率');
+    int numbers = 0;
+    int others = 0;
+    bool points = false;
+    for (int row = 1; row < std::min(list.rows(), kSample); ++row) {
+        const QString cell = list.text(row, column);
+        if (cell.isEmpty())
+            continue;
+        ++(IsNumber(cell) ? numbers : others);
+        points = points || (IsNumber(cell) && cell.contains(u'.'));
+    }
+    return numbers > others && (counts || points);
+}
+
 } // namespace hotel

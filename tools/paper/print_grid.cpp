@@ -169,21 +169,24 @@ GridPrintLayout MeasureGridPrint(const TextTable& table, const GridPrintStyle& s
     return layout;
 }
 
-int PrintGridPage(const TextTable& table, const GridPrintLayout& layout, int row, double top) {
-    const double bottom = PrintableHeightCm();
-    const PrintRow head = LayRow(table, layout, 0, layout.headFont, (bottom - top) / 2);
+int PrintGridPage(const TextTable& table, const GridPrintLayout& layout, int row, double top,
+                  double* bottom) {
+    const double end = PrintableHeightCm();
+    const PrintRow head = LayRow(table, layout, 0, layout.headFont, (end - top) / 2);
     const QList<LinePainter> centred(table.cols(), PrintTextCentre);
     PrintCells(head, layout, centred, top, layout.headFont, layout.headLineWidth);
     const double bodyTop = top + head.height;
     double y = bodyTop;
     const int first = std::max(1, row);
     for (row = first; row < table.rows(); ++row) {
-        const PrintRow next = LayRow(table, layout, row, layout.bodyFont, bottom - bodyTop);
-        if (row > first && y + next.height > bottom)
+        const PrintRow next = LayRow(table, layout, row, layout.bodyFont, end - bodyTop);
+        if (row > first && y + next.height > end)
             break;
         PrintCells(next, layout, layout.painters, y, layout.bodyFont, layout.bodyLineWidth);
         y += next.height;
     }
+    if (bottom)
+        *bottom = y;
     return row;
 }
 

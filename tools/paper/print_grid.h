@@ -54,7 +54,8 @@ inline constexpr double kSmallestGridFont = 4;
 
 // Prints the head row and the rows from `row` on, from `top` (centimetres) down to the bottom margin.
 // Gives the row at which the next page goes on, or table.rows() at the end. A page takes at least one
-// row.
-int PrintGridPage(const TextTable& table, const GridPrintLayout& layout, int row, double top);
+// row. `bottom` is told where its last row ends.
+int PrintGridPage(const TextTable& table, const GridPrintLayout& layout, int row, double top,
+                  double* bottom = nullptr);
 
 } // namespace hotel

@@ -1,3 +1,4 @@
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 
@@ -8,6 +9,7 @@
 #include "tests/hotel_test.h"
 #include "tests/test_files.h"
 #include "tests/tools/paper/print_items.h"
+#include "tools/charts/ChartBox.h"
 #include "tools/lists/CmnGrd.h"
 #include "tools/lists/list_totals.h"
 #include "tools/paper/PrtSubs.h"
@@ -61,11 +63,16 @@ private Q_SLOTS:
         QTRY_COMPARE(view_->table().headers(),
                      (QStringList{u"序号"_s, u"金额"_s, u"客人"_s, u"房间号"_s}));
         QCOMPARE(view_->table().row(1), (QStringList{u"1"_s, u"100.50"_s, u"王"_s, u"8102"_s}));
-        // Marks go by the column, not by its place.
+        // Marks go by the column, not by its place; amounts begin at the right, numbers of rooms don't.
+        const auto isRight = [&](int column) {
+            const QModelIndex cell = view_->model()->index(0, column);
+            return (view_->model()->data(cell, Qt::TextAlignmentRole).toInt() & Qt::AlignRight) !=
+                   0;
+        };
+        QVERIFY(isRight(1) && !isRight(2) && !isRight(3));
         Q_EMIT alignments_->itemClicked(alignments_->item(3));
-        const QVariant right =
-            view_->model()->data(view_->model()->index(0, 1), Qt::TextAlignmentRole);
-        QVERIFY(right.toInt() & Qt::AlignRight);
+        QCOMPARE(alignments_->item(3)->text(), u"金额<-"_s);
+        QVERIFY(!isRight(1));
     }
 
     void filledAnew() {
@@ -164,6 +171,76 @@ private Q_SLOTS:
             rows += int(words.count(u"客"_s));
         }
         QCOMPARE(rows, 200);
+    }
+
+    void chartsStandBelowTheListAndBehindItOnPaper() {
+        const auto* box = screen_->findChild<ChartBox*>();
+        QVERIFY(!box->isVisible());
+        QVERIFY(!screen_->command(u"ChartSave")->isVisible());
+        Chart chart{u"按房间"_s};
+        chart.labels = {u"8101"_s, u"8102"_s};
+        chart.series = {{u"金额"_s, {900, 10050}}};
+        Chart other = chart;
+        other.title = u"按客人"_s;
+        other.kind = ChartKind::Pie;
+        screen_->setCharts({chart, Chart{u"空"_s}, other});
+        QVERIFY(box->isVisible());
+        auto* titles = screen_->findChild<QComboBox*>(u"Tblx"_s);
+        QCOMPARE(titles->count(), 2);
+        titles->setCurrentIndex(1);
+        QTemporaryDir folder;
+        MessageRecorder recorder;
+        recorder.answerNext(folder.filePath(u"a.png"_s));
+        screen_->command(u"ChartSave")->click();
+        QVERIFY(recorder.entries().first().words.endsWith(u"/按客人.png"_s));
+        QVERIFY(QFile::exists(folder.filePath(u"a.png"_s)));
+
+        // Rows that leave room for both charts, for one, for none: one page or two.
+        const auto pictures = [&](int rows) {
+            screen_->Grd().clearRows();
+            for (int n = 0; n < rows; ++n)
+                screen_->Grd().addRow({QString::number(n), u"客"_s, {}, u"1.00"_s});
+            screen_->setTask(GridTask::Fresh);
+            while (screen_->task() != GridTask::None)
+                QTest::qWait(10);
+            screen_->command(u"Print_cmd")->click();
+            PrintScript script = ReadPrintJob().script;
+            QStringList pages;
+            for (int page = 1; script.hasPage(page); ++page) {
+                int here = 0;
+                for (const PrintItem& item : script.previewPage(page)) {
+                    if (const auto* picture = std::get_if<PrintedPicture>(&item)) {
+                        ++here;
+                        if (picture->area.bottom() > (28 - 1) * kTwipsPerCm)
+                            return u"below the paper"_s;
+                    }
+                }
+                pages.append(QString::number(here));
+            }
+            return pages.join(u' ');
+        };
+        QCOMPARE(pictures(3), u"2"_s);
+        QCOMPARE(pictures(20), u"1 1"_s);
+        QCOMPARE(pictures(40), u"0 2"_s);
+        screen_->setCharts({});
+        QVERIFY(!box->isVisible());
+        QCOMPARE(pictures(3), u"0"_s);
+    }
+
+    void aWideListHasTheWholeWidth() {
+        QVERIFY(columns_->isVisible()); // three columns fit beside it
+        screen_->command(u"PanelCmd")->click();
+        QVERIFY(!columns_->isVisible());
+        screen_->command(u"PanelCmd")->click();
+        for (int n = 0; n < 12; ++n)
+            screen_->Grd().setText(1, screen_->Grd().addColumn(u"金额%1"_s.arg(n)),
+                                   u"1234567.00"_s);
+        screen_->setTask(GridTask::Check);
+        QTRY_VERIFY(!columns_->isVisible());
+        screen_->command(u"PanelCmd")->click();
+        columns_->item(0)->setCheckState(Qt::Unchecked); // asked for: it stays
+        QTRY_COMPARE(view_->table().cols(), 15);
+        QVERIFY(columns_->isVisible());
     }
 
     void blockForPrinting() {
