@@ -20,6 +20,7 @@
 #include "frontoffice/ParaFrm.h"
 #include "frontoffice/RoomSet.h"
 #include "frontoffice/RzjdFrm.h"
+#include "frontoffice/YdrlFrm.h"
 #include "frontoffice/frmWX.h"
 #include "frontoffice/frmYD.h"
 #include "frontoffice/guest_query.h"
@@ -98,6 +99,7 @@ void RegisterScreens() {
     RegisterScreen(u"RzjdFrm", [] { return new RzjdFrm; });
     RegisterScreen(u"SetPass", [] { return new SetPass; });
     RegisterScreen(u"Userfrm", [] { return new Userfrm; });
+    RegisterScreen(u"YdrlFrm", [] { return new YdrlFrm; });
     RegisterScreen(u"YstjFrm", [] { return new YstjFrm; });
     RegisterScreen(u"frmBm", [] { return new frmBm; });
     RegisterScreen(u"FrmYgxx", [] { return new FrmYgxx; });

@@ -16,6 +16,7 @@
 #include "screen/field_form.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
+#include "screen/open_screen.h"
 #include "tools/lists/list_export.h"
 #include "tools/lists/list_print.h"
 
@@ -81,9 +82,12 @@ QVBoxLayout* Headed(const QString& caption, QWidget* widget) {
 } // namespace
 
 frmYD::frmYD()
-    : PlanScreen(ReservationPlans(), kPanel), tabs_(new QTabWidget), KfQd(new GridView(u"KfQd"_s)),
-      Xslc(new CheckList(u"Xslc"_s)), Xsfx(new CheckList(u"Xsfx"_s)),
-      LctjQd(MakeCountList(u"LctjQd"_s)), FxtjQd(MakeCountList(u"FxtjQd"_s)) {
+    : PlanScreen(ReservationPlans(), kPanel,
+                 {{u"RlCmd"_s, u"客房日历"_s, [this] { RlCmd_Click(); }, Qt::Key_F2,
+                   CommandKind::Plain, u"list"_s}}),
+      tabs_(new QTabWidget), KfQd(new GridView(u"KfQd"_s)), Xslc(new CheckList(u"Xslc"_s)),
+      Xsfx(new CheckList(u"Xsfx"_s)), LctjQd(MakeCountList(u"LctjQd"_s)),
+      FxtjQd(MakeCountList(u"FxtjQd"_s)) {
     form()->setChoices(u"Ydzt", ReservationStates());
     KfQd->table().setHeaders(HeldRoomTitles());
     KfQd->setCheckColumn(0);
@@ -193,6 +197,11 @@ QString frmYD::formRecord() const {
 
 QStringList frmYD::furtherFields() const {
     return isHeldKnown_ ? QStringList{reservation::kHeldRooms.toString()} : QStringList();
+}
+
+// The calendar of the days of the plan that is shown.
+void frmYD::RlCmd_Click() {
+    OpenScreen(u"YdrlFrm", form()->text(u"Yjdd"));
 }
 
 // --- the rooms ---

@@ -28,6 +28,7 @@ protected:
     QString newPlan() const override;
 
 private:
+    void RlCmd_Click();
     void KfQd_Click(int row);
     void Filter_Ticked(CheckList* filter, QStringView column);
     void AllSelCmd_Click();

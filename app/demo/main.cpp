@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/plans.h"
 #include "app/demo/punches.h"
 #include "app/demo/staff.h"
 #include "link/Wck_comm.h"
@@ -50,12 +51,15 @@ void Open(const QString& folder) {
     SetLink(&link);
     link.ProdID = kProductId.toString();
     link.ConnectServer(u"127.0.0.1"_s, QString::number(server.port()));
-    const auto setServerClock = [&serverClock](const QDateTime& moment) {
-        serverClock = moment.toMSecsSinceEpoch();
-    };
-    BringInStaff(opening, setServerClock);
-    BringInPunches(opening, setServerClock);
-    BringInGuests({.at = opening, .setServerClock = setServerClock, .progress = ShowProgress});
+    const DemoOpening demo = {
+        .at = opening,
+        .setServerClock =
+            [&serverClock](const QDateTime& moment) { serverClock = moment.toMSecsSinceEpoch(); },
+        .progress = ShowProgress};
+    BringInStaff(opening, demo.setServerClock);
+    BringInPunches(opening, demo.setServerClock);
+    BringInGuests(demo);
+    KeepPlans(demo);
     server.finish();
 }
 

@@ -53,6 +53,32 @@ void BookAParty(Tour& tour) {
     tour.leave();
 }
 
+// Which rooms are free when, and who has them; from there to a reservation.
+void LookAtTheCalendar(Tour& tour) {
+    tour.logIn(u"XIAOSHOU"_s, u"777777"_s);
+    tour.press(tour.mainWindow(), u"Xsyd_cmd"_s);
+    tour.press(tour.mainWindow(), u"Ydgl_cmd"_s);
+    Screen& plans = tour.opened(u"frmYD"_s);
+    tour.press(plans, u"RlCmd"_s);
+    Screen& calendar = tour.opened(u"YdrlFrm"_s);
+    tour.picture(calendar, u"客房日历"_s);
+    for (const Qt::Key digit : {Qt::Key_8, Qt::Key_5, Qt::Key_0, Qt::Key_6})
+        tour.key(calendar, digit); // to the room that the party has
+    tour.picture(calendar, u"客房日历-预留"_s);
+    tour.key(calendar, Qt::Key_Enter);
+    auto* list = plans.findChild<GridView*>(u"YdxxQd"_s);
+    tour.expect(list->table().text(list->currentRow(), 1) == u"宋建国", u"日历没有打开预定"_s);
+    tour.press(calendar, u"NextCmd"_s);
+    tour.key(calendar, Qt::Key_End);
+    tour.picture(calendar, u"客房日历-后一周"_s);
+    tour.press(calendar, u"TodayCmd"_s);
+    tour.choose(calendar, u"Fx"_s, u"行政套房"_s);
+    tour.picture(calendar, u"客房日历-重复占用"_s);
+    calendar.close();
+    plans.close();
+    tour.leave();
+}
+
 // A tap is reported, mended and filed.
 void RepairARoom(Tour& tour) {
     tour.logIn(u"KEFANG"_s, u"333333"_s);
@@ -112,6 +138,7 @@ void CollectAReceivable(Tour& tour) {
 
 void TourOfPlans(Tour& tour) {
     BookAParty(tour);
+    LookAtTheCalendar(tour);
     RepairARoom(tour);
     CollectAReceivable(tour);
 }

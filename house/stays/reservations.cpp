@@ -78,6 +78,10 @@ QStringList ReservationStates() {
     return {kPlanned.toString(), u"取消"_s, u"实施"_s, u"延期"_s, u"完成"_s};
 }
 
+bool IsToCome(QStringView state) {
+    return state != u"取消" && state != u"实施" && state != u"完成" && state != u"失效";
+}
+
 const PlanKind& ReservationPlans() {
     static const PlanKind kind = {
         .project = kProject,

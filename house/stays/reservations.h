@@ -39,6 +39,9 @@ inline constexpr QStringView kPlanned = u"计划";
 
 QStringList ReservationStates();
 
+// Whether the guests are still expected: false for what doesn't come any more, or is here already.
+bool IsToCome(QStringView state);
+
 // Tidying looks for its words in the column 预订房价 and not in 预定状态, deliberately: hotels tidy by what they write
 // there. A reservation whose state alone says 完成 stays in the list.
 const PlanKind& ReservationPlans();

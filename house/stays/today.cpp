@@ -18,14 +18,10 @@
 #include "tools/aids/categories.h"
 
 #include <algorithm>
-#include <array>
 
 namespace hotel {
 
 namespace {
-
-// What doesn't come any more, or is here already.
-constexpr std::array<QStringView, 4> kNotExpected = {u"取消", u"实施", u"完成", u"失效"};
 
 // Reads until the link is lost; each further read would wait for it again.
 class Reader {
@@ -119,8 +115,7 @@ HouseToday LoadHouse(Reader& reader) {
 // --- reservations and repairs ---
 
 bool IsExpected(QStringView reservation, QDate today) {
-    if (std::ranges::find(kNotExpected, GetTag(reservation, reservation::kState)) !=
-        kNotExpected.end())
+    if (!IsToCome(GetTag(reservation, reservation::kState)))
         return false;
     const QDate arrival = Day(reservation, reservation::kArrival);
     return arrival == today || (arrival.isValid() && arrival < today &&

@@ -15,7 +15,8 @@
 
 namespace hotel {
 
-PlanScreen::PlanScreen(const PlanKind& kind, const PlanPanel& panel)
+PlanScreen::PlanScreen(const PlanKind& kind, const PlanPanel& panel,
+                       const QList<ScreenCommand>& further)
     : Screen(panel.screen, panel.caption), kind_(kind), panel_(panel),
       list_(new GridView(panel.list)), form_(new FieldForm(panel.fields, panel.fieldColumns)) {
     list_->table().setHeaders(kind.columns);
@@ -36,6 +37,9 @@ PlanScreen::PlanScreen(const PlanKind& kind, const PlanPanel& panel)
          u"list"_s},
         {u"FreshCmd"_s, u"刷新"_s, [this] { FreshCmd_Click(); }, Qt::Key_F11, CommandKind::Plain,
          u"list"_s},
+    });
+    addCommands(further);
+    addCommands({
         {u"ExitCmd"_s, u"关闭"_s, [this] { close(); }, Qt::Key_Escape, CommandKind::Plain,
          u"end"_s},
     });
@@ -58,8 +62,12 @@ void PlanScreen::load(const QVariant& number) {
         beginPlan({});
         isLoaded_ = true;
     }
-    if (!number.toString().isEmpty())
-        list_->setCurrent(std::max(0, list_->table().find(0, number.toString())));
+    const QString wanted = number.toString();
+    if (wanted.isEmpty() || !closing())
+        return;
+    if (list_->table().find(0, wanted) < 0)
+        loadList(); // another desk has added it
+    list_->setCurrent(std::max(0, list_->table().find(0, wanted)));
 }
 
 void PlanScreen::loadList() {

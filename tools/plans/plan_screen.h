@@ -8,7 +8,7 @@
 //         frmWX() : PlanScreen(RepairPlans(), kPanel) {}
 //     };
 //
-// Opened with a number it goes to that plan.
+// Opened with a number it goes to that plan; a plan that is being entered it asks about first.
 
 #include <QList>
 #include <QString>
@@ -44,7 +44,9 @@ public:
     void load(const QVariant& number) override;
 
 protected:
-    PlanScreen(const PlanKind& kind, const PlanPanel& panel);
+    // `further` commands stand ahead of the last one.
+    PlanScreen(const PlanKind& kind, const PlanPanel& panel,
+               const QList<ScreenCommand>& further = {});
 
     // What stands in the form, as a record. A screen adds the fields that aren't in the form.
     virtual QString formRecord() const;
