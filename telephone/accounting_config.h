@@ -81,6 +81,9 @@ public:
     // Takes a line KEY=VALUE, the key in any letters.
     Taken take(QStringView line);
 
+    // Takes an entry out, counted from 0 in the order of lines().
+    void removeAt(int entry) { entries_.removeAt(entry); }
+
     // "KEY=VALUE" of all entries, in the order in which they came.
     QStringList lines() const;
     // The file's text.

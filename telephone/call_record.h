@@ -47,8 +47,10 @@ inline constexpr std::array<QStringView, 7> kAmounts = {u"通话费", u"手续�
                                                         u"附加费", u"建设费", u"地方费"};
 } // namespace call_record
 
-// What the lists of calls show, in this order; the record's own name is 记录号.
+// What the lists of calls show, in this order; the record's own name is 记录号. All of them have the end of the call
+// and what the link program told of it, too.
 QStringList CallColumns();
+QStringList AllCallColumns();
 // The columns that are summed, "," between them.
 inline constexpr QStringView kCallSums = u"总话费,通话费,手续费,浮动费,过线费,附加费,建设费,地方费";
 bool IsCallAmount(QStringView header);

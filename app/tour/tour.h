@@ -85,6 +85,7 @@ void TourOfNightAudit(Tour& tour);
 void TourOfCheckOut(Tour& tour);
 void TourOfToday(Tour& tour);
 void TourOfCharges(Tour& tour);
+void TourOfTelephone(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 
