@@ -37,6 +37,8 @@
 #include "shell/SetPass.h"
 #include "shell/Userfrm.h"
 #include "shell/main_menu.h"
+#include "telephone/Accntfrm.h"
+#include "telephone/HdfjFrm.h"
 #include "tools/lists/FlmcFrm.h"
 #include "tools/paper/PrtForm.h"
 #include "tools/paper/PrtPrev.h"
@@ -49,9 +51,8 @@ namespace {
 // What the main menu offers already and the house does not have yet. A screen that comes is taken off
 // this list and registered below.
 constexpr QStringView kScreensToCome[] = {
-    u"PicCap",  u"frmShw",   u"frmTimer", u"PicView", u"GzjhFrm", u"Pmxs",
-    u"ShopSet", u"Accntfrm", u"Kdjf",     u"HdfjFrm", u"Wffj",    u"QVRView",
-    u"Xtwh",    u"Gys",      u"Gyxx",     u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
+    u"PicCap", u"frmShw",  u"frmTimer", u"PicView", u"GzjhFrm", u"Pmxs",    u"ShopSet", u"Kdjf",
+    u"Wffj",   u"QVRView", u"Xtwh",     u"Gys",     u"Gyxx",    u"QfyjFrm", u"QfdxFrm", u"PlDyxf",
 };
 
 // Entries that ask something first and show a list then, in front of the active window.
@@ -72,6 +73,8 @@ bool IsToCome(QStringView screen) {
 } // namespace
 
 void RegisterScreens() {
+    RegisterScreen(u"Accntfrm", [] { return new Accntfrm; });
+    RegisterScreen(u"HdfjFrm", [] { return new HdfjFrm; });
     RegisterScreen(u"Fjxxfrm", [] { return new Fjxxfrm; });
     RegisterScreen(u"FlmcFrm", [] { return new FlmcFrm; });
     RegisterScreen(u"Ftxxfrm", [] { return new Ftxxfrm; });

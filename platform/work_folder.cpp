@@ -27,6 +27,10 @@ QString PictureFolder(const QString& programFolder) {
     return OwnFolder(programFolder, QStandardPaths::AppLocalDataLocation);
 }
 
+QString SettingsFolder() {
+    return OwnFolder(QCoreApplication::applicationDirPath(), QStandardPaths::AppLocalDataLocation);
+}
+
 QString ListFolder() {
     return ListFolder(QCoreApplication::applicationDirPath());
 }

@@ -16,4 +16,7 @@ QString PictureFolder(const QString& programFolder);
 QString ListFolder();
 QString ListFolder(const QString& programFolder);
 
+// What the desk is set to by its own screens. Of the user: the program's data folder.
+QString SettingsFolder();
+
 } // namespace hotel

@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
         TourOfToday(tour);
         TourOfFolio(tour);
         TourOfCharges(tour);
+        TourOfTelephone(tour);
         TourOfNightAudit(tour);
         TourOfCheckOut(tour);
         TourOfStaff(tour);

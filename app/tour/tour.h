@@ -88,6 +88,7 @@ void TourOfToday(Tour& tour);
 void TourOfCharges(Tour& tour);
 void TourOfStaff(Tour& tour);
 void TourOfReports(Tour& tour);
+void TourOfTelephone(Tour& tour);
 void TourOfCategories(Tour& tour);
 void TourOfInquiries(Tour& tour);
 void TourOfAttendance(Tour& tour);

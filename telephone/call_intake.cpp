@@ -1,0 +1,75 @@
+#include "telephone/call_intake.h"
+
+#include "link/records.h"
+#include "link/serv_api.h"
+#include "record/literals.h"
+#include "record/record_text.h"
+#include "telephone/call_record.h"
+#include "tools/queries/query_text.h"
+
+namespace hotel {
+
+namespace {
+
+constexpr qsizetype kStampLength = 8;
+
+QString WithoutMark() {
+    return ConditionText({{kOr.toString(), call_record::kMark.toString(), u"为空"_s, {}}}, {});
+}
+
+// Copied, as the list may be asked for by another screen while a call is read.
+QStringList WaitingCalls(const QString& dayFile, const QSet<QString>& leftOut) {
+    const QString condition = WithoutMark();
+    QStringList names;
+    for (int n = 1; names.size() < kCallsARound; ++n) {
+        const QString name = DbFieldFind(dayFile, kCallProject, condition, n);
+        if (name.isEmpty() || IsError(name))
+            break;
+        if (!leftOut.contains(name))
+            names.append(name);
+    }
+    return names;
+}
+
+} // namespace
+
+RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables,
+                              QSet<QString>& leftOut, const CallRated& rated) {
+    RoundOutcome round;
+    if (DbCheckFile(dayFile, kCallStamp).size() != kStampLength)
+        return round;
+    round.present = true;
+    const QStringList names = WaitingCalls(dayFile, leftOut);
+    round.found = int(names.size());
+    for (const QString& name : names) {
+        const RecordRead call = ReadToChange(dayFile, kCallProject, name);
+        if (call.outcome != Reading::Present)
+            continue;
+        if (call.value.isEmpty()) {
+            leftOut.insert(name);
+            continue;
+        }
+        if (!GetTag(call.value, call_record::kMark).isEmpty()) // by another desk, meanwhile
+            continue;
+        const RatedCall result = RateCall(call.value, tables);
+        if (!result.problem.isEmpty()) {
+            leftOut.insert(name);
+            round.problem = result.problem;
+            continue;
+        }
+        if (DbModifyRecord(dayFile, kCallProject, name, result.record) != 0) {
+            round.failure = {u"意外错误"_s, u"数据不能保存，请重新链接数据库服务器!"_s};
+            return round;
+        }
+        ++round.rated;
+        if (rated && !rated(name, result.record))
+            return round;
+    }
+    return round;
+}
+
+QDate NextCallDay(const RoundOutcome& round, QDate day, QDate today) {
+    return round.found < kCallsARound && day < today ? day.addDays(1) : day;
+}
+
+} // namespace hotel
