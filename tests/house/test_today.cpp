@@ -318,11 +318,13 @@ private Q_SLOTS:
             QList<RoomSpec> rooms;
             QMap<QString, QPair<int, int>> expected; // rooms, guests
             QMap<QString, int> freeRooms;
-            for (int n = 0; n < 1000; ++n) {
+            for (int n = 0; n <= 1000; ++n) {
                 const QString word = words[dice.bounded(words.size())];
                 const int guests = dice.bounded(4);
                 const QString type = u"类型%1"_s.arg(dice.bounded(5));
                 rooms.append({QString::number(1000 + n), word, guests, 4, u"1"_s, type});
+                if (n == 1000) // the house has no more rooms than a thousand
+                    continue;
                 auto& [count, inside] = expected[word.isEmpty() ? u"空房"_s : word];
                 const bool isFree = word.isEmpty() || word == u"空房" || word == u"闲置";
                 ++count;
