@@ -44,8 +44,10 @@ const QString kBeginReading = u"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"
 const QString kLock =
     u"SELECT pg_advisory_xact_lock(hashtextextended('qvrd ' || current_schema(), 0))"_s;
 
-// The log begins with a row, so that there is always a last one.
-const QString kLogTables[] = {
+// The log begins with a row, so that there is always a last one. A record that is changed leaves its page and
+// its place in three indexes unless the page has room for it.
+const QString kOwnTables[] = {
+    u"ALTER TABLE record SET (fillfactor = 70)"_s,
     u"CREATE TABLE IF NOT EXISTS change (id BIGINT PRIMARY KEY, writer BIGINT NOT NULL, "
     "what TEXT NOT NULL)"_s,
     u"INSERT INTO change SELECT 0, 0, '' WHERE NOT EXISTS (SELECT FROM change)"_s,
@@ -236,7 +238,7 @@ private:
         pending_.add(kLock);
         for (const QString& table : TableStatements(kWords))
             pending_.add(table);
-        for (const QString& table : kLogTables)
+        for (const QString& table : kOwnTables)
             pending_.add(table);
         pending_.add(u"COMMIT"_s);
         send();

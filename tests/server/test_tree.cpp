@@ -116,6 +116,16 @@ private Q_SLOTS:
         QVERIFY(other.readProject(Path(u"a.qvr"), u"p"_s) == whole);
         QCOMPARE(other.read(Path(u"b.qvr"), u"p"_s, u"99999"_s), u"v"_s);
         QCOMPARE(told, (QList<qint64>{50'000, 100'000, 50'000, 100'000}));
+
+        for (int shift = 0; shift < 4; ++shift) { // somebody's editor ends lines with CR LF
+            const QByteArray lines = QByteArray("ab\r\n").repeated(40'000);
+            const QString tree = folder_->filePath(u"crlf%1"_s.arg(shift));
+            WriteTree(tree, {{u"c.qvr/p.txt"_s,
+                              "<1>" + QByteArray(shift, 'x') + lines + "</1>\r\n<2></2>\r\n"}});
+            QCOMPARE(ImportTree(other, tree).faults, QStringList());
+            QVERIFY(other.read(Path(u"c.qvr"), u"p"_s, u"1"_s) ==
+                    QString(shift, u'x') + QString::fromLatin1(lines));
+        }
     }
 
     void badTrees() {
