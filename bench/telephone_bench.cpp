@@ -100,13 +100,13 @@ void Round() {
     const RatingTables tables = RatingTablesOf(ReadCallTables(BillingFiles()), {});
     const QList<PlayedCall> calls = Played(20);
     const QString rated = RateCall(calls.first().record, tables).record;
-    QSet<QString> leftOut;
+    WaitingCalls waiting;
     // Both begin with calls that wait, whose filling counts for both alike.
     PrintRatio("round_of_20_calls",
                MedianRatio(
                    [&] {
                        Fill(calls);
-                       return RateWaitingCalls(file, tables, leftOut, {}).rated;
+                       return RateWaitingCalls(file, tables, waiting, {}).rated;
                    },
                    [&] {
                        Fill(calls);

@@ -196,7 +196,7 @@ void Accntfrm::showTables() {
 
 void Accntfrm::tablesChanged() {
     rating_ = RatingTablesOf(tables_, config_);
-    leftOut_.clear();
+    waiting_ = {};
 }
 
 bool Accntfrm::hasPendingChanges() const {
@@ -219,7 +219,7 @@ void Accntfrm::Timer1_Timer() {
         tables_.unread())
         return;
     Timer1->stop();
-    const RoundOutcome round = RateWaitingCalls(files_.dayFile(day), rating_, leftOut_,
+    const RoundOutcome round = RateWaitingCalls(files_.dayFile(day), rating_, waiting_,
                                                 [this](const QString& name, const QString& record) {
                                                     showRated(name, record);
                                                     return stillOpen();
@@ -227,10 +227,8 @@ void Accntfrm::Timer1_Timer() {
     showRound(round);
     if (live_->day() == day && !live_->isDayTyped()) {
         const QDate next = NextCallDay(round, day, Clock::Today());
-        if (next != day) {
+        if (next != day)
             live_->setDay(next);
-            leftOut_.clear();
-        }
     }
     Timer1->start(round.rated == kCallsARound ? kBacklogMilliseconds : kRoundMilliseconds);
 }

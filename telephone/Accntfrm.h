@@ -4,8 +4,6 @@
 // shows them as they come in; it searches the calls of a period, and keeps extensions, tariff and configuration.
 // One desk of the house should stand open: see call_intake.h.
 
-#include <QSet>
-
 #include "screen/screen.h"
 #include "telephone/accounting_config.h"
 #include "telephone/call_intake.h"
@@ -72,7 +70,7 @@ private:
     BillingFiles files_;
     CallTables tables_; // as stored
     RatingTables rating_;
-    QSet<QString> leftOut_; // of the day that is looked at
+    WaitingCalls waiting_; // of the day that is looked at
 
     QTabWidget* tabs_;
     LivePage* live_;

@@ -1,5 +1,7 @@
 #include "telephone/call_intake.h"
 
+#include <algorithm>
+
 #include "link/records.h"
 #include "link/serv_api.h"
 #include "record/literals.h"
@@ -17,43 +19,51 @@ QString WithoutMark() {
     return ConditionText({{kOr.toString(), call_record::kMark.toString(), u"为空"_s, {}}}, {});
 }
 
-// Copied, as the list may be asked for by another screen while a call is read.
-QStringList WaitingCalls(const QString& dayFile, const QSet<QString>& leftOut) {
-    const QString condition = WithoutMark();
-    QStringList names;
-    for (int n = 1; names.size() < kCallsARound; ++n) {
-        const QString name = DbFieldFind(dayFile, kCallProject, condition, n);
-        if (name.isEmpty() || IsError(name))
-            break;
-        if (!leftOut.contains(name))
-            names.append(name);
+// The calls of a round, all that wait where they don't fill it. The list of the server is copied, as it may be asked
+// for by another screen while a call is read.
+QStringList NextCalls(WaitingCalls& waiting) {
+    if (waiting.names.size() < kCallsARound) {
+        waiting.names.clear();
+        const QString condition = WithoutMark();
+        for (int n = 1;; ++n) {
+            const QString name = DbFieldFind(waiting.dayFile, kCallProject, condition, n);
+            if (name.isEmpty() || IsError(name))
+                break;
+            if (!waiting.leftOut.contains(name))
+                waiting.names.append(name);
+        }
     }
+    const QStringList names =
+        waiting.names.first(std::min<qsizetype>(kCallsARound, waiting.names.size()));
+    waiting.names.remove(0, names.size());
     return names;
 }
 
 } // namespace
 
 RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables,
-                              QSet<QString>& leftOut, const CallRated& rated) {
+                              WaitingCalls& waiting, const CallRated& rated) {
     RoundOutcome round;
     if (DbCheckFile(dayFile, kCallStamp).size() != kStampLength)
         return round;
     round.present = true;
-    const QStringList names = WaitingCalls(dayFile, leftOut);
+    if (waiting.dayFile != dayFile)
+        waiting = {dayFile, {}, {}};
+    const QStringList names = NextCalls(waiting);
     round.found = int(names.size());
     for (const QString& name : names) {
         const RecordRead call = ReadToChange(dayFile, kCallProject, name);
         if (call.outcome != Reading::Present)
             continue;
         if (call.value.isEmpty()) {
-            leftOut.insert(name);
+            waiting.leftOut.insert(name);
             continue;
         }
         if (!GetTag(call.value, call_record::kMark).isEmpty()) // by another desk, meanwhile
             continue;
         const RatedCall result = RateCall(call.value, tables);
         if (!result.problem.isEmpty()) {
-            leftOut.insert(name);
+            waiting.leftOut.insert(name);
             round.problem = result.problem;
             continue;
         }

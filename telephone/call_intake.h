@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -31,11 +32,21 @@ struct RoundOutcome {
 // What goes on between two calls: `record` was rated and written. False ends the round.
 using CallRated = std::function<bool(const QString& name, const QString& record)>;
 
-// One round. `leftOut` are the calls that the tariff could not rate, and records that hold nothing: they aren't
-// looked at again, so that the calls behind them get their turn, until the caller empties it (for another tariff,
-// another day). A call that can't be read is passed over.
+// What a desk knows of a day's calls from round to round.
+struct WaitingCalls {
+    QString dayFile;
+    // Found without a mark and not looked at yet: the server is asked anew when they don't fill a round, so that
+    // a long backlog isn't searched for every twenty calls.
+    QStringList names;
+    // Calls that the tariff could not rate, and records that hold nothing: they aren't looked at again, so that
+    // the calls behind them get their turn. To be emptied for another tariff.
+    QSet<QString> leftOut;
+};
+
+// One round. `waiting` begins anew with another file. A call that can't be read is passed over; one that bears a mark
+// by now is left alone.
 RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables,
-                              QSet<QString>& leftOut, const CallRated& rated);
+                              WaitingCalls& waiting, const CallRated& rated);
 
 // The day to look at next: behind a round that found less than it could take, the next one up to today.
 QDate NextCallDay(const RoundOutcome& round, QDate day, QDate today);
