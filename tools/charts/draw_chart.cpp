@@ -44,6 +44,7 @@ constexpr qsizetype kMostFigures = 14;  // that are written at their bars
 constexpr qsizetype kMostMarks = 62;    // labels; lines of more points have no marks
 constexpr double kLabelSlant = -35;     // degrees
 constexpr int kBesidePlot = 90;         // pixels: the value axis and the margins
+constexpr int kLegendBeside = 560;      // pixels; a narrower pie has its legend below
 constexpr int kAround = 8;              // pixels
 constexpr QSize kSavedSize(1200, 700);
 constexpr int kSavedNote = 2000; // milliseconds
@@ -284,8 +285,10 @@ void DressAxis(QAbstractAxis* axis) {
 QString TitleOf(const Chart& chart) {
     if (chart.note.isEmpty())
         return chart.title.toHtmlEscaped();
-    return u"%1<br><span style='font-size:%2pt; font-weight:normal'>%3</span>"_s.arg(
-        chart.title.toHtmlEscaped(), QString::number(kTextPoints), chart.note.toHtmlEscaped());
+    return u"<table><tr><td align='center'>%1</td></tr><tr><td align='center' "
+           "style='font-size:%2pt; font-weight:normal'>%3</td></tr></table>"_s.arg(
+               chart.title.toHtmlEscaped(), QString::number(kTextPoints),
+               chart.note.toHtmlEscaped());
 }
 
 QChart* MakePlot(const Chart& chart, QSize size) {
@@ -301,7 +304,8 @@ QChart* MakePlot(const Chart& chart, QSize size) {
     plot->legend()->setLabelColor(QColor(kInk));
     if (kind == ChartKind::Lines)
         plot->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
-    plot->legend()->setAlignment(kind == ChartKind::Pie ? Qt::AlignRight : Qt::AlignBottom);
+    plot->legend()->setAlignment(
+        kind == ChartKind::Pie && size.width() >= kLegendBeside ? Qt::AlignRight : Qt::AlignBottom);
     plot->legend()->setVisible(kind == ChartKind::Pie || chart.series.size() > 1);
     if (kind == ChartKind::Pie) {
         AddPie(*plot, chart);
