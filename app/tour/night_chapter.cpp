@@ -69,11 +69,11 @@ void LookAtBalances(Tour& tour) {
     const auto* rows = list.findChild<GridView*>(u"GrdView"_s);
     tour.waitFor([rows] { return rows->isVisible() && rows->table().dataRows() > 5; },
                  u"余额没有列出"_s);
+    tour.picture(list, u"余额查验"_s);
     const int last = rows->table().cols() - 1;
     tour.expect(rows->columnViewportPosition(last) + rows->columnWidth(last) <=
                     rows->viewport()->width(),
                 u"信用余额看不见"_s);
-    tour.picture(list, u"余额查验"_s);
     list.close();
 }
 

@@ -1,5 +1,6 @@
 #include "cashier/reports/YybbFrm.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
@@ -24,8 +25,8 @@ namespace hotel {
 
 namespace {
 
-constexpr int kListWidth = 760;
-constexpr int kChartWidth = 500;
+constexpr int kListWidth = 900;
+constexpr int kChartWidth = 440;
 constexpr double kCaptionPoints = 13;
 constexpr int kNumberColumn = 0;
 
@@ -61,6 +62,7 @@ YybbFrm::YybbFrm()
     BbBt->setAlignment(Qt::AlignCenter);
     BbBt->setFont(FontFor(u"黑体", kCaptionPoints, true));
     BbQd->setSortable(true);
+    BbQd->horizontalHeader()->setStretchLastSection(false);
 
     auto* split = new QSplitter;
     split->addWidget(BbQd);

@@ -40,7 +40,7 @@ QString ChartPane::figuresInWords() const {
 }
 
 QSize ChartPane::sizeHint() const {
-    return {520, 420};
+    return {440, 300};
 }
 
 QSize ChartPane::minimumSizeHint() const {

@@ -44,6 +44,7 @@ constexpr qsizetype kMostFigures = 14;  // that are written at their bars
 constexpr qsizetype kMostMarks = 62;    // labels; lines of more points have no marks
 constexpr double kLabelSlant = -35;     // degrees
 constexpr int kBesidePlot = 90;         // pixels: the value axis and the margins
+constexpr int kRoomForAmounts = 560;    // pixels; a narrower pie tells its shares alone
 constexpr int kAround = 8;              // pixels
 constexpr QSize kSavedSize(1200, 700);
 constexpr int kSavedNote = 2000; // milliseconds
@@ -251,7 +252,7 @@ void AddLines(QChart& plot, const Chart& chart) {
     }
 }
 
-void AddPie(QChart& plot, const Chart& chart) {
+void AddPie(QChart& plot, const Chart& chart, bool withAmounts) {
     const ChartSeries& shares = chart.series.first();
     qint64 whole = 0;
     for (qsizetype label = 0; label < chart.labels.size(); ++label)
@@ -262,10 +263,10 @@ void AddPie(QChart& plot, const Chart& chart) {
         const qint64 value = shares.values.value(label);
         if (value == 0)
             continue;
-        auto* slice =
-            pie->append(u"%1  %2  %3"_s.arg(chart.labels[label], ChartFigure(chart, value, true),
-                                            ChartShare(value, whole)),
-                        double(value));
+        const QString amount = withAmounts ? ChartFigure(chart, value, true) + u' ' : QString();
+        const QString words =
+            u"%1 %2%3"_s.arg(chart.labels[label], amount, ChartShare(value, whole));
+        auto* slice = pie->append(words, double(value));
         slice->setBrush(BrushOf(LookOf(look++)));
         slice->setPen(QPen(Qt::white, 2));
     }
@@ -284,8 +285,10 @@ void DressAxis(QAbstractAxis* axis) {
 QString TitleOf(const Chart& chart) {
     if (chart.note.isEmpty())
         return chart.title.toHtmlEscaped();
-    return u"%1<br><span style='font-size:%2pt; font-weight:normal'>%3</span>"_s.arg(
-        chart.title.toHtmlEscaped(), QString::number(kTextPoints), chart.note.toHtmlEscaped());
+    return u"<table><tr><td align='center'>%1</td></tr><tr><td align='center' "
+           "style='font-size:%2pt; font-weight:normal'>%3</td></tr></table>"_s.arg(
+               chart.title.toHtmlEscaped(), QString::number(kTextPoints),
+               chart.note.toHtmlEscaped());
 }
 
 QChart* MakePlot(const Chart& chart, QSize size) {
@@ -304,7 +307,7 @@ QChart* MakePlot(const Chart& chart, QSize size) {
     plot->legend()->setAlignment(kind == ChartKind::Pie ? Qt::AlignRight : Qt::AlignBottom);
     plot->legend()->setVisible(kind == ChartKind::Pie || chart.series.size() > 1);
     if (kind == ChartKind::Pie) {
-        AddPie(*plot, chart);
+        AddPie(*plot, chart, size.width() >= kRoomForAmounts);
         return plot;
     }
     const bool figures =

@@ -28,7 +28,9 @@ namespace {
 constexpr int kTimerInterval = 100; // milliseconds
 constexpr int kShowWalkEvery = 100;
 constexpr int kPanelWidth = 330;
-constexpr int kListWidth = 970;
+constexpr int kListWidth = 1026; // with the panel as wide as the smallest screen of the house
+constexpr int kRowsHeight = 300;
+constexpr int kChartHeight = 280;
 
 constexpr QStringView kNumberHeader = u"序号";
 
@@ -119,6 +121,7 @@ CmnGrd::CmnGrd(const QString& title, const QStringList& columns)
     rows->addWidget(charts_);
     rows->setStretchFactor(0, 1);
     rows->setChildrenCollapsible(false);
+    rows->setSizes({kRowsHeight, kChartHeight});
     listLayout->addWidget(rows, 1);
     auto* panel = new QTabWidget;
     panel_ = panel;

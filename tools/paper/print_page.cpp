@@ -44,8 +44,10 @@ private:
 
     void picture(const QString& file, const QRectF& area) {
         const QImage image(file);
-        if (!image.isNull() && !area.isEmpty())
-            painter_.drawImage(area, image);
+        if (image.isNull() || area.isEmpty())
+            return;
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter_.drawImage(area, image);
     }
 
     QPainter& painter_;
