@@ -142,8 +142,10 @@ void RecordServer::answerRequest(Exchange& exchange) {
 }
 
 void RecordServer::commitTurn() {
-    if (store_.inTransaction() && uncommittedTurns_ + 1 < settings_.turnsOfCommit) {
-        ++uncommittedTurns_;
+    // a turn that only finds connections without a request is none
+    const int turns = uncommittedTurns_ + (turn_.exchanges.empty() ? 0 : 1);
+    if (store_.inTransaction() && turns < settings_.turnsOfCommit) {
+        uncommittedTurns_ = turns;
         return;
     }
     store_.commit();
