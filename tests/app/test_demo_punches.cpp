@@ -11,13 +11,19 @@
 
 using namespace hotel;
 
+namespace {
+
+constexpr int kTurnsOfCommit = 1000; // nothing of the store is to be kept
+
+} // namespace
+
 class DemoPunchesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     // A month that looks like life: most are there on most days, and everything happens to somebody.
     void aMonthOfAStaff() {
-        TestHotel hotel;
+        TestHotel hotel(TestHotel::Start::LoggedIn, kTurnsOfCommit);
         for (int n = 1; n <= 24; ++n)
             Employ(n % 2 ? u"前厅部"_s : u"客房部"_s, u"%1"_s.arg(1000 + n), u"员%1"_s.arg(n),
                    {n % 5 == 0   ? u"夜班 22:00 06:00"_s
@@ -46,7 +52,7 @@ private Q_SLOTS:
     }
 
     void nobodyIsEmployed() {
-        TestHotel hotel;
+        TestHotel hotel(TestHotel::Start::LoggedIn, kTurnsOfCommit);
         const QDateTime opening(QDate(2026, 3, 5), QTime(10, 0));
         BringInPunches(opening, [&hotel](const QDateTime& now) { hotel.setServerClock(now); });
         QCOMPARE(SumPeriod(QDate(2026, 3, 1), QDate(2026, 3, 5), u"所有部门"_s).days.dataRows(), 0);
