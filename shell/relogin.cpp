@@ -32,7 +32,11 @@ QPushButton* MakeNotice() {
 
 Relogin::Relogin(QWidget& home) : home_(home) {
     connect(&Link(), &Wck_comm::loginLost, this, [this] { setWanted(true); });
-    connect(&Link(), &Wck_comm::loggedIn, this, [this] { setWanted(false); });
+    // By a desk that logs itself in. While the password is asked here, the session isn't read yet.
+    connect(&Link(), &Wck_comm::loggedIn, this, [this] {
+        if (!asking_)
+            setWanted(false);
+    });
 }
 
 void Relogin::setWanted(bool wanted) {
