@@ -465,10 +465,11 @@ void HouseCalendarView::paintHead(QPainter& painter, int line) const {
     int left = 4;
     if (shown.room) {
         text = shown.room->number;
+        const int side = lineHeight_ - 10;
         left += lineHeight_;
         const auto place = std::ranges::find(statuses_, shown.room->status, &StatusPlace::word);
         if (shown.room->isKnown && place != statuses_.end())
-            painter.fillRect(QRect(4, head.top() + 5, lineHeight_ - 10, lineHeight_ - 11),
+            painter.fillRect(QRect(4, head.center().y() - side / 2, side, side),
                              StatusColour(place->colour));
         painter.drawText(head.adjusted(0, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
                          shown.room->status);

@@ -4,6 +4,7 @@
 #include <QMap>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 
 #include "app/demo/making.h"
@@ -368,11 +369,19 @@ public:
                 book_.tidy(RepairPlans(), {day, QTime(8, 5)}, kEngineering);
         }
         // The rooms that are out of order wait for something.
+        struct Wait {
+            QStringView state;
+            QStringView reason;
+        };
+        constexpr std::array<Wait, 3> kWaits = {
+            {{u"等待外协", u"墙面渗水"}, {u"等待配件", u"空调不制热"}, {u"维修中", u"墙纸脱落"}}};
+        size_t waits = 0;
         for (const RoomEntry& room : rooms_) {
             if (GetTag(room.record, room_record::kStatus) != u"维修")
                 continue;
             const QDateTime moment(today_.addDays(-dice_.between(1, 6)), QTime(10, 20));
-            report(moment, room.number, u"等待配件", dice_.pick(DemoFaults()).reason);
+            const Wait& wait = kWaits[waits++ % kWaits.size()];
+            report(moment, room.number, wait.state, wait.reason);
         }
         report({today_.addDays(-1), QTime(19, 45)}, dice_.pick(rooms_).number, u"客人在住",
                u"电视无信号");

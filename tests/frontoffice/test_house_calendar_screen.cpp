@@ -216,6 +216,15 @@ private Q_SLOTS:
         Key(Qt::Key_F11);
         QCOMPARE(messages_->last(), u"客房日历读取失败，请稍候刷新再试！"_s);
         QCOMPARE(view().lines(), 6); // what was read before
+        calendar().close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+        open(); // and from the start
+        QCOMPARE(messages_->words().size(), 2);
+        QCOMPARE(view().lines(), 0);
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_8, Qt::Key_Enter, Qt::Key_F7})
+            Key(key);
+        press(0, 0, 0.5);
         hotel_->startServer();
     }
 
