@@ -224,7 +224,7 @@ private Q_SLOTS:
         QCOMPARE(view().lines(), 0);
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_8, Qt::Key_Enter, Qt::Key_F7})
             Key(key);
-        press(0, 0, 0.5);
+        QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, QPoint(200, 100));
         hotel_->startServer();
     }
 
