@@ -15,7 +15,7 @@
 
 #include "cashier/settlement.h"
 #include "cashier/settlement_list.h"
-#include "house/common/notice.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -22,7 +22,7 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
+#include "session/notice.h"
 
 namespace hotel {
 

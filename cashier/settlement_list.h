@@ -15,10 +15,10 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "house/folios/folio_totals.h"
 #include "house/folios/room_charge.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

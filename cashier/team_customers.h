@@ -10,8 +10,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

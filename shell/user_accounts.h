@@ -15,7 +15,7 @@
 #include <optional>
 #include <span>
 
-#include "house/common/notice.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -12,7 +12,7 @@
 #include <functional>
 #include <optional>
 
-#include "house/common/notice.h"
+#include "session/notice.h"
 #include "telephone/call_rating.h"
 
 namespace hotel {

@@ -18,8 +18,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 #include "telephone/accounting_config.h"
 
 namespace hotel {

@@ -15,9 +15,9 @@
 #include <optional>
 
 #include "cashier/reports/report_table.h"
-#include "house/common/notice.h"
 #include "house/common/walk_progress.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 #include "tools/charts/chart.h"
 
 namespace hotel {

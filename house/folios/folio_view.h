@@ -7,8 +7,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

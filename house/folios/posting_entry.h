@@ -9,8 +9,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "house/folios/posting_kinds.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -13,8 +13,8 @@
 #include <functional>
 #include <optional>
 
-#include "house/common/notice.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -9,8 +9,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "house/guests/working_set.h"
+#include "session/notice.h"
 
 namespace hotel {
 

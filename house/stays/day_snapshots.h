@@ -24,9 +24,9 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "house/stays/board.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -20,10 +20,10 @@
 #include <optional>
 #include <vector>
 
-#include "house/common/notice.h"
 #include "house/common/walk_progress.h"
 #include "house/rooms/room_record.h"
 #include "link/records.h"
+#include "session/notice.h"
 
 namespace hotel {
 

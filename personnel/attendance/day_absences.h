@@ -16,8 +16,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "personnel/attendance/day_lists.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -17,9 +17,9 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "personnel/attendance/day_absences.h"
 #include "personnel/attendance/day_lists.h"
+#include "session/notice.h"
 
 namespace hotel {
 

@@ -13,11 +13,11 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "personnel/attendance/day_records.h"
 #include "personnel/attendance/punch_decision.h"
 #include "personnel/attendance/staff_directory.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 

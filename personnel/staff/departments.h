@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringView>
 
-#include "house/common/notice.h"
+#include "session/notice.h"
 
 namespace hotel {
 

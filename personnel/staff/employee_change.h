@@ -9,8 +9,8 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "personnel/staff/staff_list.h"
+#include "session/notice.h"
 
 namespace hotel {
 

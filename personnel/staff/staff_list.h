@@ -12,9 +12,9 @@
 
 #include <optional>
 
-#include "house/common/notice.h"
 #include "personnel/staff/employee_records.h"
 #include "record/text_table.h"
+#include "session/notice.h"
 
 namespace hotel {
 
