@@ -58,12 +58,8 @@ using Posts = QMap<QString, Post>;
 
 void AddStaffingRow(TextTable& table, const QString& department, const QString& post,
                     qsizetype holders, qsizetype besides, const QStringList& names) {
-    table.addRow({{},
-                  department,
-                  post,
-                  QString::number(holders),
-                  QString::number(besides),
-                  names.join(u' ')});
+    table.addRow(
+        {department, post, QString::number(holders), QString::number(besides), names.join(u' ')});
 }
 
 } // namespace
@@ -162,8 +158,7 @@ TextTable StaffingTable(const TextTable& everybody) {
         note(row, kSecondDepartment1, kSecondPost1, &Post::besides);
         note(row, kSecondDepartment2, kSecondPost2, &Post::besides);
     }
-    TextTable table({kSerialTitle.toString(), u"部门"_s, u"职务"_s, u"在编人数"_s, u"兼职人数"_s,
-                     u"员工姓名"_s});
+    TextTable table({u"部门"_s, u"职务"_s, u"在编人数"_s, u"兼职人数"_s, u"员工姓名"_s});
     qsizetype houseHolders = 0;
     qsizetype houseBesides = 0;
     for (const QString& department : departments) {
@@ -180,7 +175,6 @@ TextTable StaffingTable(const TextTable& everybody) {
         houseBesides += besides;
     }
     AddStaffingRow(table, u"合计"_s, {}, houseHolders, houseBesides, {});
-    table.numberRows(0);
     return table;
 }
 
