@@ -8,16 +8,10 @@
 #include <QDate>
 #include <QDateTime>
 #include <functional>
-#include <stdexcept>
 
 #include <QString>
 
 namespace hotel {
-
-class DemoFailure : public std::runtime_error {
-public:
-    explicit DemoFailure(const QString& words) : std::runtime_error(words.toStdString()) {}
-};
 
 inline constexpr int kDemoDays = 60;
 
@@ -31,7 +25,7 @@ struct DemoOpening {
 
 // Needs a connected link to a server with the delivered and the demo data; the workstations connect as it
 // did. Leaves the clock standing at the opening and the link current. Throws DemoFailure at the first step that
-// doesn't come out as it should.
+// doesn't come out as it should (expect.h).
 void BringInGuests(const DemoOpening& opening);
 
 } // namespace hotel

@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 
+#include "app/demo/expect.h"
 #include "app/demo/making.h"
 #include "app/demo/planned.h"
 #include "app/demo/vocabulary.h"
@@ -51,11 +52,6 @@ using Fields = std::initializer_list<std::pair<QStringView, QString>>;
 
 QString Iso(QDate day) {
     return day.toString(u"yyyy-MM-dd");
-}
-
-void Expect(bool came, const QString& words) {
-    if (!came)
-        throw DemoFailure(words);
 }
 
 QString With(QString record, Fields fields) {

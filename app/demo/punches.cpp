@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/expect.h"
 #include "personnel/attendance/day_absences.h"
 #include "personnel/attendance/day_check.h"
 #include "personnel/attendance/day_load.h"
@@ -47,16 +48,6 @@ constexpr int kOnADayOff = 10; // of a thousand
 const QTime kMorningOfAnalysis(9, 40);
 const QTime kBeforeAll(0, 5);
 constexpr int kToLogIn = 12; // seconds
-
-void Expect(bool came, const QString& words) {
-    if (!came)
-        throw DemoFailure(words);
-}
-
-void ExpectNone(const std::optional<Notice>& notice) {
-    if (notice)
-        throw DemoFailure(notice->title + u"："_s + notice->words);
-}
 
 class Chance {
 public:

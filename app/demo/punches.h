@@ -15,7 +15,7 @@ inline constexpr int kDaysOfPunches = 31;
 
 // The house is opened at `opening`: everything happened before, the last punches just now, and the day of the
 // opening is not analysed yet. `setServerClock` moves the server's clock, the workstation's is moved along and left
-// standing at the opening. Does nothing where nobody is employed. Throws DemoFailure (demo_guests.h) at the first step
+// standing at the opening. Does nothing where nobody is employed. Throws DemoFailure (expect.h) at the first step
 // that doesn't come out as it should.
 void BringInPunches(const QDateTime& opening,
                     const std::function<void(const QDateTime&)>& setServerClock);

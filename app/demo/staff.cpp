@@ -5,6 +5,7 @@
 #include <span>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/expect.h"
 #include "personnel/staff/departments.h"
 #include "personnel/staff/employee_card.h"
 #include "personnel/staff/employee_change.h"
@@ -173,11 +174,6 @@ constexpr int kDaysAgo = kDemoDays + 10;
 const QTime kBegins(8, 40);
 constexpr int kToHire = 210; // seconds for each
 constexpr int kToLeave = 30;
-
-void Expect(bool condition, const QString& words) {
-    if (!condition)
-        throw DemoFailure(words);
-}
 
 QString IdentityNumber(const DemoEmployee& person, int n) {
     constexpr QStringView kCheck = u"10X98765432";

@@ -11,7 +11,7 @@ namespace hotel {
 // Hired through the acts of personnel by the user of that department, ahead of the weeks that lie before
 // `opening`, one after the other. Needs a connected link to a server with the delivered and the demo data, whose
 // clock `setServerClock` moves; the workstation's is moved along and left standing. Throws DemoFailure (see
-// demo_guests.h) at the first step that doesn't come out as it should.
+// expect.h) at the first step that doesn't come out as it should.
 void BringInStaff(const QDateTime& opening,
                   const std::function<void(const QDateTime&)>& setServerClock);
 

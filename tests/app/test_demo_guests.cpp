@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/demo/demo_guests.h"
+#include "app/demo/expect.h"
 #include "app/demo/weeks.h"
 #include "house/common/paths.h"
 #include "house/folios/folio.h"
