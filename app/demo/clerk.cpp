@@ -173,6 +173,8 @@ EnteredPosting Clerk::postTyped(const QString& folio, PostingKind kind, const Ty
     if (const auto objection = CheckPosting(kind, values))
         throw DemoFailure(objection->notice.title + u"："_s + objection->notice.words);
     const QString record = BuildPostingRecord(kind, values, Clock::Now());
+    if (onPosting)
+        onPosting(folio, kind, record);
     const Posted posted = SaveBills(folio, kind, record);
     Expect(posted.status == 0, u"费用没有保存："_s + folio);
     SaveLogRec(entry.log.added.toString(), PostingDetail(folio, record));

@@ -44,6 +44,9 @@ public:
     Clerk(QDate openingDay, std::function<void(int seconds)> goOn)
         : openingDay_(openingDay), goOn_(std::move(goOn)) {}
 
+    // Told of each posting ahead of its writing.
+    std::function<void(const QString& folio, PostingKind kind, const QString& record)> onPosting;
+
     ArrivedParty checkIn(const DemoParty& party);
     void setStatus(const DemoStatusChange& change);
     void auditNight();

@@ -8,6 +8,7 @@
 #include "app/demo/consumption.h"
 #include "app/demo/expect.h"
 #include "app/demo/parties.h"
+#include "app/demo/users.h"
 #include "app/demo/weeks.h"
 #include "house/rooms/room_record.h"
 #include "link/Wck_comm.h"
@@ -20,20 +21,6 @@ namespace hotel {
 
 namespace {
 
-struct Employee {
-    QString login;
-    QString password;
-};
-const Employee kDayClerk = {u"QIANTAI"_s, u"111111"_s};
-const Employee kNightClerk = {u"LIBAN"_s, u"222222"_s};
-const Employee kHousekeeper = {u"KEFANG"_s, u"333333"_s};
-const Employee kEngineer = {u"GONGCHENG"_s, u"121212"_s};
-const Employee kNightAuditor = {u"YESHEN"_s, u"555555"_s};
-const Employee kCashier = {u"SHOUYIN"_s, u"444444"_s};
-const Employee kExchange = {u"ZONGJI"_s, u"888888"_s};
-const Employee kSales = {u"XIAOSHOU"_s, u"777777"_s};
-const Employee kOutlet = {u"CANYIN"_s, u"999999"_s};
-
 // How long a clerk takes, in seconds.
 constexpr int kToLogIn = 12;
 constexpr int kToLeave = 30;
@@ -43,7 +30,7 @@ const QTime kTimeOfAudit(2, 30);
 const QTime kTimeOfReports(23, 40);
 const QTime kTimeOfSales(8, 0);
 
-const Employee& OnDuty(Shift shift, QTime time) {
+const DemoUser& OnDuty(Shift shift, QTime time) {
     switch (shift) {
     case Shift::Housekeeping:
         return kHousekeeper;
@@ -55,12 +42,12 @@ const Employee& OnDuty(Shift shift, QTime time) {
     return time.hour() >= 7 && time.hour() < 19 ? kDayClerk : kNightClerk;
 }
 
-const Employee& PostsThe(PostingKind kind) {
+const DemoUser& PostsThe(PostingKind kind) {
     switch (kind) {
     case kFoodPosting:
         return kOutlet;
     case kTelephonePosting:
-        return kExchange;
+        return kExchangeOperator;
     case kServicePosting:
         return kHousekeeper;
     default:
@@ -83,7 +70,7 @@ public:
     Desk& operator=(const Desk&) = delete;
 
     // At the moment, or as soon as the one before has done; logged in is who isn't yet.
-    void sitDown(const Employee& employee, const QDateTime& moment);
+    void sitDown(const DemoUser& user, const QDateTime& moment);
     void leave();
 
     // Of who is logged in.
@@ -107,9 +94,9 @@ void Desk::moveTo(const QDateTime& moment) {
     Clock::Freeze(moment);
 }
 
-void Desk::sitDown(const Employee& employee, const QDateTime& moment) {
+void Desk::sitDown(const DemoUser& user, const QDateTime& moment) {
     moveTo(now_.isValid() ? std::max(now_, moment) : moment);
-    at_ = &workstations_[employee.login];
+    at_ = &workstations_[user.login.toString()];
     SetLink(&at_->link);
     CurrentSession() = at_->session;
     if (!at_->session.userId.isEmpty())
@@ -118,9 +105,9 @@ void Desk::sitDown(const Employee& employee, const QDateTime& moment) {
         at_->link.ProdID = given_->ProdID;
         at_->link.ConnectServer(given_->IPaddr, given_->Port);
     }
-    Expect(CheckLogin(employee.login, employee.password) == LoginResult::LoggedIn,
-           employee.login + u" 不能登录"_s);
-    BeginSession(employee.login);
+    Expect(CheckLogin(user.login.toString(), user.password.toString()) == LoginResult::LoggedIn,
+           user.login + u" 不能登录"_s);
+    BeginSession(user.login.toString());
     at_->session = CurrentSession();
     goOn(kToLogIn);
 }
@@ -133,7 +120,7 @@ void Desk::leave() {
 
 struct Event {
     QDateTime at;
-    Employee by;
+    DemoUser by;
     std::function<void(Desk&)> happens;
 };
 
@@ -141,12 +128,13 @@ class Events {
 public:
     explicit Events(const QDateTime& opening) : opening_(opening) {}
 
-    void add(const QDateTime& at, const Employee& by, std::function<void(Desk&)> happens) {
+    void add(const QDateTime& at, const DemoUser& by, std::function<void(Desk&)> happens) {
         events_.append({at, by, std::move(happens)});
     }
     void add(const QList<DemoParty>& parties) {
         for (const DemoParty& party : parties)
-            add(party.arrives, Shift::FrontDesk, [&party](Desk& desk) { desk.clerk().checkIn(party); });
+            add(party.arrives, Shift::FrontDesk,
+                [&party](Desk& desk) { desk.clerk().checkIn(party); });
     }
     void add(const QList<DemoStatusChange>& changes) {
         for (const DemoStatusChange& change : changes)
@@ -199,7 +187,7 @@ QList<bool> LastOfTheDay(const QList<Event>& events) {
     QList<bool> last(events.size());
     std::set<std::pair<QString, QDate>> seen;
     for (qsizetype i = events.size() - 1; i >= 0; --i)
-        last[i] = seen.emplace(events[i].by.login, events[i].at.date()).second;
+        last[i] = seen.emplace(events[i].by.login.toString(), events[i].at.date()).second;
     return last;
 }
 

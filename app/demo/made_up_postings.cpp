@@ -10,7 +10,7 @@ QList<DemoPosting> PostingMaker::of(const DemoStay& stay) {
     for (QDate day = stay.arrives.date(); day < stay.leaves.date(); day = day.addDays(1)) {
         for (qsizetype room = 0; room < stay.party.rooms.size(); ++room) {
             while (dice_.chance(chance))
-                postTo(stay, int(room), day);
+                made_.append(one(stay, int(room), mealtime(stay, day)));
         }
         if (stay.isSentBy(Sends::TourGroups))
             dinnerFor(stay, day);
@@ -29,16 +29,17 @@ QDateTime PostingMaker::mealtime(const DemoStay& stay, QDate day) {
     return std::max(evening, settled);
 }
 
-void PostingMaker::postTo(const DemoStay& stay, int room, QDate day) {
+DemoPosting PostingMaker::one(const DemoStay& stay, int room, const QDateTime& at) {
     const DemoArticle& article =
         dice_.weigh(DemoArticles(), [](const DemoArticle& entry) { return entry.weight; });
     const int number = dice_.between(1, article.most);
     const int price = dice_.between(article.leastYuan, article.mostYuan);
-    post(stay, room, mealtime(stay, day), article, number, price);
+    return posting(stay, room, at, article, number, price);
 }
 
-void PostingMaker::post(const DemoStay& stay, int room, const QDateTime& at,
-                        const DemoArticle& article, int number, int price, QStringView note) {
+DemoPosting PostingMaker::posting(const DemoStay& stay, int room, const QDateTime& at,
+                                  const DemoArticle& article, int number, int price,
+                                  QStringView note) {
     QList<std::pair<QStringView, QStringView>> fields;
     const QStringView pieces = words_.keep(QString::number(number));
     const QStringView amount = words_.yuan(number * price);
@@ -72,15 +73,19 @@ void PostingMaker::post(const DemoStay& stay, int room, const QDateTime& at,
         break;
     }
     const bool mistaken = article.kind == kFoodPosting && dice_.chance(3);
-    made_.append({words_.moment(at, openingDay_), stay.party.rooms[room].number, article.kind,
-                  fields, stay.party.rooms[room].guests.first().name,
-                  mistaken ? words_.yuan(number * price * 10) : QStringView()});
+    return {words_.moment(at, openingDay_),
+            stay.party.rooms[room].number,
+            article.kind,
+            fields,
+            stay.party.rooms[room].guests.first().name,
+            mistaken ? words_.yuan(number * price * 10) : QStringView()};
 }
 
 void PostingMaker::dinnerFor(const DemoStay& stay, QDate day) {
     const int tables = int(stay.party.rooms.size() * 2 + 7) / 8;
-    post(stay, 0, mealtime(stay, day), {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0},
-         tables, 10 * dice_.between(58, 98), u"团餐");
+    const QDateTime at = mealtime(stay, day);
+    made_.append(posting(stay, 0, at, {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0}, tables,
+                         10 * dice_.between(58, 98), u"团餐"));
 }
 
 // A long stay pays in between.

@@ -17,11 +17,13 @@ public:
 
     QList<DemoPosting> of(const DemoStay& stay);
 
+    // Something that is put on one room of the party.
+    DemoPosting one(const DemoStay& stay, int room, const QDateTime& at);
+
 private:
     QDateTime mealtime(const DemoStay& stay, QDate day);
-    void postTo(const DemoStay& stay, int room, QDate day);
-    void post(const DemoStay& stay, int room, const QDateTime& at, const DemoArticle& article,
-              int number, int price, QStringView note = {});
+    DemoPosting posting(const DemoStay& stay, int room, const QDateTime& at,
+                        const DemoArticle& article, int number, int price, QStringView note = {});
     void dinnerFor(const DemoStay& stay, QDate day);
     void payMore(const DemoStay& stay);
 

@@ -10,6 +10,7 @@
 #include "app/demo/expect.h"
 #include "app/demo/making.h"
 #include "app/demo/planned.h"
+#include "app/demo/users.h"
 #include "app/demo/vocabulary.h"
 #include "cashier/receivables.h"
 #include "house/common/paths.h"
@@ -32,15 +33,14 @@ namespace hotel {
 namespace {
 
 struct Planner {
-    QString login;
-    QString password;
+    DemoUser user;
     QString name;
 };
-const Planner kDesk = {u"QIANTAI"_s, u"111111"_s, u"林晓燕"_s};
-const Planner kNightDesk = {u"LIBAN"_s, u"222222"_s, u"陈志远"_s};
-const Planner kHousekeeping = {u"KEFANG"_s, u"333333"_s, u"周桂兰"_s};
-const Planner kEngineering = {u"GONGCHENG"_s, u"121212"_s, u"马大勇"_s};
-const Planner kSales = {u"XIAOSHOU"_s, u"777777"_s, u"黄美玲"_s};
+const Planner kDesk = {kDayClerk, u"林晓燕"_s};
+const Planner kNightDesk = {kNightClerk, u"陈志远"_s};
+const Planner kHousekeeping = {kHousekeeper, u"周桂兰"_s};
+const Planner kEngineering = {kEngineer, u"马大勇"_s};
+const Planner kSalesOffice = {kSales, u"黄美玲"_s};
 
 constexpr int kToLogIn = 9; // seconds
 constexpr int kToTypeAPlan = 75;
@@ -58,6 +58,12 @@ QString With(QString record, Fields fields) {
     for (const auto& [tag, value] : fields)
         record = SetTag(record, tag, value);
     return record;
+}
+
+void LogIn(const DemoUser& user) {
+    const QString login = user.login.toString();
+    Expect(CheckLogin(login, user.password.toString()) == LoginResult::LoggedIn,
+           login + u" 不能登录"_s);
 }
 
 // A plan from its making on. Its number comes about when it is entered.
@@ -150,9 +156,8 @@ void Book::sitDown(const Planner& planner) {
     if (seated_)
         LogLeaving();
     seated_ = &planner;
-    Expect(CheckLogin(planner.login, planner.password) == LoginResult::LoggedIn,
-           planner.login + u" 不能登录"_s);
-    BeginSession(planner.login);
+    LogIn(planner.user);
+    BeginSession(planner.user.login.toString());
     moveTo(Clock::Now().addSecs(kToLogIn));
 }
 
@@ -210,7 +215,7 @@ public:
             if (dice_.chance(30))
                 cancelled(day);
             if (day.dayOfWeek() == Qt::Monday)
-                book_.tidy(ReservationPlans(), {day, QTime(9, 40)}, kSales);
+                book_.tidy(ReservationPlans(), {day, QTime(9, 40)}, kSalesOffice);
         }
         const CalendarReading reading = ReadCalendarSource();
         Expect(reading.source.has_value(), u"客房日历没有读到"_s);
@@ -230,7 +235,7 @@ private:
                dice_.pick(names.maleSecond);
     }
     // A group books by way of sales, anybody else where the telephone rings.
-    const Planner& taker(int rooms) { return rooms > 3 || dice_.chance(40) ? kSales : kDesk; }
+    const Planner& taker(int rooms) { return rooms > 3 || dice_.chance(40) ? kSalesOffice : kDesk; }
 
     // Whoever came with a group, and some of the others, had booked.
     void bookedAhead(const Arrival& arrival) {
@@ -272,7 +277,7 @@ private:
 
     // What has come to its end gets its word where the tidying looks for it; the price goes to the remark.
     void ends(const std::shared_ptr<Plan>& plan, const QDateTime& moment, const QString& word) {
-        book_.change(plan, moment, kSales, [word](QString record) {
+        book_.change(plan, moment, kSalesOffice, [word](QString record) {
             const QString price = GetTag(record, kPrice);
             return With(record, {{reservation::kState, word},
                                  {kPrice, word},
@@ -423,7 +428,7 @@ void PlanReceivables(Book& book, const DemoOpening& opening) {
     const QDate today = opening.at.date();
     for (const DemoReceivable& due : DemoReceivables()) {
         const QDateTime made(today.addDays(-due.madeAgo), QTime(16, 20).addSecs(due.madeAgo * 47));
-        const auto plan = book.enter(ReceivablePlans(), made, kSales,
+        const auto plan = book.enter(ReceivablePlans(), made, kSalesOffice,
                                      With({}, {{u"金额", due.amount.toString()},
                                                {u"目前状态", due.state.toString()},
                                                {u"收款原因", due.reason.toString()},
@@ -433,14 +438,14 @@ void PlanReceivables(Book& book, const DemoOpening& opening) {
         if (due.outcome.isEmpty())
             continue;
         const QDateTime collected = made.addDays(due.paidAfter).addSecs(-3000);
-        book.change(plan, collected, kSales, [&due, collected](QString record) {
+        book.change(plan, collected, kSalesOffice, [&due, collected](QString record) {
             return With(record, {{u"收款结果", due.outcome.toString()},
                                  {u"收款日期", Iso(collected.date())}});
         });
     }
     for (QDate day = today.addDays(-opening.days); day < today; day = day.addDays(1)) {
         if (day.dayOfWeek() == Qt::Monday)
-            book.tidy(ReceivablePlans(), {day, QTime(10, 30)}, kSales);
+            book.tidy(ReceivablePlans(), {day, QTime(10, 30)}, kSalesOffice);
     }
 }
 
@@ -448,8 +453,7 @@ void PlanReceivables(Book& book, const DemoOpening& opening) {
 
 void KeepPlans(const DemoOpening& opening) {
     Clock::Freeze(opening.at);
-    Expect(CheckLogin(kSales.login, kSales.password) == LoginResult::LoggedIn,
-           kSales.login + u" 不能登录"_s);
+    LogIn(kSales);
     Book book(opening);
     Reservations(book, opening).plan();
     Repairs(book, opening).plan();

@@ -7,6 +7,7 @@
 
 #include "app/demo/demo_guests.h"
 #include "app/demo/expect.h"
+#include "app/demo/users.h"
 #include "personnel/attendance/day_absences.h"
 #include "personnel/attendance/day_check.h"
 #include "personnel/attendance/day_load.h"
@@ -158,7 +159,7 @@ public:
     void moveTo(const QDateTime& moment);
 
 private:
-    void logIn(const QString& user, const QString& password, const QDateTime& moment);
+    void logIn(const DemoUser& user, const QDateTime& moment);
     void giveReasons(AttendanceDay& day);
 
     std::function<void(const QDateTime&)> setServerClock_;
@@ -172,24 +173,25 @@ void PunchingDesk::moveTo(const QDateTime& moment) {
     Clock::Freeze(moment);
 }
 
-void PunchingDesk::logIn(const QString& user, const QString& password, const QDateTime& moment) {
-    if (user_ == user)
+void PunchingDesk::logIn(const DemoUser& user, const QDateTime& moment) {
+    if (user_ == user.login)
         return moveTo(moment);
     moveTo(moment.addSecs(-kToLogIn));
-    user_ = user;
-    Expect(CheckLogin(user, password) == LoginResult::LoggedIn, user + u" 不能登录"_s);
-    BeginSession(user);
+    user_ = user.login.toString();
+    Expect(CheckLogin(user_, user.password.toString()) == LoginResult::LoggedIn,
+           user_ + u" 不能登录"_s);
+    BeginSession(user_);
     moveTo(moment);
 }
 
 // Read by who may: ahead of all that happens.
 QList<Worker> PunchingDesk::staff(QDate first) {
-    logIn(u"RENSHI"_s, u"123456"_s, QDateTime(first, kBeforeAll));
+    logIn(kPersonnel, QDateTime(first, kBeforeAll));
     return Staff();
 }
 
 void PunchingDesk::punch(const DemoPunch& punch) {
-    logIn(u"KAOQIN"_s, u"135790"_s, punch.at);
+    logIn(kPunchingDesk, punch.at);
     PreparedPunch prepared = PreparePunch(directory_, punch.number);
     prepared.operatorName = CurrentSession().userName;
     prepared.place = CurrentSession().userName;
@@ -220,7 +222,7 @@ void PunchingDesk::giveReasons(AttendanceDay& day) {
 }
 
 void PunchingDesk::analyse(QDate date) {
-    logIn(u"RENSHI"_s, u"123456"_s, QDateTime(date.addDays(1), kMorningOfAnalysis));
+    logIn(kPersonnel, QDateTime(date.addDays(1), kMorningOfAnalysis));
     AttendanceDay day;
     day.date = date;
     Expect(LoadKqsdQd(day) && LoadPunches(day), date.toString() + u" 考勤读取失败"_s);

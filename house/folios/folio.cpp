@@ -67,6 +67,16 @@ int AppendToLedger(QStringView folio, QStringView project, const QString& text) 
     return SaveRecord(file, project, number, record);
 }
 
+// `change` of the open record. A folio that isn't open has nothing to be changed; one that can't be read is left as it
+// is, and that is told.
+template<typename Change>
+int ChangeOpenFolio(QStringView folio, Change change) {
+    const RecordRead read = ReadToChange(OpenFolioFile(), folio_record::kProject, folio);
+    if (read.failed())
+        return kUnread;
+    return read.outcome == Reading::Absent ? 0 : change(read.value);
+}
+
 bool HoldsRoom(QStringView record) {
     FieldWalk field(record);
     for (int n = 0; n < kFolioCheckLimit && field.next(); ++n) {
@@ -114,32 +124,29 @@ int UpdateJzhByRmRec(const QString& stayRecord) {
 }
 
 int DelRmFromJzh(QStringView folio, QStringView room) {
-    const auto record = FindOpenFolio(folio);
-    if (!record)
-        return 0;
-    return SaveJzhLsRec(folio, *record) + SaveOpenFolio(folio, SetTag(*record, room, {}));
+    return ChangeOpenFolio(folio, [&](const QString& record) {
+        return SaveJzhLsRec(folio, record) + SaveOpenFolio(folio, SetTag(record, room, {}));
+    });
 }
 
 int DelKrFromJzh(QStringView folio, QStringView room, int bed) {
-    const auto record = FindOpenFolio(folio);
-    if (!record)
-        return 0;
-    const QString beds = GetTag(*record, room);
-    const bool isEntered = !GetTag(beds, BedTag(bed)).isEmpty();
-    const QString left = isEntered ? SetTag(beds, BedTag(bed), {}) : QString();
-    return SaveJzhLsRec(folio, *record) + SaveOpenFolio(folio, SetTag(*record, room, left));
+    return ChangeOpenFolio(folio, [&](const QString& record) {
+        const QString beds = GetTag(record, room);
+        const bool isEntered = !GetTag(beds, BedTag(bed)).isEmpty();
+        const QString left = isEntered ? SetTag(beds, BedTag(bed), {}) : QString();
+        return SaveJzhLsRec(folio, record) + SaveOpenFolio(folio, SetTag(record, room, left));
+    });
 }
 
 int DelJzh(QStringView folio) {
-    const auto record = FindOpenFolio(folio);
-    if (!record)
-        return 0;
-    int result = SaveJzhLsRec(folio, *record);
-    result += DeleteRecord(OpenFolioFile(), folio_record::kProject, folio);
-    const QString file = RetiredFolioFile(Clock::Today());
-    EnsureProject(file, folio_record::kProject);
-    const QString number = NextNumberInProject(file, folio_record::kProject);
-    return result + SaveRecord(file, folio_record::kProject, number, *record);
+    return ChangeOpenFolio(folio, [&](const QString& record) {
+        int result = SaveJzhLsRec(folio, record);
+        result += DeleteRecord(OpenFolioFile(), folio_record::kProject, folio);
+        const QString file = RetiredFolioFile(Clock::Today());
+        EnsureProject(file, folio_record::kProject);
+        const QString number = NextNumberInProject(file, folio_record::kProject);
+        return result + SaveRecord(file, folio_record::kProject, number, record);
+    });
 }
 
 bool Jzhjc(const WalkProgress& progress) {

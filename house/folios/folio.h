@@ -19,7 +19,8 @@
 //
 // A folio without rooms is dead and is retired: its record moves to the retired-folio file of the day.
 //
-// A folio that is not there counts as an empty record throughout, one that can't be read is left as it is.
+// A folio that is not there counts as an empty record throughout; one that can't be read is left as it is, and the
+// status says so.
 // Every write is tried twice, and a status is the sum of the writes' results: 0 when all are done. There is
 // no lock.
 

@@ -91,9 +91,11 @@ bool ChangeRoom(QStringView room, Change change) {
     return read.outcome == Reading::Present && SetKfjbxx(room, change(read.value)) == 0;
 }
 
-bool OccupyNewRoom(const QString& room, QStringView status, qsizetype moving) {
+// `wasTaken`: the new guests join those who are in the room.
+bool OccupyNewRoom(const QString& room, QStringView status, qsizetype moving, bool& wasTaken) {
     return ChangeRoom(room, [&](const QString& record) {
         const qint64 present = qint64(LeadingNumber(GetTag(record, room_record::kGuests)));
+        wasTaken = present > 0;
         const QString counted =
             SetTag(record, room_record::kGuests, FormatNumber(present + moving, u"#0"));
         return SetTag(counted, room_record::kStatus, status);
@@ -106,9 +108,10 @@ bool LeaveOldRoom(const QString& room, QStringView status) {
     });
 }
 
-// The new room's guests with those who move in its free beds. Nothing when who is in the room can't be read.
-std::optional<QString> WithMoved(const QString& room, const QStringList& moving) {
-    const RecordRead present = FindKfrzxx(room);
+// The new room's guests with those who move in its free beds. Nothing when who is in the room can't be read. A room that
+// counts no guests has nobody to join, whoever moved out of it and stands in its file still.
+std::optional<QString> WithMoved(const QString& room, bool wasTaken, const QStringList& moving) {
+    const RecordRead present = wasTaken ? FindKfrzxx(room) : RecordRead{Reading::Absent, {}};
     const RecordRead record = FindKfjbxx(room);
     if (present.failed() || record.failed())
         return {};
@@ -181,12 +184,13 @@ RoomChangeOutcome ConfirmRoomChange(const RoomChange& change, QStringView workin
 
     const QStringList moving = MovingGuests(guests);
     const QString status = GetTag(GetTag(guests, GuestTag(1)), kStatus);
-    if (!OccupyNewRoom(change.newRoom, status, moving.size()) ||
+    bool wasTaken = false;
+    if (!OccupyNewRoom(change.newRoom, status, moving.size(), wasTaken) ||
         !LeaveOldRoom(change.oldRoom, change.statusAfter)) {
         outcome.notice = RoomNotSaved();
         return outcome;
     }
-    const auto newGuests = WithMoved(change.newRoom, moving);
+    const auto newGuests = WithMoved(change.newRoom, wasTaken, moving);
     if (!newGuests || SaveRmRec(change.newRoom, *newGuests) != 0) {
         outcome.notice = GuestsNotSaved(change.newRoom);
         return outcome;

@@ -55,6 +55,9 @@ struct RoomChangeOutcome {
 // Guests who aren't valid don't move. The old room keeps its guests in its file: the next check-in overwrites them.
 // 住客数 of the new room is what stands there and those who move, whatever its status; each of them takes the first
 // free bed, and who finds none is counted all the same.
+//
+// A room that counts nobody is moved into as an empty one. Guests who moved out of it before may still stand in its file:
+// they would take beds, be entered in their folios again and leave with the others.
 RoomChangeOutcome ConfirmRoomChange(const RoomChange& change, QStringView workingSet);
 
 } // namespace hotel
