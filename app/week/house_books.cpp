@@ -72,9 +72,7 @@ Money Amount(QStringView record, QStringView tag) {
     return Money::FromText(GetTag(record, tag));
 }
 
-bool IsTold(const DeskAct* act) {
-    return act->result == ActResult::Told;
-}
+const QString kRoomPlace = Place(place::kRoom);
 
 bool IsAt(const DeskAct& act, const QString& place) {
     return std::ranges::any_of(act.places,
@@ -91,7 +89,7 @@ public:
         checkRooms();
         checkFolios();
         checkPostings();
-        checkBalances();
+        checkBalances(acts);
         checkLists(acts);
         return found_;
     }
@@ -135,7 +133,10 @@ private:
                            folios_.insert(GetTag(guest, guest_text::kFolio));
                        });
             EachRecord(ReadWhole(DepartureFile(day.toString(Qt::ISODate)), departures::kProject),
-                       [&](const QString&, const QString& guest) { ++stayOf(guest).departed; });
+                       [&](const QString&, const QString& guest) {
+                           ++stayOf(guest).departed;
+                           folios_.insert(GetTag(guest, guest_text::kFolio));
+                       });
         });
         const QString house = ReadWhole(RoomDatabaseFile(), room_record::kProject);
         EachRecord(house, [&](const QString& number, const QString& record) {
@@ -244,16 +245,6 @@ private:
             const QString project = PostingProject(kind);
             QMap<QString, Booked> booked;
             QHash<QString, QString> folioOf;
-            for (const QString& folio : std::as_const(folios_)) {
-                EachRecord(ReadWhole(LedgerFile(folio), project),
-                           [&](const QString&, const QString& record) {
-                               const QString item = PostingItem(project, folio, record);
-                               ++booked[item].ledger;
-                               booked[item].day =
-                                   QDate::fromString(GetTag(record, posting::kDate), Qt::ISODate);
-                               folioOf[item] = folio;
-                           });
-            }
             eachDay([&](QDate day) {
                 EachRecord(ReadWhole(JournalFile(project, day), project),
                            [&](const QString&, const QString& record) {
@@ -267,23 +258,38 @@ private:
                                booked[item].journal += isBack ? -1 : 1;
                                booked[item].day = day;
                                folioOf[item] = folio;
+                               folios_.insert(folio); // of which nothing else may tell any more
                            });
             });
+            for (const QString& folio : std::as_const(folios_)) {
+                EachRecord(ReadWhole(LedgerFile(folio), project),
+                           [&](const QString&, const QString& record) {
+                               const QString item = PostingItem(project, folio, record);
+                               ++booked[item].ledger;
+                               booked[item].day =
+                                   QDate::fromString(GetTag(record, posting::kDate), Qt::ISODate);
+                               folioOf[item] = folio;
+                           });
+            }
             for (auto entry = booked.cbegin(); entry != booked.cend(); ++entry) {
-                if (entry->ledger != entry->journal)
-                    differs(u"%1: %2 in the ledger, %3 in the journal"_s.arg(entry.key())
-                                .arg(entry->ledger)
-                                .arg(entry->journal),
-                            {entry.key(), SettledItem(folioOf[entry.key()]),
-                             AuditedItem(kind == kRoomPosting ? entry->day : QDate())},
-                            {Place(place::kLedger, folioOf[entry.key()]),
-                             JournalPlace(project, entry->day)});
+                if (entry->ledger == entry->journal)
+                    continue;
+                const QString folio = folioOf[entry.key()];
+                QStringList places = {Place(place::kLedger, folio)};
+                // What is taken back is so in the journal of another day.
+                eachDay([&](QDate day) { places.append(JournalPlace(project, day)); });
+                differs(u"%1: %2 in the ledger, %3 in the journal"_s.arg(entry.key())
+                            .arg(entry->ledger)
+                            .arg(entry->journal),
+                        {entry.key(), SettledItem(folio),
+                         AuditedItem(kind == kRoomPosting ? entry->day : QDate())},
+                        places);
             }
         }
     }
 
-    // Who has left owes nothing.
-    void checkBalances() {
+    // Who has left owes nothing. A posting is for whoever is found in a room.
+    void checkBalances(const QList<DeskAct>& acts) {
         for (const QString& folio : std::as_const(folios_)) {
             if (open_.contains(folio))
                 continue;
@@ -296,11 +302,16 @@ private:
                            signedFor += Amount(record, posting::kAmount);
                        });
             const Money paid = totals->received + signedFor;
-            if (paid != totals->charges)
-                differs(u"folio %1 is closed: paid %2, charged %3"_s.arg(folio, paid.text(),
-                                                                         totals->charges.text()),
-                        {SettledItem(folio), PartyItem(folio)},
-                        {Place(place::kLedger, folio), Place(place::kFolio, folio)});
+            if (paid == totals->charges)
+                continue;
+            QStringList places = {Place(place::kLedger, folio), Place(place::kFolio, folio)};
+            for (const DeskAct& act : acts) {
+                if (act.places.contains(places[0]) || act.places.contains(places[1]))
+                    places += act.places.filter(Place(place::kRoom));
+            }
+            differs(u"folio %1 is closed: paid %2, charged %3"_s.arg(folio, paid.text(),
+                                                                     totals->charges.text()),
+                    {}, places);
         }
     }
 
@@ -366,41 +377,39 @@ QStringList BooksAudit::faultsAmong(const QList<Difference>& differences) {
     return faults;
 }
 
-// Empty where there is none. An act that stopped half done leaves its rooms so that whoever was there before seems to be
-// there again, or isn't seen any more.
+// Rooms are followed further than the difference tells: who was put into a room with others, or stands in one that he
+// has left, moves and leaves with them later.
 QString BooksAudit::reasonOf(const Difference& difference) const {
-    const auto isAtIts = [&](const DeskAct& act) {
-        return std::ranges::any_of(difference.places,
-                                   [&](const QString& place) { return IsAt(act, place); });
+    const auto isIts = [&](const DeskAct& act) {
+        return std::ranges::any_of(difference.items,
+                                   [&](const QString& item) { return act.items.contains(item); });
     };
     QList<const DeskAct*> suspects;
     for (const DeskAct& act : acts_) {
-        if (std::ranges::any_of(difference.items,
-                                [&](const QString& item) { return act.items.contains(item); }))
+        if (isIts(act))
             suspects.append(&act);
     }
-    if (suspects.isEmpty()) {
-        for (const DeskAct& act : acts_) {
-            if (isAtIts(act))
-                suspects.append(&act);
-        }
+    QStringList places = difference.places;
+    if (!places.filter(kRoomPlace).isEmpty()) {
+        for (const DeskAct* suspect : suspects)
+            places += suspect->places.filter(kRoomPlace);
     }
-    const bool isTold =
-        std::ranges::any_of(suspects, &IsTold) ||
-        std::ranges::any_of(acts_, [&](const DeskAct& act) {
-            return IsTold(&act) &&
-                   std::ranges::any_of(difference.places, [&](const QString& place) {
-                       return place.startsWith(Place(place::kRoom)) && IsAt(act, place);
-                   });
+    const bool isTraced = !suspects.isEmpty();
+    for (const DeskAct& act : acts_) {
+        const bool isAtIts = std::ranges::any_of(places, [&](const QString& place) {
+            return (!isTraced || place.startsWith(kRoomPlace)) && act.places.contains(place);
         });
-    if (isTold)
-        return kTold.toString();
+        if (act.result == ActResult::Told && (isAtIts || isIts(act)))
+            return kTold.toString();
+        if (!isTraced && isAtIts)
+            suspects.append(&act);
+    }
     for (const DeskAct* suspect : suspects) {
         for (const DeskAct& other : acts_) {
             if (other.desk == suspect->desk || !suspect->overlaps(other))
                 continue;
             for (const AcceptedRace& race : kAcceptedBetweenDesks) {
-                for (const QString& place : difference.places) {
+                for (const QString& place : places) {
                     if (place.startsWith(Place(race.place)) && IsAt(*suspect, place) &&
                         IsAt(other, place))
                         return race.name.toString();

@@ -323,6 +323,7 @@ void PlayedDesk::changeRoom() {
 
 void PlayedDesk::post() {
     const RoomEntry room = occupiedRoom();
+    touch(Place(place::kRoom, room.number));
     const QList<QString> guests = GuestsOf(GetKfrzxx(room.number));
     if (guests.isEmpty())
         throw NothingToDo();
