@@ -38,10 +38,6 @@ LivePage::LivePage(QWidget* parent)
     layout->addWidget(LjjfQd, 1);
 }
 
-QWidget* LivePage::firstLimit() const {
-    return form_->editor(u"XsFjh");
-}
-
 QDate LivePage::day() const {
     return QDate::fromString(form_->text(u"BillDate"), Qt::ISODate);
 }

@@ -18,7 +18,6 @@ public:
     explicit LivePage(QWidget* parent = nullptr);
 
     GridView* list() const { return LjjfQd; }
-    QWidget* firstLimit() const;
 
     // BillDate, the day whose file is looked at; not valid while nonsense stands in the box.
     QDate day() const;

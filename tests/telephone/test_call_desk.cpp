@@ -209,8 +209,9 @@ private Q_SLOTS:
         set("BillDate", u"2026-03-0"_s); // no day
         letTick();
         QCOMPARE(live()->table().dataRows(), 3);
-        OpenScreen(u"Accntfrm"); // once more: its list stays
+        OpenScreen(u"Accntfrm"); // once more: it goes on as it was
         QCOMPARE(live()->table().dataRows(), 3);
+        QCOMPARE(In<QLineEdit>(desk_, "BillDate")->text(), u"2026-03-0"_s);
     }
 
     void ratesOnlyWhatItHasReadTheTablesFor() {
@@ -221,6 +222,18 @@ private Q_SLOTS:
         serverIsBack();
         letTick();
         QCOMPARE(live()->table().dataRows(), 0);
+        key(Qt::Key_F4); // nor is a tariff that wasn't read written over
+        type("Ht", u"0999"_s);
+        type("Fllb", u"国内"_s);
+        type("Fl", u"1"_s);
+        key(Qt::Key_F6);
+        messages_->answerNext(u"yes"_s);
+        desk_->close();
+        QCOMPARE(told(), u"没有保存: 原有数据读取失败，为避免覆盖，没有保存！请稍候再试！"_s);
+        QVERIFY(desk_->isVisible());
+        QCOMPARE(ReadCallTables(BillingFiles()).prefixes.dataRows(), 294);
+        key(Qt::Key_F1);
+        messages_->answerNext(u"ok"_s);
         press("FreshCmd");
         TICK_COMPARE(liveColumn(u"总话费"), u"0.20"_s);
     }
@@ -352,6 +365,7 @@ private Q_SLOTS:
         messages_->answerNext(u"ok"_s);
         press("UsrDel");
         QCOMPARE(told(), u"请确认: 删除分机：6999？"_s);
+        QVERIFY(says(u"分机 6999 已删除"_s));
         QCOMPARE(In<GridView>(desk_, "UserList")->table().dataRows(), 123);
         type("Fjh", u"8202"_s);
         hotel_->stopServer();
@@ -417,6 +431,7 @@ private Q_SLOTS:
         QCOMPARE(In<QLineEdit>(desk_, "TeldbLj")->text(), u"Bill\\"_s);
         type("ConfigItem", u"codedispleng=5"_s);
         type("ConfigItem", u"COMPORT=7"_s);
+        QCOMPARE(told(), QString());
         type("ConfigItem", u"TABLEFILE=没有"_s);
         QCOMPARE(told(), u"注  意: 分机转换文件不存在!"_s);
         type("ConfigItem", u"COMPORT=2"_s);
@@ -604,7 +619,7 @@ private Q_SLOTS:
         QCOMPARE(liveColumn(u"使用者"), QString());
     }
 
-    // A tariff that the server doesn't take holds the desk open; without one it closes.
+    // A tariff that the server doesn't take holds the desk open, until it is stored or given up.
     void holdsATariffThatCannotBeStored() {
         open();
         key(Qt::Key_F4);
@@ -620,11 +635,23 @@ private Q_SLOTS:
         QVERIFY(desk_->isVisible());
         key(Qt::Key_F8);
         QCOMPARE(told(), u"数据库错误: 修改号码费率定义信息失败"_s);
+        serverIsBack();
+        messages_->answerNext(u"yes"_s);
+        desk_->close();
+        QVERIFY(!desk_->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        open();
+        auto* prefixes = In<GridView>(desk_, "FeeList");
+        QCOMPARE(prefixes->table().dataRows(), 295);
+        key(Qt::Key_F4);
+        prefixes->setCurrent(prefixes->table().find(0, u"0999"));
+        key(Qt::Key_F7);
         messages_->clear();
         messages_->answerNext(u"no"_s);
         desk_->close();
         QVERIFY(!desk_->isVisible());
         QCOMPARE(messages_->words(), QStringList(u"保存号码费率定义信息清单"_s));
+        QCOMPARE(ReadCallTables(BillingFiles()).prefixes.dataRows(), 295);
     }
 
     // The desk is closed between two calls: the next one goes on with those that wait.
