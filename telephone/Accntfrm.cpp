@@ -245,7 +245,7 @@ void Accntfrm::showRated(const QString& name, const QString& record) {
 
 void Accntfrm::showRound(const RoundOutcome& round) {
     if (round.rated > 0)
-        live_->list()->autoFit();
+        live_->showEnd();
     if (round.failure)
         MsgBox(round.failure->words, round.failure->title);
     if (!round.problem.isEmpty())
@@ -303,7 +303,7 @@ void Accntfrm::CmdSearch_Click() {
 
 void Accntfrm::UsrAdd_Click() {
     const QStringList cells = extensions_->cells();
-    const QString number = cells.first();
+    const QString& number = cells.first();
     // As they stand by now: another desk may keep them, too.
     ReadExtensions(files_, tables_);
     if (tables_.extensionsUnread)

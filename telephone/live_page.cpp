@@ -67,6 +67,10 @@ void LivePage::append(const QString& name, const QString& record, int digits) {
     number = number.left(digits);
     table.addRow(cells);
     LjjfQd->rowsAdded();
+}
+
+void LivePage::showEnd() {
+    LjjfQd->autoFit();
     LjjfQd->scrollToBottom();
 }
 

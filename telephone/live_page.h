@@ -28,8 +28,10 @@ public:
     bool isBeeping() const; // BeepOff is off
 
     CallLimits limits() const;
-    // Appends a call, so many digits of its number at most, and shows it.
+    // Appends a call, so many digits of its number at most.
     void append(const QString& name, const QString& record, int digits);
+    // Behind a round: the list at its end, its columns as wide as it takes.
+    void showEnd();
     void clear();
 
     void setCommands(QWidget* commands);

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include "record/conditions.h"
 #include "record/literals.h"
 #include "record/record_text.h"
+#include "screen/check_list.h"
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
@@ -328,6 +330,12 @@ private Q_SLOTS:
         QCOMPARE(list->Grd().dataRows(), 4);
         list->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* classes = In<CheckList>(desk_, "CxLb");
+        classes->setTicks({false, false, false, false, true, false, false}); // abroad only
+        press("CxTjCmd");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(says(u"查到0条信息"_s) && !FindScreen(u"CmnGrd"));
+        classes->setTicks({true, true, true, true, true, true, true});
         type("CxFjh", u"9999"_s);
         press("CxTjCmd");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -669,6 +677,9 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         open();
         TICK_COMPARE(live()->table().dataRows(), kMany - first);
+        QCoreApplication::processEvents(); // the new rows are laid out
+        QVERIFY(live()->verticalScrollBar()->maximum() > 0);
+        QCOMPARE(live()->verticalScrollBar()->value(), live()->verticalScrollBar()->maximum());
         QCOMPARE(marks(kToday, kMany).count(u"计费处理"_s), kMany);
         letTick();
         QCOMPARE(loudspeaker_.plays, kMany); // each was rated once
