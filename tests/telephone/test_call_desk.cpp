@@ -202,6 +202,7 @@ private Q_SLOTS:
         QCOMPARE(loudspeaker_.plays, 1);
         Waiting(kToday, u"2"_s, u"8202"_s, u"114"_s, 10);
         TICK_COMPARE(liveColumn(u"记录号"), u"1 1 2"_s);
+        QVERIFY(says(u"已计费 3 条话单"_s));
         QCOMPARE(GetTag(hotel_->stored(kToday, kCalls, u"2"_s), u"标志"), u"计费处理"_s);
         showPage(1); // another page: calls wait
         Waiting(kToday, u"3"_s, u"8202"_s, u"114"_s, 10);
@@ -511,6 +512,7 @@ private Q_SLOTS:
         key(Qt::Key_F4);
         QCOMPARE(focus()->objectName(), u"Ht"_s);
         QVERIFY(IsToTheRight(prefixes, u"费率") && !IsToTheRight(prefixes, u"通话地区"));
+        QVERIFY(IsToTheRight(In<GridView>(desk_, "FeePara"), u"参数值"));
         key(Qt::Key_F6);
         QCOMPARE(told(), u"请检查: 号头只能由数字、*和#组成！"_s);
         key(Qt::Key_F7);
@@ -703,6 +705,21 @@ private Q_SLOTS:
         TICK_COMPARE(live()->table().dataRows(), 6);
         QCOMPARE(loudspeaker_.plays, 6);
         TICK_COMPARE(In<QLineEdit>(desk_, "BillDate")->text(), u"2026-03-05"_s);
+    }
+
+    // A day that the clerk chooses while a round goes on isn't passed over.
+    void leavesTheDayToTheClerk() {
+        Waiting(kYesterday, u"1"_s, u"8201"_s, u"114"_s, 10);
+        open();
+        letTick();
+        set("BillDate", u"2026-03-04"_s);
+        connect(live()->model(), &QAbstractItemModel::rowsInserted, desk_,
+                [this] { set("BillDate", u"2026-03-02"_s); });
+        letTick();
+        QCOMPARE(live()->table().dataRows(), 1);
+        QCOMPARE(In<QLineEdit>(desk_, "BillDate")->text(), u"2026-03-02"_s);
+        letTick();
+        QCOMPARE(In<QLineEdit>(desk_, "BillDate")->text(), u"2026-03-03"_s);
     }
 
     void searchesByAForm() {
