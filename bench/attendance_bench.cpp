@@ -1,6 +1,7 @@
 // Attendance by the side of the bare commands that it is made of, against a server in the same program.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "house/common/paths.h"
 #include "house/rooms/working_days.h"
@@ -16,8 +17,6 @@
 #include "record/literals.h"
 #include "session/operation_log.h"
 #include "tests/test_hotel.h"
-
-#include <QApplication>
 
 using namespace hotel;
 using namespace hotel::bench;
@@ -209,9 +208,7 @@ double SummedDays(int days, int people, bool told) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     APunch();
     const double few = AnalysedDay(60, false);
     PrintRatio("analysed_person_of_300_by_60", AnalysedDay(300, true) / few, 1.3);

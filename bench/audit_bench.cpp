@@ -2,6 +2,7 @@
 // and how long its window lets a key wait meanwhile.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "cashier/YstjFrm.h"
 #include "house/common/paths.h"
@@ -16,7 +17,6 @@
 #include "screen/open_screen.h"
 #include "tests/test_hotel.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
@@ -161,9 +161,7 @@ void LongestWaitForAKey(int rooms) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     LongestWaitForAKey(1000);
     Audit<15>("audit_of_100_rooms", 100);
     Audit<5>("audit_of_1000_rooms", 1000);

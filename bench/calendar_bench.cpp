@@ -1,8 +1,8 @@
 // The calendar of a house of 300 rooms over 35 days, with 2000 reservations.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
-#include <QApplication>
 #include <QScrollBar>
 
 #include "frontoffice/house_calendar_view.h"
@@ -75,9 +75,7 @@ int ScrollAndPaint(View& view) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     ApplyTheme(application);
     const CalendarSource source = House();
     const auto reckon = [&source] {

@@ -1,6 +1,7 @@
 // The cashier's screens by the side of the bare commands that they need, against a server in the same program.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "cashier/FyxxFrm.h"
 #include "house/common/paths.h"
@@ -11,7 +12,6 @@
 #include "screen/open_screen.h"
 #include "tests/test_hotel.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -97,9 +97,7 @@ void Adding() {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     Opening();
     Adding();
 }

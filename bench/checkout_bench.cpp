@@ -1,6 +1,7 @@
 // Check-out by the side of the bare commands that it is made of, against a server in the same program.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "cashier/check_out.h"
 #include "house/common/paths.h"
@@ -13,8 +14,6 @@
 #include "record/record_text.h"
 #include "tests/house/cut_line.h"
 #include "tests/test_hotel.h"
-
-#include <QApplication>
 
 using namespace hotel;
 using namespace hotel::bench;
@@ -195,7 +194,7 @@ void CheckOutOf(const char* name, int rooms) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     CheckOutOf("check_out_of_1_room", 1);
     CheckOutOf("check_out_of_40_rooms", 40);
     const int one = RoundTrips(1);

@@ -1,8 +1,8 @@
 // A list of 30000 rows by 20 columns on the screen, by the side of a short one.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
-#include <QApplication>
 #include <QScrollBar>
 
 #include "record/literals.h"
@@ -78,9 +78,7 @@ double PrintMilliseconds(const char* name, Work&& work) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     ApplyTheme(application);
     ShownGrid grid(kRows);
     ShownGrid shortGrid(kShortRows);

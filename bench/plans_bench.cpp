@@ -1,8 +1,7 @@
 // A list of 20000 plans: opened, sorted.
 
 #include "bench/ratio.h"
-
-#include <QApplication>
+#include "bench/screenless.h"
 
 #include "frontoffice/frmWX.h"
 #include "house/stays/repairs.h"
@@ -37,9 +36,7 @@ void FillPlans() {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     ApplyTheme(application);
     const TestHotel hotel;
     FillPlans();

@@ -2,8 +2,8 @@
 // bare look at its bytes.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QTemporaryDir>
@@ -59,9 +59,7 @@ int CountLines(const QByteArray& text) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     ApplyTheme(application);
     QTemporaryDir folder;
     QDir::setCurrent(folder.path());

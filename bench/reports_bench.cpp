@@ -2,6 +2,7 @@
 // how long a picture of a year takes to be drawn.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "cashier/reports/reports.h"
 #include "house/common/paths.h"
@@ -11,8 +12,6 @@
 #include "screen/theme.h"
 #include "tests/test_hotel.h"
 #include "tools/charts/draw_chart.h"
-
-#include <QApplication>
 
 using namespace hotel;
 using namespace hotel::bench;
@@ -80,9 +79,7 @@ qsizetype BareReads(const ReportPeriod& period, const QString& project,
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     ApplyTheme(application);
     ShareOneProcessor();
     const TestHotel hotel;

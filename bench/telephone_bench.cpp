@@ -1,6 +1,7 @@
 // Rating calls, by itself and round by round, against a server in the same program.
 
 #include "bench/ratio.h"
+#include "bench/screenless.h"
 
 #include "app/demo/exchange.h"
 #include "link/records.h"
@@ -14,7 +15,6 @@
 #include "tests/test_hotel.h"
 #include "tools/queries/query_text.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QTimer>
@@ -155,9 +155,7 @@ void Backlog() {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    ScreenlessApplication application(argc, argv);
     Rating();
     Round();
     Backlog();

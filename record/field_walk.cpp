@@ -1,5 +1,7 @@
 #include "record/field_walk.h"
 
+#include <algorithm>
+
 #include "record/tag_search.h"
 
 namespace hotel {
@@ -8,12 +10,25 @@ namespace {
 
 constexpr qsizetype kClosingMarks = 3; // "</" and ">"
 
+// Where the mark stands at or behind `from`, or -1. Names and most values are so short that a search made for long
+// texts would take longer to begin than to find.
+qsizetype FindMark(QStringView text, char16_t mark, qsizetype from) {
+    constexpr qsizetype kNear = 16;
+    const char16_t* const characters = text.utf16();
+    const qsizetype near = std::min(text.size(), from + kNear);
+    for (qsizetype i = from; i < near; ++i) {
+        if (characters[i] == mark)
+            return i;
+    }
+    return near < text.size() ? text.indexOf(mark, near) : -1;
+}
+
 } // namespace
 
 bool FieldWalk::next() {
     for (;;) {
-        const qsizetype open = text_.indexOf(u'<', position_);
-        const qsizetype end = open < 0 ? -1 : text_.indexOf(u'>', open + 1);
+        const qsizetype open = FindMark(text_, u'<', position_);
+        const qsizetype end = open < 0 ? -1 : FindMark(text_, u'>', open + 1);
         if (end < 0) {
             position_ = text_.size();
             return false;
@@ -35,11 +50,12 @@ bool FieldWalk::next() {
 
 // Most values hold no tag: the first mark behind them begins their own closing tag.
 qsizetype FieldWalk::closingAhead() const {
-    const qsizetype mark = text_.indexOf(u'<', position_);
+    const qsizetype mark = FindMark(text_, u'<', position_);
     if (mark < 0 || mark + kClosingMarks + name_.size() > text_.size())
         return -1;
     const QStringView tag = text_.sliced(mark, kClosingMarks + name_.size());
-    const bool closes = tag[1] == u'/' && tag.endsWith(u'>') && tag.sliced(2).startsWith(name_);
+    const bool closes =
+        tag[1] == u'/' && tag.back() == u'>' && IsSameText(tag.sliced(2, name_.size()), name_);
     return closes ? mark : -1;
 }
 

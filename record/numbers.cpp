@@ -3,9 +3,11 @@
 #include "record/record_text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -186,6 +188,49 @@ Money ToMoney(Decimal decimal) {
     return Money::FromUnits(decimal.negative ? -units : units);
 }
 
+// Amounts as they are stored, "38.00": digits, up to four of them behind a point. Nothing for any other text.
+std::optional<Money> PlainAmount(QStringView text) {
+    constexpr qsizetype kMostCharacters = 14; // whose ten-thousandths are in range
+    constexpr int kDecimals = 4;
+    if (text.size() > kMostCharacters)
+        return std::nullopt;
+    qint64 units = 0;
+    bool behindPoint = false;
+    int decimals = 0;
+    for (const QChar c : text) {
+        if (c == u'.' && !behindPoint) {
+            behindPoint = true;
+        } else if (IsDigit(c) && decimals < kDecimals) {
+            units = 10 * units + (c.unicode() - u'0');
+            decimals += int(behindPoint);
+        } else {
+            return std::nullopt;
+        }
+    }
+    for (; decimals < kDecimals; ++decimals)
+        units *= 10;
+    return Money::FromUnits(units);
+}
+
+// An amount by "#0.00", as nearly all are written.
+QString CentsText(qint64 units) {
+    constexpr quint64 kUnitsACent = 100;
+    constexpr int kLeastDigits = 3;
+    const quint64 size = units < 0 ? 0 - quint64(units) : quint64(units);
+    quint64 cents = (size + kUnitsACent / 2) / kUnitsACent;
+    const bool negative = units < 0 && cents > 0;
+    std::array<char16_t, 24> text{};
+    size_t first = text.size();
+    for (int digits = 0; cents > 0 || digits < kLeastDigits; ++digits, cents /= 10) {
+        if (digits == 2)
+            text[--first] = u'.';
+        text[--first] = char16_t(u'0' + cents % 10);
+    }
+    if (negative)
+        text[--first] = u'-';
+    return QStringView(text.data() + first, qsizetype(text.size() - first)).toString();
+}
+
 } // namespace
 
 double LeadingNumber(QStringView text) {
@@ -223,10 +268,13 @@ Money Money::FromNumber(double value) {
 }
 
 Money Money::FromText(QStringView text) {
-    return ToMoney(ReadDecimal(text));
+    const auto plain = PlainAmount(text);
+    return plain ? *plain : ToMoney(ReadDecimal(text));
 }
 
 QString Money::text(QStringView format) const {
+    if (format == u"#0.00")
+        return CentsText(units_);
     Decimal decimal = FromInteger(units_);
     decimal.point -= 4;
     return Formatted(decimal, format);

@@ -12,6 +12,19 @@ namespace hotel {
 // QStringView::indexOf does, several times as fast on the long texts of this system.
 qsizetype FindText(QStringView text, QStringView needle, qsizetype from = 0);
 
+// Whether both are the same. Does what == does, several times as fast on the short texts of tags and cells.
+inline bool IsSameText(QStringView a, QStringView b) {
+    if (a.size() != b.size())
+        return false;
+    const char16_t* const of = a.utf16();
+    const char16_t* const other = b.utf16();
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        if (of[i] != other[i])
+            return false;
+    }
+    return true;
+}
+
 // `text` without blanks, CR, LF, TAB and ideographic blanks (U+3000) at both ends.
 QStringView TrimmedWhite(QStringView text);
 

@@ -115,7 +115,7 @@ void Accntfrm::makePages() {
     onEnter(extensions_->lastField(), [this] { goTo(command(u"UsrAdd")); });
     onEnter(tariff_->lastField(), [this] { goTo(command(u"FeeAdd")); });
     onEnter(configPage_->itemBox(), [this] { ConfigItem_Enter(); });
-    on(configPage_->folderBox(), &QLineEdit::editingFinished, [this] { TeldbLj_Change(); });
+    on(configPage_->folderBox(), &QLineEdit::editingFinished, [this] { configChanged(); });
 }
 
 void Accntfrm::makeCommands() {
@@ -245,7 +245,7 @@ void Accntfrm::showRated(const QString& name, const QString& record) {
 
 void Accntfrm::showRound(const RoundOutcome& round) {
     if (round.rated > 0)
-        live_->list()->autoFit();
+        live_->showEnd();
     if (round.failure)
         MsgBox(round.failure->words, round.failure->title);
     if (!round.problem.isEmpty())
@@ -303,7 +303,7 @@ void Accntfrm::CmdSearch_Click() {
 
 void Accntfrm::UsrAdd_Click() {
     const QStringList cells = extensions_->cells();
-    const QString number = cells.first();
+    const QString& number = cells.first();
     // As they stand by now: another desk may keep them, too.
     ReadExtensions(files_, tables_);
     if (tables_.extensionsUnread)
@@ -432,8 +432,7 @@ void Accntfrm::ConfigItem_Enter() {
     if (taken != AccountingConfig::Taken::Added && taken != AccountingConfig::Taken::Replaced)
         return configPage_->itemBox()->selectAll();
     configPage_->itemBox()->clear();
-    files_ = BillingFiles(config_, configPage_->folder());
-    tablesChanged();
+    configChanged();
 }
 
 void Accntfrm::DelItem_Click() {
@@ -442,9 +441,8 @@ void Accntfrm::DelItem_Click() {
         return setStatus(u"请选择要删除的参数"_s);
     config_.removeAt(row);
     configPage_->show(config_);
-    files_ = BillingFiles(config_, configPage_->folder());
-    tablesChanged();
     setStatus(u"参数已删除，按 F8 保存到文件"_s);
+    configChanged();
 }
 
 void Accntfrm::SavItem_Click() {
@@ -454,9 +452,12 @@ void Accntfrm::SavItem_Click() {
         MsgBox(u"参数文件不能写入："_s + AccountingConfigFile(), u"意外错误"_s);
 }
 
-void Accntfrm::TeldbLj_Change() {
-    if (BillingFiles(config_, configPage_->folder()).rateFile() != files_.rateFile())
-        readTables();
+void Accntfrm::configChanged() {
+    const BillingFiles files(config_, configPage_->folder());
+    if (files.rateFile() != files_.rateFile() || files.extensionFile() != files_.extensionFile())
+        return readTables();
+    files_ = files;
+    tablesChanged();
 }
 
 } // namespace hotel

@@ -57,7 +57,9 @@ private:
     void ConfigItem_Enter();
     void DelItem_Click();
     void SavItem_Click();
-    void TeldbLj_Change();
+    // What it names is looked at from here on: another file of a table is read, or the old one's rows would be written
+    // into it.
+    void configChanged();
 
     // Reads the tables from the server; with what could not be read nothing is rated.
     void readTables();

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "link/QVRapp.h"
+#include "link/records.h"
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "screen/field_form.h"
@@ -45,17 +46,23 @@ void HdfjFrm::load(const QVariant&) {
 }
 
 void HdfjFrm::showDay() {
-    HdQd->table().clearRows();
+    TextTable& calls = HdQd->table();
+    calls.clearRows();
     const QDate day = QDate::fromString(date_->text(u"BillDate"), Qt::ISODate);
+    QString words = u"请输入日期"_s;
     if (day.isValid()) {
         const BillingFiles files(AccountingConfig(ReadAccountingFile(AccountingConfigFile())));
-        LoadProjectToGrid(files.dayFile(day), kCallProject.toString(), HdQd->table(),
-                          HdQd->table().column(kKeyHeader),
-                          [this](int, bool) { return stillOpen(); });
+        const QString file = files.dayFile(day);
+        const int shown =
+            LoadProjectToGrid(file, kCallProject.toString(), calls, calls.column(kKeyHeader),
+                              [this](int, bool) { return stillOpen(); });
+        words = shown == 0 && ReadProjectToChange(file, kCallProject).failed()
+                    ? u"话单没有读出，请稍候再试"_s
+                    : u"共 %1 条话单"_s.arg(shown);
     }
     HdQd->refresh();
     HdQd->autoFit();
-    setStatus(day.isValid() ? u"共 %1 条话单"_s.arg(HdQd->table().dataRows()) : u"请输入日期"_s);
+    setStatus(words);
 }
 
 } // namespace hotel

@@ -15,6 +15,10 @@ namespace {
 
 constexpr qsizetype kStampLength = 8;
 
+bool IsPresent(const QString& dayFile) {
+    return DbCheckFile(dayFile, kCallStamp).size() == kStampLength;
+}
+
 QString WithoutMark() {
     return ConditionText({{kOr.toString(), call_record::kMark.toString(), u"为空"_s, {}}}, {});
 }
@@ -44,15 +48,19 @@ QStringList NextCalls(WaitingCalls& waiting) {
 RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables,
                               WaitingCalls& waiting, const CallRated& rated) {
     RoundOutcome round;
-    if (DbCheckFile(dayFile, kCallStamp).size() != kStampLength)
+    if (!IsPresent(dayFile)) { // or nobody answers, which a read tells
+        round.cut = ReadToChange(dayFile, {}, kCallProject).failed();
         return round;
+    }
     round.present = true;
     if (waiting.dayFile != dayFile)
         waiting = {dayFile, {}, {}};
     const QStringList names = NextCalls(waiting);
     round.found = int(names.size());
+    bool unseen = names.isEmpty();
     for (const QString& name : names) {
         const RecordRead call = ReadToChange(dayFile, kCallProject, name);
+        unseen |= call.failed();
         if (call.outcome != Reading::Present)
             continue;
         if (call.value.isEmpty()) {
@@ -69,17 +77,20 @@ RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables
         }
         if (DbModifyRecord(dayFile, kCallProject, name, result.record) != 0) {
             round.failure = {u"意外错误"_s, u"数据不能保存，请重新链接数据库服务器!"_s};
+            round.cut = true;
             return round;
         }
         ++round.rated;
         if (rated && !rated(name, result.record))
             return round;
     }
+    round.cut = unseen && !IsPresent(dayFile);
     return round;
 }
 
 QDate NextCallDay(const RoundOutcome& round, QDate day, QDate today) {
-    return round.found < kCallsARound && day < today ? day.addDays(1) : day;
+    const bool done = !round.cut && round.found < kCallsARound;
+    return done && day < today ? day.addDays(1) : day;
 }
 
 } // namespace hotel

@@ -27,6 +27,8 @@ struct RoundOutcome {
     std::optional<Notice> failure;
     // Why calls were left unrated; empty when none was. They keep waiting.
     QString problem;
+    // The server was away: more calls may be waiting than were found.
+    bool cut = false;
 };
 
 // What goes on between two calls: `record` was rated and written. False ends the round.
@@ -48,7 +50,8 @@ struct WaitingCalls {
 RoundOutcome RateWaitingCalls(const QString& dayFile, const RatingTables& tables,
                               WaitingCalls& waiting, const CallRated& rated);
 
-// The day to look at next: behind a round that found less than it could take, the next one up to today.
+// The day to look at next: behind a round that found less than it could take, the next one up to today. A day on which
+// the server was away stays, or its calls would never be charged.
 QDate NextCallDay(const RoundOutcome& round, QDate day, QDate today);
 
 } // namespace hotel

@@ -299,7 +299,6 @@ Reckoning ReckonCall(const Tariff& tariff, const PrefixRow* prefix, qint64 secon
     default:
         return {{}, NoMode(kMode + c)};
     }
-    u = std::clamp<Wide>(u, -kMostUnits * kParts, kMostUnits * kParts);
 
     CallCharges charges;
     // 7. The call's own fee. A prefix has its rate for the first unit, which is charged in any case.

@@ -31,10 +31,7 @@ ConfigPage::ConfigPage(QWidget* parent)
 }
 
 QString ConfigPage::folder() const {
-    QString folder = TrimWhite(TeldbLj->text());
-    if (!folder.isEmpty() && !folder.endsWith(u'\\'))
-        folder += u'\\';
-    return folder;
+    return TrimWhite(TeldbLj->text());
 }
 
 void ConfigPage::show(const AccountingConfig& config) {

@@ -22,7 +22,7 @@ public:
     QLineEdit* itemBox() const { return ConfigItem; }
     QListWidget* list() const { return ConfigList; }
 
-    // The folder, with its "\".
+    // As it is typed, with a "\" at its end or without.
     QString folder() const;
 
     // A configuration without an entry is one blank line.

@@ -38,10 +38,6 @@ LivePage::LivePage(QWidget* parent)
     layout->addWidget(LjjfQd, 1);
 }
 
-QWidget* LivePage::firstLimit() const {
-    return form_->editor(u"XsFjh");
-}
-
 QDate LivePage::day() const {
     return QDate::fromString(form_->text(u"BillDate"), Qt::ISODate);
 }
@@ -71,6 +67,10 @@ void LivePage::append(const QString& name, const QString& record, int digits) {
     number = number.left(digits);
     table.addRow(cells);
     LjjfQd->rowsAdded();
+}
+
+void LivePage::showEnd() {
+    LjjfQd->autoFit();
     LjjfQd->scrollToBottom();
 }
 

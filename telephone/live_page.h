@@ -18,7 +18,6 @@ public:
     explicit LivePage(QWidget* parent = nullptr);
 
     GridView* list() const { return LjjfQd; }
-    QWidget* firstLimit() const;
 
     // BillDate, the day whose file is looked at; not valid while nonsense stands in the box.
     QDate day() const;
@@ -29,8 +28,10 @@ public:
     bool isBeeping() const; // BeepOff is off
 
     CallLimits limits() const;
-    // Appends a call, so many digits of its number at most, and shows it.
+    // Appends a call, so many digits of its number at most.
     void append(const QString& name, const QString& record, int digits);
+    // Behind a round: the list at its end, its columns as wide as it takes.
+    void showEnd();
     void clear();
 
     void setCommands(QWidget* commands);

@@ -57,9 +57,9 @@ private:
 
     void takeRequest(QByteArray bytes) {
         if (atRequestStart_) {
-            ++line_.requests_;
+            const int request = ++line_.requests_;
             const int write = IsWrite(bytes) ? ++line_.writes_ : -1;
-            if (write == line_.cutBefore_)
+            if (write == line_.cutBefore_ || request == line_.cutBeforeRequest_)
                 return cut();
             if (write == line_.spoilt_)
                 bytes.replace(EncodeForWire(u"<命令>"), EncodeForWire(u"<命令>不"));
@@ -103,6 +103,7 @@ void CutLine::reset() {
     requests_ = 0;
     writes_ = 0;
     cutBefore_ = 0;
+    cutBeforeRequest_ = 0;
     spoilt_ = 0;
 }
 

@@ -23,6 +23,8 @@ public:
 
     // Cuts ahead of this write, counted from 1 and from the last reset.
     void cutBeforeWrite(int n) { cutBefore_ = n; }
+    // The same ahead of any request.
+    void cutBeforeRequest(int n) { cutBeforeRequest_ = n; }
     // Has this write, counted likewise, refused by the server.
     void spoilWrite(int n) { spoilt_ = n; }
 
@@ -37,6 +39,7 @@ private:
     std::atomic<int> requests_ = 0;
     std::atomic<int> writes_ = 0;
     std::atomic<int> cutBefore_ = 0;
+    std::atomic<int> cutBeforeRequest_ = 0;
     std::atomic<int> spoilt_ = 0;
     quint16 port_ = 0;
     std::unique_ptr<QThread> thread_;

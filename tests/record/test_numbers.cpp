@@ -1,6 +1,8 @@
 #include "record/numbers.h"
 #include "tests/hotel_test.h"
 
+#include <QRandomGenerator>
+
 #include <cmath>
 #include <limits>
 
@@ -97,6 +99,37 @@ private Q_SLOTS:
         QCOMPARE(Money::FromNumber(-0.00004).text(), u"0.00"_s);
         QCOMPARE(Money::FromText(u"1.005").text(), u"1.01"_s);
         QCOMPARE(Money::FromText(u"-1.005").text(), u"-1.01"_s);
+    }
+
+    // Amounts in the form in which they are stored, and by the format of money, are read and written by ways of their
+    // own; a blank ahead, and a format that says the same, take the general ones.
+    void moneyReadsAndWritesAlikeByBothWays() {
+        const auto reads = [](const QString& text) {
+            Check(qPrintable(text), Money::FromText(text).units(),
+                  Money::FromText(u' ' + text).units());
+        };
+        for (const QString& text :
+             {u""_s, u"."_s, u"5."_s, u".5"_s, u"1..5"_s, u"0.00005"_s, u"12.3456"_s, u"12.34567"_s,
+              u"99999999999999"_s, u"999999999999999"_s, u"9999999999.9999"_s, u"1e3"_s, u"3元"_s,
+              u"１"_s, u"007"_s})
+            reads(text);
+        const auto writes = [](qint64 units) {
+            const Money money = Money::FromUnits(units);
+            Check(qPrintable(QString::number(units)), money.text(), money.text(u"0.00"));
+        };
+        for (const qint64 units :
+             {0LL, 1LL, 49LL, 50LL, 99LL, 149LL, 150LL, 9949LL, 9950LL, 10000LL, 999949LL, 999950LL,
+              std::numeric_limits<long long>::max()}) {
+            writes(units);
+            writes(-units);
+        }
+        QRandomGenerator random(7);
+        for (int n = 0; n < 5000; ++n) {
+            const qint64 units = qint64(random.generate64()) >> random.bounded(63);
+            writes(units);
+            reads(
+                QString::number(double(random.bounded(100'000'000)) / 100, 'f', random.bounded(6)));
+        }
     }
 
     void moneyProductsRoundToFourDecimals() {

@@ -1,6 +1,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
+#include "record/code_page.h"
 #include "record/literals.h"
 #include "telephone/accounting_config.h"
 #include "telephone/billing_files.h"
@@ -150,6 +151,7 @@ private Q_SLOTS:
         QCOMPARE(config.take(u"DISCOUNT=12345678"), Taken::NoValue);
         QCOMPARE(config.take(u"HALFDEF=0"), Taken::NoValue);
         QCOMPARE(config.take(u"HALFDEF=1231"), Taken::Added);
+        QCOMPARE(AccountingConfig(File({u"HALFDEF=1"_s})).values(u"HALFDEF"), QStringList(u"1"_s));
         QCOMPARE(config.take(u"HALFDEF=1232"), Taken::NoValue);
         QCOMPARE(config.take(u"COMPORT=1"), Taken::Added);
         QCOMPARE(config.take(u"comport=2"), Taken::Replaced);
@@ -190,6 +192,14 @@ private Q_SLOTS:
             rubbish[n] = char(n * 37);
         WriteBytes(path, rubbish);
         QCOMPARE(AccountingConfig(ReadAccountingFile(path)).lines(), QStringList());
+        WriteBytes(path, EncodeForWire(u"<计费参数>\nCOMPORT=1\n"_s) + rubbish +
+                             EncodeForWire(u"\n</计费参数>"_s));
+        QCOMPARE(AccountingConfig(ReadAccountingFile(path)).lines(), QStringList(u"COMPORT=1"_s));
+        QStringList bands;
+        for (int n = 1; n <= 12; ++n)
+            bands.append(u"HALFFEE=1111111 1111111  "_s +
+                         QString::number(n).rightJustified(4, u'0') + u"06590500000"_s);
+        QCOMPARE(AccountingConfig(File(bands)).lines(), bands.mid(0, 10));
         QVERIFY(!WriteAccountingFile(folder_.filePath(u"none/Accnt.Cfg"_s), config));
     }
 

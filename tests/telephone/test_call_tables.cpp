@@ -286,6 +286,23 @@ private Q_SLOTS:
         QCOMPARE(RateWaitingCalls(u"Bill\\26\\03\\260306.QVR"_s, tables_, waiting_, {}).rated, 1);
     }
 
+    // A second desk at the same file, turn about: it looks at a call before it takes it.
+    void sharesAFileWithASecondDesk() {
+        Waiting(50);
+        WaitingCalls others;
+        QStringList all;
+        for (int turn = 0; turn < 5; ++turn) {
+            round();
+            all += rated_;
+            RateWaitingCalls(kDay, tables_, others, [&](const QString& name, const QString&) {
+                all.append(name);
+                return true;
+            });
+        }
+        QCOMPARE(all.size(), 50);
+        QCOMPARE(QSet<QString>(all.begin(), all.end()).size(), 50);
+    }
+
     // The server goes away in the middle of a round.
     void losesNoCallAndRatesNoneTwice() {
         Waiting(12);
@@ -311,6 +328,36 @@ private Q_SLOTS:
         for (int n = 1; n <= 12; ++n)
             expected.append(QString::number(n));
         QCOMPARE(all, expected);
+    }
+
+    // Whatever the server doesn't answer, a day is looked at until its calls are rated.
+    void staysWithADayUntilItIsDone() {
+        const QDate day(2026, 3, 5);
+        const QDate today = day.addDays(2);
+        constexpr int kRequests = 9; // the file, the search of two, three reads and writes
+        for (int n = 1; n <= kRequests + 1; ++n) {
+            hotel_->desk().use();
+            Waiting(3);
+            waiting_ = {};
+            CutLine line(hotel_->port());
+            Desk desk(line.port());
+            desk.logIn(u"ADMIN"_s, TestHotel::kAdminPassword);
+            line.reset();
+            line.cutBeforeRequest(n);
+            const RoundOutcome cut = round();
+            const QStringList first = rated_;
+            const auto step = u"cut before request %1"_s.arg(n);
+            Check(qPrintable(step), NextCallDay(cut, day, today),
+                  n > kRequests ? day.addDays(1) : day);
+            Check(qPrintable(step), NextCallDay(round(), day, today), day); // nobody answers by now
+            hotel_->desk().use();
+            const RoundOutcome rest = round();
+            Check(qPrintable(step), (first + rated_).join(u' '), u"1 2 3"_s);
+            Check(qPrintable(step), NextCallDay(rest, day, today), day.addDays(1));
+        }
+        QCOMPARE(NextCallDay(RateWaitingCalls(u"Bill\\26\\03\\260306.QVR"_s, tables_, waiting_, {}),
+                             day.addDays(1), today),
+                 today); // no file: no calls
     }
 };
 
