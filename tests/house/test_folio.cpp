@@ -184,6 +184,15 @@ private Q_SLOTS:
         QVERIFY(!FindOpenFolio(u"269999999999"));
     }
 
+    // What can't be read is left as it is, and nobody takes it for a folio that isn't open.
+    void anUnreadFolioIsNoClosedOne() {
+        TestHotel hotel;
+        hotel.stopServer();
+        QVERIFY(DelRmFromJzh(kFolio, u"101") != 0);
+        QVERIFY(DelKrFromJzh(kFolio, u"101", 1) != 0);
+        QVERIFY(DelJzh(kFolio) != 0);
+    }
+
     void theAuditRetiresFoliosWithoutRooms() {
         const auto row = [](const char* name, const QString& record, bool retired) {
             TestHotel hotel;

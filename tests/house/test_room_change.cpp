@@ -204,6 +204,22 @@ private Q_SLOTS:
         QCOMPARE(StoredNames(u"201"_s), (QStringList{u"客人01 旧客"_s, u"客人02 王一"_s}));
     }
 
+    // Who moved out of a room still stands in its file. He takes no bed from those who move in later, and isn't put on
+    // his folio there again.
+    void whoMovedOutBeforeIsGone() {
+        const TestHotel hotel;
+        FillHouse({ValidGuest(u"王一"_s, kFolio, u"包房"_s)}, 1);
+        SetKfjbxx(u"201", SetTag(GetKfjbxx(u"201"), u"住客数", u"0"));
+        SaveRmRec(u"201", u"<客人01>"_s +
+                              ValidGuest(u"旧客"_s, kOther, u"包房"_s, u"<房间号>201</房间号>"_s) +
+                              u"</客人01>");
+        QVERIFY(ConfirmRoomChange(kChange, PrepareRoomChange(kChange).workingSet).confirmed);
+        QCOMPARE(StoredNames(u"201"_s), QStringList(u"客人01 王一"_s));
+        QCOMPARE(State(u"201"_s), u"包房 1"_s);
+        QCOMPARE(Rooms(kFolio), u"201"_s);
+        QCOMPARE(Rooms(kOther), QString());
+    }
+
     void tenBedsAreTheMost() {
         const TestHotel hotel;
         QStringList guests;
