@@ -100,7 +100,10 @@ double MicrosecondsAPunch(int people) {
     TestHotel hotel;
     Employ(people);
     Punching punching(hotel, people);
-    punching.act();
+    // The server keeps what was read: whoever comes for the first time since it began costs it a look at its disk, with
+    // as many people as with few.
+    for (int n = 0; n < people; ++n)
+        punching.act();
     return Nanoseconds([&] { return punching.act(); }) / 1000;
 }
 

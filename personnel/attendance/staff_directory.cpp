@@ -8,19 +8,31 @@
 
 namespace hotel {
 
-const StaffMember* StaffDirectory::known(QStringView entered) const {
-    const double number = LeadingNumber(entered);
-    const auto first = [this](auto means) {
-        const auto member = std::ranges::find_if(members_, means);
-        return member == members_.end() ? nullptr : &*member;
+// The first whose number it is, or whose card, or whose number is of that value.
+const StaffMember* StaffDirectory::known(const QString& entered) const {
+    const auto at = [this](const auto& index, const auto& key) {
+        const auto found = index.constFind(key);
+        return found == index.cend() ? nullptr : &members_[*found];
     };
-    if (const auto* member = first([&](const auto& each) { return each.number == entered; }))
+    if (const StaffMember* member = at(byNumber_, entered))
         return member;
-    if (const auto* member = first([&](const auto& each) { return each.card == entered; }))
+    if (const StaffMember* member = at(byCard_, entered))
         return member;
-    return number == 0
-               ? nullptr
-               : first([&](const auto& each) { return LeadingNumber(each.number) == number; });
+    const double number = LeadingNumber(entered);
+    return number == 0 ? nullptr : at(byValue_, number);
+}
+
+void StaffDirectory::setMembers(const QList<StaffMember>& members) {
+    members_ = members;
+    byNumber_.clear();
+    byCard_.clear();
+    byValue_.clear();
+    // From the last on, so that of those with one card the first stays.
+    for (qsizetype n = members_.size() - 1; n >= 0; --n) {
+        byNumber_.insert(members_[n].number, n);
+        byCard_.insert(members_[n].card, n);
+        byValue_.insert(LeadingNumber(members_[n].number), n);
+    }
 }
 
 bool StaffDirectory::refill() {
@@ -37,7 +49,7 @@ bool StaffDirectory::refill() {
         });
     });
     if (read)
-        members_ = members;
+        setMembers(members);
     return read;
 }
 

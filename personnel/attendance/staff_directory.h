@@ -40,9 +40,13 @@ public:
     int size() const { return int(members_.size()); }
 
 private:
-    const StaffMember* known(QStringView entered) const;
+    const StaffMember* known(const QString& entered) const;
+    void setMembers(const QList<StaffMember>& members);
 
     QList<StaffMember> members_;
+    QHash<QString, qsizetype> byNumber_;
+    QHash<QString, qsizetype> byCard_;
+    QHash<double, qsizetype> byValue_; // of the number
 };
 
 } // namespace hotel
