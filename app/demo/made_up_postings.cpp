@@ -10,7 +10,7 @@ QList<DemoPosting> PostingMaker::of(const DemoStay& stay) {
     for (QDate day = stay.arrives.date(); day < stay.leaves.date(); day = day.addDays(1)) {
         for (qsizetype room = 0; room < stay.party.rooms.size(); ++room) {
             while (dice_.chance(chance))
-                made_.append(one(stay, int(room), mealtime(stay, day)));
+                postTo(stay, int(room), day);
         }
         if (stay.isSentBy(Sends::TourGroups))
             dinnerFor(stay, day);
@@ -29,12 +29,21 @@ QDateTime PostingMaker::mealtime(const DemoStay& stay, QDate day) {
     return std::max(evening, settled);
 }
 
-DemoPosting PostingMaker::one(const DemoStay& stay, int room, const QDateTime& at) {
+void PostingMaker::postTo(const DemoStay& stay, int room, QDate day) {
+    const Drawn what = draw();
+    made_.append(posting(stay, room, mealtime(stay, day), *what.article, what.number, what.price));
+}
+
+PostingMaker::Drawn PostingMaker::draw() {
     const DemoArticle& article =
         dice_.weigh(DemoArticles(), [](const DemoArticle& entry) { return entry.weight; });
     const int number = dice_.between(1, article.most);
-    const int price = dice_.between(article.leastYuan, article.mostYuan);
-    return posting(stay, room, at, article, number, price);
+    return {&article, number, dice_.between(article.leastYuan, article.mostYuan)};
+}
+
+DemoPosting PostingMaker::one(const DemoStay& stay, int room, const QDateTime& at) {
+    const Drawn what = draw();
+    return posting(stay, room, at, *what.article, what.number, what.price);
 }
 
 DemoPosting PostingMaker::posting(const DemoStay& stay, int room, const QDateTime& at,
@@ -83,9 +92,10 @@ DemoPosting PostingMaker::posting(const DemoStay& stay, int room, const QDateTim
 
 void PostingMaker::dinnerFor(const DemoStay& stay, QDate day) {
     const int tables = int(stay.party.rooms.size() * 2 + 7) / 8;
-    const QDateTime at = mealtime(stay, day);
-    made_.append(posting(stay, 0, at, {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0}, tables,
-                         10 * dice_.between(58, 98), u"团餐"));
+    const int price = 10 * dice_.between(58, 98);
+    made_.append(posting(stay, 0, mealtime(stay, day),
+                         {kFoodPosting, 0, u"宴席", u"宴会厅", u"桌", 0, 0, 0}, tables, price,
+                         u"团餐"));
 }
 
 // A long stay pays in between.

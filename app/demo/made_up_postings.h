@@ -21,6 +21,13 @@ public:
     DemoPosting one(const DemoStay& stay, int room, const QDateTime& at);
 
 private:
+    struct Drawn {
+        const DemoArticle* article;
+        int number;
+        int price;
+    };
+    Drawn draw();
+    void postTo(const DemoStay& stay, int room, QDate day);
     QDateTime mealtime(const DemoStay& stay, QDate day);
     DemoPosting posting(const DemoStay& stay, int room, const QDateTime& at,
                         const DemoArticle& article, int number, int price, QStringView note = {});

@@ -99,7 +99,7 @@ public:
         return plan;
     }
     void change(const std::shared_ptr<Plan>& plan, const QDateTime& moment, const Planner& by,
-                std::function<QString(QString record)> changed) {
+                const std::function<QString(const QString& record)>& changed) {
         at(moment, by, [this, plan, changed] {
             TextTable& list = listOf(*plan->kind);
             const int row = list.find(0, plan->number);
@@ -269,15 +269,16 @@ private:
                   {u"预定来源", isGroup ? u"销售部"_s : u"电话"_s},
                   {reservation::kHeldRooms, holds ? HeldRoomsText(arrival.rooms) : QString()}}));
         const bool isDay = came.time().hour() >= 7 && came.time().hour() < 19;
-        book_.change(plan, came.addSecs(900), isDay ? kDesk : kNightDesk,
-                     [](QString record) { return SetTag(record, reservation::kState, u"实施"); });
+        book_.change(
+            plan, came.addSecs(900), isDay ? kDesk : kNightDesk,
+            [](const QString& record) { return SetTag(record, reservation::kState, u"实施"); });
         if (leaves < today_)
             ends(plan, {std::max(leaves, arrives.addDays(1)), QTime(15, 10)}, u"完成"_s);
     }
 
     // What has come to its end gets its word where the tidying looks for it; the price goes to the remark.
     void ends(const std::shared_ptr<Plan>& plan, const QDateTime& moment, const QString& word) {
-        book_.change(plan, moment, kSalesOffice, [word](QString record) {
+        book_.change(plan, moment, kSalesOffice, [word](const QString& record) {
             const QString price = GetTag(record, kPrice);
             return With(record, {{reservation::kState, word},
                                  {kPrice, word},
@@ -408,7 +409,7 @@ private:
         const QDateTime done = moment.addSecs(3600LL * fault.hours + 60 * dice_.below(90));
         const QString outcome = fault.outcome.toString();
         const QString by = dice_.chance(60) ? kEngineering.name : u"丁志强"_s;
-        book_.change(plan, done, kEngineering, [=](QString record) {
+        book_.change(plan, done, kEngineering, [=](const QString& record) {
             return With(
                 record,
                 {{repair::kOutcome, outcome}, {u"维修日期", Iso(done.date())}, {u"维修人", by}});
@@ -438,7 +439,7 @@ void PlanReceivables(Book& book, const DemoOpening& opening) {
         if (due.outcome.isEmpty())
             continue;
         const QDateTime collected = made.addDays(due.paidAfter).addSecs(-3000);
-        book.change(plan, collected, kSalesOffice, [&due, collected](QString record) {
+        book.change(plan, collected, kSalesOffice, [&due, collected](const QString& record) {
             return With(record, {{u"收款结果", due.outcome.toString()},
                                  {u"收款日期", Iso(collected.date())}});
         });
