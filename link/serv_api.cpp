@@ -24,7 +24,7 @@ constexpr QStringView kChecksum = u"文件校验和";
 
 constexpr int kDone = 0;
 constexpr int kFailed = -1;
-constexpr qint64 kBufferedMilliseconds = 2000;
+constexpr double kBufferedSeconds = 2;
 constexpr int kNeverReplacedUses = 10000; // a cached record used more often keeps its place
 constexpr qint64 kUploadBlock = 8192;
 
@@ -256,18 +256,18 @@ QString DbReadRecordBuffered(QStringView file, QStringView project, QStringView 
 
     BufferedReadMemo& memo = Link().memos().buffered;
     const QStringList place{TrimWhite(file), TrimWhite(project)};
-    const qint64 age = memo.used.msecsTo(Clock::Now());
-    if (memo.place == place && age >= 0 && age < kBufferedMilliseconds) {
+    const double now = Clock::SecondsSinceMidnight();
+    if (memo.place == place && memo.used <= now && now < memo.used + kBufferedSeconds) {
         const QString value = memo.record == name ? memo.value : NextOf(memo, name);
         if (memo.record == name || !value.isEmpty()) {
             memo.record = name;
             memo.value = value;
-            memo.used = Clock::Now();
+            memo.used = now;
             return value;
         }
     }
     const QString answer = Ask(CommandLine(u"缓冲读取记录") + Place(place[0], place[1], name));
-    memo = {place, name, answer, {}, Clock::Now(), 0};
+    memo = {place, name, answer, {}, Clock::SecondsSinceMidnight(), 0};
     memo.value = NextOf(memo, name);
     return memo.value;
 }

@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -21,7 +20,7 @@ struct BufferedReadMemo {
     QString record;
     QString answer;
     QString value;
-    QDateTime used;
+    double used = 0; // seconds since midnight
     qsizetype next = 0; // behind the value taken last
 };
 
