@@ -434,7 +434,7 @@ constexpr ServerCommand kCommands[] = {
     {u"获取用户文件名", kBeforeLogin | kFromMemory, UserFileName},
     {u"读取日期", kBeforeLogin | kFromMemory, ServerDate},
     {u"读取时间", kBeforeLogin | kFromMemory, ServerTime},
-    {u"读取记录", kFromMemory, ReadRecord},
+    {u"读取记录", kFromMemory | kOnlyReads, ReadRecord},
     {u"缓冲读取记录", 0, ReadBuffered},
     {u"修改记录", kWrites, ModifyRecord},
     {u"创建记录", kWrites, CreateRecord},
@@ -448,7 +448,7 @@ constexpr ServerCommand kCommands[] = {
     {u"删除项目", kWrites, DeleteProject},
     {u"创建数据库", kWrites, CreateDatabase},
     {u"删除数据库", kWrites, DeleteFile},
-    {u"检查数据库", kFromMemory, CheckDatabase},
+    {u"检查数据库", kFromMemory | kOnlyReads, CheckDatabase},
     {u"数据库清单", kFromMemory, FileList},
     {u"数据准备", kFromMemory, PrepareData},
     {u"文件换名", kWrites, RenameFile},
@@ -507,10 +507,20 @@ static CommandAnswer Answer(ServerState& server, Peer& peer, const Request& requ
     }
 }
 
+bool OnlyReads(const Request& request) {
+    const ServerCommand* command = FindServerCommand(request.command());
+    return command && (command->flags & kOnlyReads);
+}
+
 CommandAnswer AnswerRequest(ServerState& server, Peer& peer, const Request& request) {
     const ServerCommand* command = FindServerCommand(request.command());
     const unsigned flags = command ? command->flags : kFromMemory;
     try {
+        if ((flags & kOnlyReads) && server.store.assumes()) {
+            CommandAnswer answer = Answer(server, peer, request, command);
+            answer.isAssumed = true;
+            return answer;
+        }
         if ((flags & kWrites) && (!peer.user.isEmpty() || peer.mayLog))
             server.store.begin();
         else if (flags & (kWrites | kFromMemory))

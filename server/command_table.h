@@ -35,8 +35,9 @@ struct ServerState {
 };
 
 struct CommandAnswer {
-    QString text;  // never empty
-    int delay = 0; // milliseconds by which it is to be held back
+    QString text;           // never empty
+    int delay = 0;          // milliseconds by which it is to be held back
+    bool isAssumed = false; // from memory, to be confirmed by the store
 };
 
 using CommandHandler = CommandAnswer (*)(ServerState& server, Peer& peer, const Request& request);
@@ -45,6 +46,7 @@ enum CommandFlag : unsigned {
     kBeforeLogin = 1, // answered on a connection that has not logged in
     kWrites = 2,      // changes the store: runs in a transaction
     kFromMemory = 4,  // as a rule memory has what is asked for
+    kOnlyReads = 8,   // and nothing else: may be answered again
 };
 
 struct ServerCommand {
@@ -55,6 +57,9 @@ struct ServerCommand {
 
 // The command of that name, nullptr when there is none.
 const ServerCommand* FindServerCommand(QStringView name);
+
+// Whether answering it is reading and nothing else.
+bool OnlyReads(const Request& request);
 
 // Answers a request; a user who is no longer among the users counts as not logged in. Begins a transaction
 // when the command writes, refreshes the store else, and leaves the commit to the caller. A request that can't be done is answered

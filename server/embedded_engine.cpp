@@ -54,6 +54,7 @@ public:
     }
     void endView() override {}
     QList<StoreChange> glance(qint64) override { return {}; }
+    void ask(qint64) override {}
 
     Rows run(const char* sql, Values values) override {
         QSqlQuery& query = prepared(sql);

@@ -4,11 +4,15 @@
 // holder is put out after half a minute, a waiter gives up after ten seconds. Statements whose answer nobody
 // needs are collected and sent with the next one that is waited for: a turn of many writes takes two trips.
 
+#include <memory>
 #include <unordered_map>
+
+#include <libpq-fe.h>
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 
 #include "record/literals.h"
@@ -52,6 +56,7 @@ const QString kOwnTables[] = {
     "what TEXT NOT NULL)"_s,
     u"INSERT INTO change SELECT 0, 0, '' WHERE NOT EXISTS (SELECT FROM change)"_s,
 };
+constexpr char kNews[] = "SELECT id, writer, what FROM change WHERE id >= ? ORDER BY id";
 constexpr qint64 kLogKept = 4096; // rows; who is farther behind reads everything again
 
 constexpr qsizetype kBatchLength =
@@ -139,9 +144,23 @@ public:
     }
 
     QList<StoreChange> glance(qint64 known) override {
+        if (asked_) {
+            if (const auto told = answerToAsked())
+                return *told;
+        }
         if (!database_.isOpen())
             connect();
         return news(known);
+    }
+
+    // The toolkit's driver only knows questions that are waited for.
+    void ask(qint64 known) override {
+        forgetAsked();
+        if (!database_.isOpen() || viewing_ || pending_.statements > 0)
+            return;
+        add(kNews, {known});
+        const Batch question = std::exchange(pending_, {});
+        asked_ = PQsendQuery(handle(), question.text.toUtf8().constData()) == 1;
     }
 
     QList<StoreChange> view(qint64 known) override {
@@ -173,6 +192,7 @@ public:
     }
 
     void rollback() noexcept override {
+        forgetAsked();
         pending_ = {};
         viewing_ = false;
         if (database_.isOpen() && (std::exchange(readOnly_, false) || !stands()))
@@ -204,6 +224,7 @@ private:
         prepared_.clear();
         pending_ = {};
         viewing_ = false;
+        asked_ = false;
         if (!database_.open()) {
             failure_ = u"PostgreSQL is out of reach: "_s +
                        database_.lastError().databaseText().section(u'\n', 0, 0);
@@ -246,6 +267,7 @@ private:
 
     // Whether the connection stands; whatever was under way on it is undone.
     bool stands() {
+        forgetAsked();
         prepared_.clear();
         QSqlQuery query(database_);
         return query.exec(u"ROLLBACK; DEALLOCATE ALL"_s) && query.nextResult();
@@ -282,9 +304,46 @@ private:
         pending_.add(beginning);
     }
 
+    PGconn* handle() const {
+        return *static_cast<PGconn* const*>(database_.driver()->handle().constData());
+    }
+
+    // Nothing where the question has failed; asked once more it tells why.
+    std::optional<QList<StoreChange>> answerToAsked() {
+        asked_ = false;
+        std::optional<QList<StoreChange>> changes;
+        bool isAnswered = true;
+        while (const Answer answer{PQgetResult(handle()), &PQclear}) {
+            const ExecStatusType status = PQresultStatus(answer.get());
+            if (status == PGRES_TUPLES_OK)
+                changes = changesOf(answer.get());
+            else if (status != PGRES_COMMAND_OK)
+                isAnswered = false;
+        }
+        return isAnswered ? changes : std::nullopt;
+    }
+
+    static QList<StoreChange> changesOf(const PGresult* rows) {
+        QList<StoreChange> changes;
+        const auto cell = [rows](int row, int column) {
+            return QByteArray(PQgetvalue(rows, row, column));
+        };
+        for (int row = 0; row < PQntuples(rows); ++row)
+            changes += StoreChange{cell(row, 0).toLongLong(), cell(row, 1).toLongLong(),
+                                   Unescaped(QString::fromUtf8(cell(row, 2)))};
+        return changes;
+    }
+
+    void forgetAsked() {
+        if (std::exchange(asked_, false) && database_.isOpen()) {
+            while (const Answer answer{PQgetResult(handle()), &PQclear}) {
+            }
+        }
+    }
+
     QList<StoreChange> news(qint64 known) {
         QList<StoreChange> changes;
-        Rows rows = run("SELECT id, writer, what FROM change WHERE id >= ? ORDER BY id", {known});
+        Rows rows = run(kNews, {known});
         while (rows.next())
             changes += StoreChange{rows.integer(0), rows.integer(1), rows.text(2)};
         return changes;
@@ -312,6 +371,7 @@ private:
 
     // Sends what is collected; gives the answer of the last statement.
     QSqlQuery send() {
+        forgetAsked();
         const Batch batch = std::exchange(pending_, {});
         if (!database_.isOpen())
             throw StoreError(u"the connection to PostgreSQL is broken"_s);
@@ -327,6 +387,8 @@ private:
         throw FailureOf(query);
     }
 
+    using Answer = std::unique_ptr<PGresult, decltype(&PQclear)>;
+
     Use use_;
     ConnectionName connection_;
     QSqlDatabase database_;
@@ -334,6 +396,7 @@ private:
         prepared_; // names of statements by the address of their text
     Batch pending_;
     bool viewing_ = false;
+    bool asked_ = false; // the log, whose answer is still to be taken
     bool readOnly_ = false;
     QElapsedTimer failed_; // since the last attempt to connect, when that has failed
     QString failure_;

@@ -117,8 +117,13 @@ bool RecordServer::takeRequests() {
         for (size_t n = 0; n < together; ++n)
             takeRequest();
         store_.expectNews();
+        if (std::any_of(turn_.exchanges.begin() + std::ptrdiff_t(first), turn_.exchanges.end(),
+                        [](const Exchange& exchange) { return OnlyReads(exchange.request); }))
+            store_.lookAhead();
         for (size_t n = first; n < turn_.exchanges.size(); ++n)
             answerRequest(turn_.exchanges[n]);
+        if (!store_.confirm())
+            answerAssumedAgain(first);
     }
     return turn_.exchanges.size() > before && !isFull();
 }
@@ -139,6 +144,15 @@ void RecordServer::answerRequest(Exchange& exchange) {
     if (exchange.answer.delay > 0)
         exchange.connection->hold();
     enqueue(exchange.connection);
+}
+
+// Others had changed what memory had.
+void RecordServer::answerAssumedAgain(size_t first) {
+    for (size_t n = first; n < turn_.exchanges.size(); ++n) {
+        Exchange& exchange = turn_.exchanges[n];
+        if (exchange.answer.isAssumed)
+            exchange.answer = AnswerRequest(state_, exchange.connection->peer, exchange.request);
+    }
 }
 
 void RecordServer::commitTurn() {

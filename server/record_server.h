@@ -86,6 +86,7 @@ private:
     void takeRequest();
     void answerRequest(Exchange& exchange);
     void finishTurn();
+    void answerAssumedAgain(size_t first);
     void commitTurn();
     void restorePeers();
     void answerEachAlone();

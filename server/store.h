@@ -23,6 +23,7 @@
 //     up to the next expectNews, so that no answer is put together from two states.
 //   - refreshMemory does with one look at the log where memory alone can answer. What can't be answered so
 //     throws NotInMemory, and is asked again behind refresh.
+//   - lookAhead lets memory answer while the look at the log is under way; no such answer leaves ahead of confirm.
 //   - A transaction that writes has the store for itself from begin to commit, and refreshes in begin.
 
 #include <functional>
@@ -79,6 +80,11 @@ public:
     void refresh();
     struct NotInMemory {};
     void refreshMemory();
+    // Asks for the log behind expectNews without waiting for it: until confirm memory is assumed to have what is new.
+    // confirm tells whether it had; if not, what was read while it was assumed is to be read again.
+    void lookAhead();
+    bool assumes() const { return sight_ == Sight::Assumed; }
+    bool confirm();
 
     // Begins a transaction unless one is under way.
     void begin();
@@ -192,7 +198,7 @@ private:
     // Runs `sql` with the values for its question marks; change does when nobody needs the answer.
     template<typename... Values>
     Rows run(const char* sql, const Values&... values) {
-        if (sight_ == Sight::Memory)
+        if (sight_ == Sight::Memory || sight_ == Sight::Assumed)
             throw NotInMemory();
         return engine_->run(sql, {QVariant(values)...});
     }
@@ -239,8 +245,9 @@ private:
     qint64 nextProject_ = 0;
 
     // Of a shared store: the last row of the log that memory knows of, and what this transaction changes.
-    enum class Sight { Old, Memory, View };
+    enum class Sight { Old, Assumed, Memory, View };
     Sight sight_ = Sight::Old;
+    bool newsCame_ = false; // since the last lookAhead
     StoreChange known_;
     QSet<QString> told_;
 

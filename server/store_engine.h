@@ -87,8 +87,11 @@ public:
     // `known` on, that one included.
     virtual QList<StoreChange> begin(qint64 known) = 0;
 
-    // The rows of the log likewise, and nothing else.
+    // The rows of the log likewise, and nothing else. What ask() has asked for on the way is waited for.
     virtual QList<StoreChange> glance(qint64 known) = 0;
+
+    // Asks for what the next glance at the same number gives, without waiting for it.
+    virtual void ask(qint64 known) = 0;
 
     // From here on, until endView or begin, reads see one state. Gives the rows of the log likewise.
     virtual QList<StoreChange> view(qint64 known) = 0;

@@ -46,6 +46,20 @@ void Store::expectNews() {
         engine_->endView();
 }
 
+void Store::lookAhead() {
+    newsCame_ = false;
+    if (!isShared() || inTransaction_ || sight_ != Sight::Old || use_ == Use::Look)
+        return;
+    engine_->ask(known_.number);
+    sight_ = Sight::Assumed;
+}
+
+bool Store::confirm() {
+    if (sight_ == Sight::Assumed)
+        refreshMemory();
+    return !std::exchange(newsCame_, false);
+}
+
 void Store::refresh() {
     if (!isShared() || inTransaction_ || sight_ == Sight::View || use_ == Use::Look)
         return;
@@ -54,7 +68,8 @@ void Store::refresh() {
 }
 
 void Store::refreshMemory() {
-    if (!isShared() || inTransaction_ || sight_ != Sight::Old || use_ == Use::Look)
+    if (!isShared() || inTransaction_ || sight_ == Sight::Memory || sight_ == Sight::View ||
+        use_ == Use::Look)
         return;
     const QList<StoreChange> log = engine_->glance(known_.number);
     if (log.size() == 1 && isKnown(log.first()))
@@ -72,6 +87,7 @@ bool Store::isKnown(const StoreChange& change) const {
 void Store::learn(const QList<StoreChange>& log) {
     if (!isShared())
         return;
+    newsCame_ = newsCame_ || log.size() != 1 || !isKnown(log.first());
     if (log.isEmpty() || !isKnown(log.first())) {
         loadFiles();
         Rows last = run("SELECT id, writer FROM change ORDER BY id DESC LIMIT 1");
