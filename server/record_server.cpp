@@ -81,6 +81,12 @@ void RecordServer::enqueue(ClientConnection* connection) {
 void RecordServer::dispatcher_aboutToBlock() {
     if (queue_.empty() && turn_.exchanges.empty())
         return;
+    if (store_.isShared() && queue_.size() < kTakenTogether &&
+        std::exchange(gathered_, queue_.size()) < queue_.size()) {
+        QAbstractEventDispatcher::instance()->wakeUp(); // who else asks shares the look
+        return;
+    }
+    gathered_ = 0;
     try {
         const bool goesOn =
             takeRequests() && store_.inTransaction() && settings_.turnsOfCommit == 1;

@@ -86,6 +86,7 @@ private:
     void takeRequest();
     void answerRequest(Exchange& exchange);
     void finishTurn();
+    size_t gathered_ = 0; // connections that wait, as the last pass over the sockets has left them
     void answerAssumedAgain(size_t first);
     void commitTurn();
     void restorePeers();
