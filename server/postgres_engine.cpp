@@ -2,7 +2,7 @@
 //
 // A transaction that writes begins with a lock of the store's own, so that one writes at a time; a dead
 // holder is put out after half a minute, a waiter gives up after ten seconds. Statements whose answer nobody
-// needs are collected and sent with the next one that is waited for: a turn of many writes takes two trips.
+// needs are collected and sent ahead in groups, or with the next one that is waited for.
 
 #include <memory>
 #include <unordered_map>
@@ -60,7 +60,8 @@ constexpr char kNews[] = "SELECT id, writer, what FROM change WHERE id >= ? ORDE
 constexpr qint64 kLogKept = 4096; // rows; who is farther behind reads everything again
 
 constexpr qsizetype kBatchLength =
-    256 * 1024;                       // characters of statements that are sent at the latest
+    256 * 1024;               // characters of statements that are sent at the latest
+constexpr int kSentAhead = 4; // statements that are worth a way of their own while others are made
 constexpr qint64 kConnectPause = 500; // milliseconds between attempts that fail
 
 const QString kReadOnlyCode = u"25006"_s;
@@ -144,7 +145,7 @@ public:
     }
 
     QList<StoreChange> glance(qint64 known) override {
-        if (asked_) {
+        if (way_ == OnTheWay::Question) {
             if (const auto told = answerToAsked())
                 return *told;
         }
@@ -155,12 +156,12 @@ public:
 
     // The toolkit's driver only knows questions that are waited for.
     void ask(qint64 known) override {
-        forgetAsked();
+        forgetWhatIsOnTheWay();
         if (!database_.isOpen() || viewing_ || pending_.statements > 0)
             return;
         add(kNews, {known});
-        const Batch question = std::exchange(pending_, {});
-        asked_ = PQsendQuery(handle(), question.text.toUtf8().constData()) == 1;
+        if (sendWithoutWaiting(std::exchange(pending_, {})))
+            way_ = OnTheWay::Question;
     }
 
     QList<StoreChange> view(qint64 known) override {
@@ -192,7 +193,7 @@ public:
     }
 
     void rollback() noexcept override {
-        forgetAsked();
+        forgetWhatIsOnTheWay();
         pending_ = {};
         viewing_ = false;
         if (database_.isOpen() && (std::exchange(readOnly_, false) || !stands()))
@@ -210,6 +211,8 @@ public:
         add(sql, values);
         if (pending_.text.size() > kBatchLength)
             send();
+        else if (pending_.statements >= kSentAhead && way_ == OnTheWay::Nothing)
+            sendAhead();
     }
 
     // PostgreSQL looks after its pages by itself; a page that can't be read fails the other checks.
@@ -224,7 +227,7 @@ private:
         prepared_.clear();
         pending_ = {};
         viewing_ = false;
-        asked_ = false;
+        way_ = OnTheWay::Nothing;
         if (!database_.open()) {
             failure_ = u"PostgreSQL is out of reach: "_s +
                        database_.lastError().databaseText().section(u'\n', 0, 0);
@@ -267,7 +270,7 @@ private:
 
     // Whether the connection stands; whatever was under way on it is undone.
     bool stands() {
-        forgetAsked();
+        forgetWhatIsOnTheWay();
         prepared_.clear();
         QSqlQuery query(database_);
         return query.exec(u"ROLLBACK; DEALLOCATE ALL"_s) && query.nextResult();
@@ -308,37 +311,71 @@ private:
         return *static_cast<PGconn* const*>(database_.driver()->handle().constData());
     }
 
+    bool sendWithoutWaiting(const Batch& batch) {
+        return PQsendQuery(handle(), batch.text.toUtf8().constData()) == 1;
+    }
+
+    // Changes are carried out there while further ones are made here. (Not while the rows of a question are read.)
+    void sendAhead() {
+        if (!database_.isOpen() || !sendWithoutWaiting(pending_))
+            return;
+        pending_ = {};
+        way_ = OnTheWay::Changes;
+    }
+
+    // Each answer to what is on the way.
+    template<typename Use>
+    void takeWhatIsOnTheWay(Use use) {
+        way_ = OnTheWay::Nothing;
+        using Answer = std::unique_ptr<PGresult, decltype(&PQclear)>;
+        while (const Answer answer{PQgetResult(handle()), &PQclear})
+            use(*answer);
+    }
+
+    void expectChangesDone() {
+        QString failure;
+        takeWhatIsOnTheWay([&](const PGresult& answer) {
+            const ExecStatusType status = PQresultStatus(&answer);
+            if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK)
+                return;
+            failure = QString::fromUtf8(PQresultErrorMessage(&answer)).section(u'\n', 0, 0);
+            readOnly_ =
+                readOnly_ ||
+                QLatin1StringView(PQresultErrorField(&answer, PG_DIAG_SQLSTATE)) == kReadOnlyCode;
+        });
+        if (!failure.isEmpty())
+            throw StoreError(failure);
+    }
+
+    void forgetWhatIsOnTheWay() {
+        if (way_ != OnTheWay::Nothing && database_.isOpen())
+            takeWhatIsOnTheWay([](const PGresult&) {});
+        way_ = OnTheWay::Nothing;
+    }
+
     // Nothing where the question has failed; asked once more it tells why.
     std::optional<QList<StoreChange>> answerToAsked() {
-        asked_ = false;
         std::optional<QList<StoreChange>> changes;
         bool isAnswered = true;
-        while (const Answer answer{PQgetResult(handle()), &PQclear}) {
-            const ExecStatusType status = PQresultStatus(answer.get());
+        takeWhatIsOnTheWay([&](const PGresult& answer) {
+            const ExecStatusType status = PQresultStatus(&answer);
             if (status == PGRES_TUPLES_OK)
-                changes = changesOf(answer.get());
+                changes = changesOf(answer);
             else if (status != PGRES_COMMAND_OK)
                 isAnswered = false;
-        }
+        });
         return isAnswered ? changes : std::nullopt;
     }
 
-    static QList<StoreChange> changesOf(const PGresult* rows) {
+    static QList<StoreChange> changesOf(const PGresult& rows) {
         QList<StoreChange> changes;
-        const auto cell = [rows](int row, int column) {
-            return QByteArray(PQgetvalue(rows, row, column));
+        const auto cell = [&rows](int row, int column) {
+            return QByteArray(PQgetvalue(&rows, row, column));
         };
-        for (int row = 0; row < PQntuples(rows); ++row)
+        for (int row = 0; row < PQntuples(&rows); ++row)
             changes += StoreChange{cell(row, 0).toLongLong(), cell(row, 1).toLongLong(),
                                    Unescaped(QString::fromUtf8(cell(row, 2)))};
         return changes;
-    }
-
-    void forgetAsked() {
-        if (std::exchange(asked_, false) && database_.isOpen()) {
-            while (const Answer answer{PQgetResult(handle()), &PQclear}) {
-            }
-        }
     }
 
     QList<StoreChange> news(qint64 known) {
@@ -371,7 +408,9 @@ private:
 
     // Sends what is collected; gives the answer of the last statement.
     QSqlQuery send() {
-        forgetAsked();
+        if (way_ == OnTheWay::Changes)
+            expectChangesDone();
+        forgetWhatIsOnTheWay();
         const Batch batch = std::exchange(pending_, {});
         if (!database_.isOpen())
             throw StoreError(u"the connection to PostgreSQL is broken"_s);
@@ -387,7 +426,8 @@ private:
         throw FailureOf(query);
     }
 
-    using Answer = std::unique_ptr<PGresult, decltype(&PQclear)>;
+    // Sent, and its answer is still to be taken.
+    enum class OnTheWay { Nothing, Question, Changes };
 
     Use use_;
     ConnectionName connection_;
@@ -396,7 +436,7 @@ private:
         prepared_; // names of statements by the address of their text
     Batch pending_;
     bool viewing_ = false;
-    bool asked_ = false; // the log, whose answer is still to be taken
+    OnTheWay way_ = OnTheWay::Nothing;
     bool readOnly_ = false;
     QElapsedTimer failed_; // since the last attempt to connect, when that has failed
     QString failure_;
