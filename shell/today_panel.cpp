@@ -81,6 +81,8 @@ void HouseBar::paintEvent(QPaintEvent*) {
     int rooms = 0;
     for (const StatusShare& share : shares_)
         rooms += share.rooms;
+    if (rooms == 0)
+        return;
     QPainter painter(this);
     int before = 0;
     for (const StatusShare& share : shares_) {

@@ -12,21 +12,21 @@ constexpr int kNone = -1;
 
 struct Way {
     TodayKind kind;
+    int column;          // of the line: what the screen is opened with
     QStringView control; // of the entry
     QStringView screen;
-    int column; // of the line: what the screen is opened with
 };
 
 // A cashier checks out who leaves, others look who it is.
 constexpr Way kWays[] = {
-    {TodayKind::House, u"Ftxx_cmd", u"Ftxxfrm", kNone},
-    {TodayKind::House, u"Rzjd_cmd", u"RzjdFrm", kNone},
-    {TodayKind::Arrivals, u"Ydgl_cmd", u"frmYD", 4},
-    {TodayKind::Departures, u"Jztf_cmd", u"JztfFrm", 3},
-    {TodayKind::Departures, u"Zkcx_cmd", u"KfxxFrm", 0},
-    {TodayKind::Departures, u"ZxZkcx_cmd", u"KfxxFrm", 0},
-    {TodayKind::Balances, u"Yecy_cmd", u"FyxxFrm", 3},
-    {TodayKind::Repairs, u"Kfwh_cmd", u"frmWX", 3},
+    {TodayKind::House, kNone, u"Ftxx_cmd", u"Ftxxfrm"},
+    {TodayKind::House, kNone, u"Rzjd_cmd", u"RzjdFrm"},
+    {TodayKind::Arrivals, 4, u"Ydgl_cmd", u"frmYD"},
+    {TodayKind::Departures, 3, u"Jztf_cmd", u"JztfFrm"},
+    {TodayKind::Departures, 0, u"Zkcx_cmd", u"KfxxFrm"},
+    {TodayKind::Departures, 0, u"ZxZkcx_cmd", u"KfxxFrm"},
+    {TodayKind::Balances, 3, u"Yecy_cmd", u"FyxxFrm"},
+    {TodayKind::Repairs, 3, u"Kfwh_cmd", u"frmWX"},
 };
 
 const Way* OfferedWay(TodayKind kind) {

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <deque>
 #include <random>
 
@@ -21,7 +22,7 @@ public:
     explicit Dice(quint64 seed) : engine_(seed) {}
 
     // 0 to n - 1. The library's own distributions differ from one to the next.
-    int below(int n) { return int(engine_() % quint64(n)); }
+    int below(int n) { return int(engine_() % quint64(std::max(n, 1))); }
     int between(int least, int most) { return least + below(most - least + 1); }
     bool chance(int percent) { return below(100) < percent; }
 

@@ -135,10 +135,10 @@ CheckOutcome CheckPunches(AttendanceDay& day) {
     const QList<int> marked = MarkPunches(day);
     outcome.marked = int(marked.size());
     for (const int row : marked) {
+        if (!outcome.notice)
+            outcome.notice = UpdatePunchRecord(day, row, {kMark});
         if (outcome.notice)
             day.punches.setText(row, kMark, {}); // not written, and to be found again
-        else if ((outcome.notice = UpdatePunchRecord(day, row, {kMark})))
-            day.punches.setText(row, kMark, {});
     }
     return outcome;
 }

@@ -317,6 +317,16 @@ private Q_SLOTS:
         QVERIFY(desk_->isVisible());
         OpenScreen(u"FrmKq"); // it stands
         QCOMPARE(list().dataRows(), 5);
+
+        // Whoever has just punched sees his line.
+        auto* grid = in<GridView>("Kqqd");
+        for (int row = 6; row <= 30; ++row) {
+            punch(u"12"_s);
+            QCOMPARE(list().dataRows(), row);
+            const QRect line = grid->visualRect(grid->model()->index(row - 1, 0));
+            QVERIFY2(grid->viewport()->rect().contains(line.center()),
+                     qPrintable(QString::number(row)));
+        }
     }
 
     // Who types while another one's punch is on its way is not lost; the timer takes one after the other.

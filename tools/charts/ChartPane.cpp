@@ -79,15 +79,13 @@ void ChartPane::keyPressEvent(QKeyEvent* event) {
     const int last = int(chart_.labels.size()) - 1;
     if (event->matches(QKeySequence::Save))
         SaveChartPicture(Chart(chart_)); // the pane may be gone before the question is answered
-    else if (last < 0)
-        QWidget::keyPressEvent(event);
-    else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Down)
+    else if (last >= 0 && (event->key() == Qt::Key_Right || event->key() == Qt::Key_Down))
         goToLabel(label_ + 1);
-    else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Up)
+    else if (last >= 0 && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Up))
         goToLabel(label_ - 1);
-    else if (event->key() == Qt::Key_Home)
+    else if (last >= 0 && event->key() == Qt::Key_Home)
         goToLabel(0);
-    else if (event->key() == Qt::Key_End)
+    else if (last >= 0 && event->key() == Qt::Key_End)
         goToLabel(last);
     else
         QWidget::keyPressEvent(event);
