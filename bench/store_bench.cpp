@@ -2,7 +2,8 @@
 // of 500 characters among 20000, by 1, 16 and 100 connections that each wait for their answer.
 //
 // The bare database is asked by its own load program with prepared statements, for the same rows of the same
-// tables. Without PostgreSQL on the machine only the embedded store is measured.
+// tables. Then two servers of one database stand beside one, with half of the connections each. Without
+// PostgreSQL on the machine only the embedded store is measured.
 
 #include "bench/ratio.h"
 #include "bench/wire_client.h"
@@ -13,6 +14,7 @@
 
 #include <atomic>
 #include <latch>
+#include <string>
 #include <thread>
 
 #include <QCoreApplication>
@@ -52,7 +54,6 @@ void Fill(const QString& place) {
 class ServerOver {
 public:
     explicit ServerOver(const QString& place) {
-        Fill(place);
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process_.start(
             QCoreApplication::applicationDirPath() + u"/qvrd"_s,
@@ -69,8 +70,11 @@ public:
         process_.waitForFinished();
     }
 
-    // Acts a second. As the database's own load program does, two threads serve all connections.
-    double rate(Act act, int connections) const {
+    double rate(Act act, int connections) const { return Rate({this}, act, connections); }
+
+    // Acts a second. As the database's own load program does, two threads serve all connections. Of several
+    // servers each gets the same share of either thread's connections.
+    static double Rate(const std::vector<const ServerOver*>& servers, Act act, int connections) {
         std::atomic<int> done = 0;
         std::atomic<bool> stop = false;
         std::latch ready(kThreads + 1);
@@ -78,8 +82,10 @@ public:
         for (int i = 0; i < kThreads; ++i)
             threads.emplace_back([&, i] {
                 std::vector<std::unique_ptr<Client>> clients;
-                for (int n = i; n < connections; n += kThreads)
-                    clients.emplace_back(std::make_unique<Client>(port_))->logIn();
+                for (int n = i; n < connections; n += kThreads) {
+                    const ServerOver* server = servers[size_t(n / kThreads) % servers.size()];
+                    clients.emplace_back(std::make_unique<Client>(server->port_))->logIn();
+                }
                 load(act, clients, ready, stop, done);
             });
         ready.arrive_and_wait();
@@ -182,7 +188,29 @@ double Median(std::array<double, kRounds> rates) {
 
 using Rate = std::function<double(Act, int)>;
 
-// A line for each number of connections; gives the medians in the order of `rates`.
+// Two servers of one store by one of them, taken by turns: what a second one adds. They share the machine's
+// processors with the database and with those who ask.
+void CompareTwo(const ServerOver& one, const ServerOver& other) {
+    for (const Act act : kActs) {
+        const char* name = act == Act::Read ? "reads" : "durable writes";
+        for (const int connections : {16, 100}) {
+            std::array<double, kRounds> ones;
+            std::array<double, kRounds> twos;
+            for (size_t round = 0; round < kRounds; ++round) {
+                ones[round] = one.rate(act, connections);
+                twos[round] = ServerOver::Rate({&one, &other}, act, connections);
+            }
+            std::printf("%s a second, %d connections: one qvrd %.0f two %.0f\n", name, connections,
+                        Median(ones), Median(twos));
+            const std::string ratio = std::string("one_by_two_servers_") +
+                                      (act == Act::Read ? "reads_of_" : "writes_of_") +
+                                      std::to_string(connections);
+            PrintRatio(ratio.c_str(), Median(ones) / Median(twos), 1 / 1.5);
+        }
+    }
+}
+
+// A line for each number of connections.
 void Compare(const std::vector<std::pair<const char*, Rate>>& rates) {
     for (const Act act : kActs) {
         const char* name = act == Act::Read ? "reads" : "durable writes";
@@ -208,6 +236,7 @@ void Compare(const std::vector<std::pair<const char*, Rate>>& rates) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
+    Fill(folder.path());
     const ServerOver embedded(folder.path());
     std::vector<std::pair<const char*, Rate>> rates;
     rates.emplace_back("embedded", [&](Act act, int n) { return embedded.rate(act, n); });
@@ -218,10 +247,13 @@ int main(int argc, char** argv) {
         return 0;
     }
     const PrivatePostgres postgres(PrivatePostgres::Disk::Flushed);
-    const ServerOver served(u"postgresql: "_s + postgres.connection());
+    const QString place = u"postgresql: "_s + postgres.connection();
+    Fill(place);
+    const ServerOver served(place);
     const BareDatabase bare(postgres);
     rates.emplace_back("PostgreSQL through qvrd",
                        [&](Act act, int n) { return served.rate(act, n); });
     rates.emplace_back("bare PostgreSQL", [&](Act act, int n) { return bare.rate(act, n); });
     Compare(rates);
+    CompareTwo(served, ServerOver(place));
 }
