@@ -174,7 +174,7 @@ double AnalysedDay(int people, bool told) {
         read += ReadProject(file, punch_record::kProject).size();
         EnsureProject(file, absence_record::kProject);
         read += SaveProject(u"bare.qvr", absence_record::kProject, absences);
-        for (int entry = 0; entry < 3; ++entry)
+        for (int entry = 0; entry < 4; ++entry)
             SaveLogRec(u"当天统计数据"_s, {});
         EnsureProject(u"bare.qvr", day_result::kPeopleProject);
         EnsureProject(u"bare.qvr", day_result::kShiftProject);

@@ -35,7 +35,8 @@ namespace {
 
 constexpr int kTick = 1000;
 constexpr int kTicksToSetClock = 3000;
-constexpr int kFewestTicksToRefresh = 2000; // drawn at random, so that desks don't refresh together
+constexpr int kFewestTicksToRefresh = 2000;
+constexpr int kMostTicksToRefresh = 3000;
 constexpr int kTicksToTryServer = 3;
 constexpr int kNoticeMilliseconds = 3000;
 constexpr int kRowsInView = 11;
@@ -76,6 +77,11 @@ QLineEdit* ByTheWay(const QString& name) {
     field->setObjectName(name);
     field->setFocusPolicy(Qt::ClickFocus);
     return field;
+}
+
+// Drawn at random, so that desks don't refresh together.
+int TicksToRefresh() {
+    return QRandomGenerator::global()->bounded(kFewestTicksToRefresh, kMostTicksToRefresh + 1);
 }
 
 QString WeekdayName(QDate day) {
@@ -205,9 +211,7 @@ void FrmKq::load(const QVariant&) {
     login_ = std::make_unique<DeskLogin>();
     ComBm->addItems(StaffDepartments());
     DevPos->setText(CurrentSession().userName);
-    refreshIn_ =
-        kFewestTicksToRefresh +
-        int(QRandomGenerator::global()->bounded(kTicksToSetClock - kFewestTicksToRefresh + 1));
+    refreshIn_ = TicksToRefresh();
     camera_ = Camera::Installed().CamConnect(Param(u"CamDev"));
     Zp->setVisible(camera_);
     FreshCmd_Click();
@@ -437,8 +441,10 @@ void FrmKq::Timer1_Timer() {
         }
     }
     Timer1->setProperty("Tag", ticks);
-    if (ticks == refreshIn_ && ComBh->text().isEmpty() && ParamOn(u"KqQdSx"))
+    if (--refreshIn_ <= 0 && ComBh->text().isEmpty() && ParamOn(u"KqQdSx")) {
+        refreshIn_ = TicksToRefresh();
         FreshCmd_Click();
+    }
     if (KqBuf->count() > 0) {
         Timer1->stop();
         const std::unique_ptr<QListWidgetItem> first(KqBuf->takeItem(0));

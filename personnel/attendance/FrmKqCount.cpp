@@ -144,13 +144,13 @@ void FrmKqCount::CmdBbCount_Click() {
     GridView* list = lists_[kReportPage];
     Tabs->setCurrentIndex(kReportPage);
     list->table().clearRows();
-    const bool finished = ReportMonths(period->first, period->second, list->table(), walk());
+    const ReportEnd end = ReportMonths(period->first, period->second, list->table(), walk());
     for (int column = 3; column < list->table().cols(); ++column)
         list->setColumnAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     list->refresh();
     list->autoFit();
-    setStatus(u"共 %1 人"_s.arg(list->table().dataRows()));
-    if (finished)
+    setStatus(u"共 %1 人"_s.arg(list->table().dataRows()) + UnreadDays(end.unread));
+    if (end.finished)
         MsgBox(u"本期报表统计结束！"_s, u"提示"_s);
     else
         setStatus(u"尚未完成统计，中途停止！"_s);

@@ -114,7 +114,8 @@ void FrmTj::CmdTj_Click() {
                   });
     showResult(result);
     if (result.finished)
-        setStatus(u"文件:"_s + lastFile_ + u",共有:"_s + QString::number(result.persons));
+        setStatus(u"文件:"_s + lastFile_ + u",共有:"_s + QString::number(result.persons) +
+                  UnreadDays(result.unread));
     else
         setStatus(u"尚未完成统计，中途停止！"_s);
 }

@@ -266,14 +266,18 @@ QStringList ReportColumns() {
             u"请假天数"_s, u"旷工天数"_s, u"出差天数"_s, u"休假天数"_s, u"加班时间"_s};
 }
 
-bool ReportMonths(QDate first, QDate last, TextTable& list, const DayProgress& progress) {
+ReportEnd ReportMonths(QDate first, QDate last, TextTable& list, const DayProgress& progress) {
     Reports reports;
+    ReportEnd end;
     const auto [oldest, newest] = MonthsOnFile(first, last);
-    const bool finished = EachDay(oldest, newest, progress, [&](QDate, const QString& file) {
+    if (oldest > newest) // or nobody answers
+        end.unread = ReadProjectToChange(AttendanceFile(first), punch_record::kProject).failed();
+    end.finished = EachDay(oldest, newest, progress, [&](QDate, const QString& file) {
         TextTable punches(PunchColumns());
         TextTable absences(AbsenceColumns());
-        LoadProjectAsList(file, punch_record::kProject, punches);
-        LoadProjectAsList(file, absence_record::kProject, absences);
+        const Reading readings[] = {LoadProjectAsList(file, punch_record::kProject, punches),
+                                    LoadProjectAsList(file, absence_record::kProject, absences)};
+        end.unread += std::ranges::count(readings, Reading::Failed) > 0;
         ReportPunches(punches, reports);
         ReportAbsences(absences, reports);
     });
@@ -286,7 +290,7 @@ bool ReportMonths(QDate first, QDate last, TextTable& list, const DayProgress& p
             cells.append(days.text(u"#0.0"));
         list.addRow(cells);
     }
-    return finished;
+    return end;
 }
 
 } // namespace hotel

@@ -43,8 +43,12 @@ bool AskAttendance(AttendanceQuestion question, const AttendanceCondition& condi
 // person: 编号 姓名 所在部门 迟到次数 早退次数 请假天数 旷工天数 出差天数 休假天数 加班时间. Late and early count by the
 // punches; days by the category of the absence: 请假, 事假 and 病假 are leave, 旷工 absence, 因公出差 and 出差 travel, 休假
 // and 换休 holidays. Overtime is in hours: from the first to the last punch of a day outside all periods, and what
-// absences of the kind 加班 say. False when it was stopped.
+// absences of the kind 加班 say.
 QStringList ReportColumns();
-bool ReportMonths(QDate first, QDate last, TextTable& list, const DayProgress& progress = {});
+struct ReportEnd {
+    bool finished = true; // false: stopped
+    int unread = 0;       // days of which punches or absences could not be read
+};
+ReportEnd ReportMonths(QDate first, QDate last, TextTable& list, const DayProgress& progress = {});
 
 } // namespace hotel

@@ -7,6 +7,7 @@
 #include "platform/clock.h"
 #include "record/literals.h"
 #include "record/record_text.h"
+#include "session/operation_log.h"
 #include "session/session.h"
 
 namespace hotel {
@@ -140,6 +141,7 @@ CheckOutcome CheckPunches(AttendanceDay& day) {
         if (outcome.notice)
             day.punches.setText(row, kMark, {}); // not written, and to be found again
     }
+    SaveLogRec(u"自动检查考勤记录操作"_s, day.date.toString(u"yyyy-MM-dd"));
     return outcome;
 }
 

@@ -32,7 +32,7 @@ std::optional<Notice> UpdatePunchRecord(AttendanceDay& day, int row,
 // Gives the rows marked, which stay in view until the check is made once more. Writes nothing.
 QList<int> MarkPunches(AttendanceDay& day);
 
-// The whole act: what it marks is written. The notice is that of the first failure.
+// The whole act: what it marks is written, and the check logged. The notice is that of the first failure.
 struct CheckOutcome {
     int marked = 0;
     std::optional<Notice> notice;

@@ -31,4 +31,8 @@ std::optional<std::pair<QDate, QDate>> PeriodOf(const FieldForm& form) {
     return std::pair(first, last);
 }
 
+QString UnreadDays(int days) {
+    return days == 0 ? QString() : u"，%1 天读取失败"_s.arg(days);
+}
+
 } // namespace hotel

@@ -20,4 +20,7 @@ void ProposeThisMonth(FieldForm& form);
 // The period typed; nothing where it is none, which the user is told.
 std::optional<std::pair<QDate, QDate>> PeriodOf(const FieldForm& form);
 
+// What stands behind the result in the status where days could not be read; empty where all could.
+QString UnreadDays(int days);
+
 } // namespace hotel

@@ -296,6 +296,7 @@ PeriodStatistics SumPeriod(QDate first, QDate last, const QString& department,
     Summing summing(department);
     const int total = int(first.daysTo(last)) + 1;
     bool finished = true;
+    int unread = 0;
     for (int done = 0; done < total && finished; ++done) {
         const QDate day = first.addDays(done);
         const QString file = DayResultFile(day);
@@ -303,12 +304,18 @@ PeriodStatistics SumPeriod(QDate first, QDate last, const QString& department,
             finished = false;
             break;
         }
-        const QString people = ReadProject(file, day_result::kPeopleProject);
-        if (!people.isEmpty())
-            summing.addDay(day, people, ReadProject(file, day_result::kShiftProject));
+        const RecordRead people = ReadProjectToChange(file, day_result::kPeopleProject);
+        const RecordRead shifts = people.outcome == Reading::Present
+                                      ? ReadProjectToChange(file, day_result::kShiftProject)
+                                      : people;
+        if (shifts.failed())
+            ++unread;
+        else
+            summing.addDay(day, people.value, shifts.value);
     }
     PeriodStatistics result = summing.result();
     result.finished = finished;
+    result.unread = unread;
     return result;
 }
 

@@ -21,6 +21,7 @@ struct PeriodStatistics {
     TextTable departments; // 所在部门, likewise
     int persons = 0;
     bool finished = true; // false: stopped, and the sums are those of the days that were read
+    int unread = 0;       // days whose results may stand on the server, and are not in the sums
 };
 
 // What days and departments are compared by.

@@ -367,6 +367,17 @@ private Q_SLOTS:
                       [&days](const QString&, int, int) { return days++ < 1; });
         QVERIFY(!stopped.finished && all.finished);
         QCOMPARE(stopped.people.text(3, u"出勤次数"), u"1"_s);
+        // Days that could not be read are told from those that were not saved.
+        QCOMPARE(all.unread, 0);
+        const PeriodStatistics cut =
+            SumPeriod(QDate(2026, 2, 28), QDate(2026, 3, 2), u"所有部门"_s,
+                      [this](const QString&, int done, int) {
+                          if (done == 1)
+                              hotel_->stopServer();
+                          return true;
+                      });
+        QCOMPARE(cut.unread, 2);
+        QCOMPARE(Rows(cut.people, {u"编号"_s, u"出勤次数"_s}).last(), u"合计 1"_s);
     }
 
     void questionsAndTheReport() {
@@ -422,7 +433,8 @@ private Q_SLOTS:
         PutPunch(u"0013 18:01:00 2026-03-05 早班 下班 正常"_s);
         PutPunch(u"0013 17:59:00 2026-03-04 早班 上班 早退"_s); // a state by hand
         PutPunch(u"0013 18:02:00 2026-03-04 早班 下班 迟到"_s);
-        QVERIFY(ReportMonths(QDate(2026, 3, 4), QDate(2026, 3, 5), report));
+        const ReportEnd end = ReportMonths(QDate(2026, 3, 4), QDate(2026, 3, 5), report);
+        QVERIFY(end.finished && end.unread == 0);
         QCOMPARE(Rows(report, report.headers()),
                  QStringList({u"0012 员0012 前厅部 1 1 0.0 0.0 2.0 1.0 1.5"_s,
                               u"0013 员0013 前厅部 0 0 0.5 1.0 3.0 0.0 0.0"_s,
@@ -436,7 +448,16 @@ private Q_SLOTS:
         ReportMonths(QDate(2026, 3, 20), QDate(2026, 3, 1), report, count);
         QCOMPARE(days, 31); // whole months
         QVERIFY(!ReportMonths(QDate(2026, 3, 1), QDate(2026, 3, 1), report,
-                              [](const QString&, int, int) { return false; }));
+                              [](const QString&, int, int) { return false; })
+                     .finished);
+        // The server goes away behind the first day; and before the first.
+        const auto cut = [this](const QString&, int done, int) {
+            if (done == 1)
+                hotel_->stopServer();
+            return true;
+        };
+        QCOMPARE(ReportMonths(QDate(2026, 3, 1), QDate(2026, 3, 1), report, cut).unread, 30);
+        QCOMPARE(ReportMonths(QDate(2026, 3, 1), QDate(2026, 3, 1), report).unread, 1);
     }
 
     // A personnel clerk's morning, by keys.
@@ -449,6 +470,8 @@ private Q_SLOTS:
         QCOMPARE(list("Kqqd").dataRows(), 3);
         QCOMPARE(list("Kqqd").headers().last(), u"记录号"_s);
         press(Qt::Key_F5);
+        QCOMPARE(hotel_->logged(u"操作内容") + u'|' + hotel_->logged(u"备注"),
+                 u"自动检查考勤记录操作|2026-03-05"_s);
         QCOMPARE(list("Kqqd").text(2, u"标记"), u"删除"_s);
         QCOMPARE(stored(u"260305082100"_s, u"标记"), u"删除"_s);
         press(Qt::Key_F5);
@@ -573,6 +596,10 @@ private Q_SLOTS:
         QTimer::singleShot(0, screen_, [this] { screen_->requestStop(); });
         QMetaObject::invokeMethod(screen_->command(u"CmdTj"), "click");
         QTRY_VERIFY(status(u"尚未完成统计，中途停止！"_s));
+        hotel_->stopServer();
+        in<QLineEdit>("KsDate")->setText(u"2026-03-04"_s);
+        press(Qt::Key_F5);
+        QVERIFY(status(u"文件:Kqtj\\2603\\260305.qvr,共有:0，2 天读取失败"_s));
     }
 
     void theSearchAndTheReportByKeys() {

@@ -426,6 +426,35 @@ private Q_SLOTS:
         QCOMPARE(Clock::TimeText(), u"09:30:00"_s);
         QCOMPARE(in<QTimer>("Timer1")->property("Tag").toInt(), 0);
     }
+
+    // Other desks' punches come by themselves, within 2000 to 3000 seconds, but never under somebody's fingers.
+    void theListRefreshesItself() {
+        SetParam(u"KqQdSx", u"1"_s);
+        open();
+        StaffDirectory directory;
+        const auto atAnotherDesk = [&] {
+            QVERIFY(PunchFile().save(PreparePunch(directory, u"56")));
+        };
+        atAnotherDesk();
+        for (int second = 1; second < 2000; ++second)
+            tick();
+        QCOMPARE(list().dataRows(), 0);
+        TypeText(desk_->focusWidget(), u"1"_s);
+        for (int second = 2000; second <= 3001; ++second)
+            tick();
+        QCOMPARE(list().dataRows(), 0);
+        QTest::keyClick(desk_->focusWidget(), Qt::Key_Backspace);
+        tick();
+        QCOMPARE(list().dataRows(), 1);
+        // And once more.
+        atAnotherDesk();
+        for (int second = 1; second < 2000; ++second)
+            tick();
+        QCOMPARE(list().dataRows(), 1);
+        for (int second = 2000; second <= 3000; ++second)
+            tick();
+        QCOMPARE(list().dataRows(), 2);
+    }
 };
 
 HOTEL_TEST(PunchingTest)
