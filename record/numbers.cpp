@@ -212,19 +212,28 @@ std::optional<Money> PlainAmount(QStringView text) {
     return Money::FromUnits(units);
 }
 
-// An amount by "#0.00", as nearly all are written.
-QString CentsText(qint64 units) {
-    constexpr quint64 kUnitsACent = 100;
-    constexpr int kLeastDigits = 3;
+// A whole number as most are stored: a few digits and nothing else. Nothing for any other text.
+std::optional<int> PlainDigits(QStringView text) {
+    constexpr qsizetype kMostDigits = 9;
+    if (text.isEmpty() || text.size() > kMostDigits || !std::ranges::all_of(text, IsDigit))
+        return std::nullopt;
+    int number = 0;
+    for (const QChar digit : text)
+        number = 10 * number + (digit.unicode() - u'0');
+    return number;
+}
+
+// An amount by "#0.00" or "#0.0", as nearly all are written; a last unit has so many ten-thousandths.
+QString FixedText(qint64 units, int decimals, quint64 unitsOfLast) {
     const quint64 size = units < 0 ? 0 - quint64(units) : quint64(units);
-    quint64 cents = (size + kUnitsACent / 2) / kUnitsACent;
-    const bool negative = units < 0 && cents > 0;
+    quint64 rest = (size + unitsOfLast / 2) / unitsOfLast;
+    const bool negative = units < 0 && rest > 0;
     std::array<char16_t, 24> text{};
     size_t first = text.size();
-    for (int digits = 0; cents > 0 || digits < kLeastDigits; ++digits, cents /= 10) {
-        if (digits == 2)
+    for (int digits = 0; rest > 0 || digits <= decimals; ++digits, rest /= 10) {
+        if (digits == decimals)
             text[--first] = u'.';
-        text[--first] = char16_t(u'0' + cents % 10);
+        text[--first] = char16_t(u'0' + rest % 10);
     }
     if (negative)
         text[--first] = u'-';
@@ -234,6 +243,8 @@ QString CentsText(qint64 units) {
 } // namespace
 
 double LeadingNumber(QStringView text) {
+    if (const auto digits = PlainDigits(text))
+        return *digits;
     const Decimal decimal = ReadDecimal(text);
     if (decimal.digits.empty())
         return 0;
@@ -274,7 +285,9 @@ Money Money::FromText(QStringView text) {
 
 QString Money::text(QStringView format) const {
     if (format == u"#0.00")
-        return CentsText(units_);
+        return FixedText(units_, 2, 100);
+    if (format == u"#0.0")
+        return FixedText(units_, 1, 1000);
     Decimal decimal = FromInteger(units_);
     decimal.point -= 4;
     return Formatted(decimal, format);
@@ -285,6 +298,8 @@ QString FormatNumber(double value, QStringView format) {
 }
 
 QString FormatNumber(qint64 value, QStringView format) {
+    if (format == u"#0")
+        return QString::number(value);
     return Formatted(FromInteger(value), format);
 }
 

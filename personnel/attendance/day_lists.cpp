@@ -19,6 +19,7 @@ QStringList Columns(std::initializer_list<QStringView> names) {
 
 RowsOfPeople RowsBy(const TextTable& list) {
     RowsOfPeople rows;
+    rows.reserve(list.dataRows());
     const int number = list.column(punch_record::kNumber);
     for (int row = 1; row < list.rows(); ++row)
         rows[list.row(row)[number]].append(row);
@@ -76,8 +77,11 @@ void AddDuePeriods(TextTable& periods, const QStringList& person, QStringView pe
 void AddPerson(AttendanceDay& day, const QString& number, const QString& name,
                const QString& department) {
     for (TextTable* list : {&day.statistics, &day.shifts}) {
-        const int row = list->addRow({number, name});
-        list->setText(row, punch_record::kDepartment, department);
+        QStringList cells(list->cols());
+        cells[0] = number;
+        cells[1] = name;
+        cells.last() = department;
+        list->addRow(cells);
     }
 }
 

@@ -57,6 +57,12 @@ QString Tenths(Money value) {
     return value == Money() ? u"0.0"_s : value.text(u"#0.0");
 }
 
+// "#0", which is 0 or 1 for nearly everybody.
+QString Count(int count) {
+    static const QString kUsual[] = {u"0"_s, u"1"_s};
+    return count == 0 || count == 1 ? kUsual[count] : QString::number(count);
+}
+
 QString Hours(qint64 seconds) {
     constexpr qint64 kSecondsATenth = kSecondsAnHour / 10;
     constexpr qint64 kUnitsATenth = 1000;
@@ -186,13 +192,12 @@ bool Excuses(QStringView category) {
 
 void Show(TextTable& statistics, int row, const PersonSum& sum) {
     const QStringList cells = statistics.row(row);
-    statistics.setRow(
-        row, {cells[0], cells[1], QString::number(sum.attended), Hours(sum.there), Hours(sum.due),
-              QString::number(sum.overtimes), Hours(sum.overtime), QString::number(sum.late),
-              QString::number(sum.lateMinutes), QString::number(sum.early),
-              QString::number(sum.earlyMinutes), QString::number(sum.leaves), Tenths(sum.leaveDays),
-              QString::number(sum.sick), Tenths(sum.sickDays), QString::number(sum.missed),
-              Tenths(sum.missedDays), Tenths(sum.away), cells.last()});
+    statistics.setRow(row, {cells[0], cells[1], Count(sum.attended), Hours(sum.there),
+                            Hours(sum.due), Count(sum.overtimes), Hours(sum.overtime),
+                            Count(sum.late), Count(sum.lateMinutes), Count(sum.early),
+                            Count(sum.earlyMinutes), Count(sum.leaves), Tenths(sum.leaveDays),
+                            Count(sum.sick), Tenths(sum.sickDays), Count(sum.missed),
+                            Tenths(sum.missedDays), Tenths(sum.away), cells.last()});
 }
 
 // False when the person has more shifts than there are groups.
@@ -200,7 +205,7 @@ bool ShowShifts(TextTable& list, int row, const QList<ShiftSum>& shifts) {
     QStringList cells = {list.row(row)[0], list.row(row)[1]};
     for (qsizetype i = 0; i < kShiftGroups; ++i) {
         if (i < shifts.size())
-            cells << shifts[i].name << QString::number(shifts[i].times) << Hours(shifts[i].due)
+            cells << shifts[i].name << Count(shifts[i].times) << Hours(shifts[i].due)
                   << Hours(shifts[i].there);
         else
             cells << QString() << QString() << QString() << QString();
@@ -251,7 +256,8 @@ std::optional<Notice> ComputeStatistics(AttendanceDay& day, const AnalysisSettin
         PersonDay sums(day, settings);
         for (const int periodRow : periods) {
             const ShiftPeriod period = PeriodOfRow(day.periods, periodRow);
-            sums.attend(period, punches, excused.contains(person + u'|' + period.name));
+            sums.attend(period, punches,
+                        !excused.isEmpty() && excused.contains(person + u'|' + period.name));
         }
         if (periods.isEmpty())
             sums.workOvertime(punches);

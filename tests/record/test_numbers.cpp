@@ -26,6 +26,9 @@ private Q_SLOTS:
         row(u"1.2.3"_s, 1.2);
         row(u"1,200"_s, 1);
         row(u"007"_s, 7);
+        row(u"0"_s, 0);
+        row(u"999999999"_s, 999999999);
+        row(u"9999999999"_s, 9999999999.0);
         row(u"1e3"_s, 1000);
         row(u"1D-2x"_s, 0.01);
         row(u"12e+元"_s, 12);
@@ -68,7 +71,9 @@ private Q_SLOTS:
         QCOMPARE(FormatNumber(Q_INT64_C(9223372036854775807), u"#0"), u"9223372036854775807"_s);
         QCOMPARE(FormatNumber(std::numeric_limits<qint64>::min(), u"#0.0"),
                  u"-9223372036854775808.0"_s);
-        QCOMPARE(FormatNumber(3, u"00"), u"03"_s);
+        QCOMPARE(FormatNumber(std::numeric_limits<qint64>::min(), u"#0"),
+                 u"-9223372036854775808"_s);
+        QCOMPARE(FormatNumber(0, u"#0") + FormatNumber(3, u"00"), u"003"_s);
     }
 
     void formatText() {
@@ -90,6 +95,11 @@ private Q_SLOTS:
         QCOMPARE(sum.units(), 1000000);
         QCOMPARE((sum - Money::FromText(u"100.01")).text(), u"-0.01"_s);
         QCOMPARE((-sum).text(u"#0.0"), u"-100.0"_s);
+        const auto tenths = [](qint64 units) { return Money::FromUnits(units).text(u"#0.0"); };
+        QCOMPARE(tenths(0) + u' ' + tenths(499) + u' ' + tenths(500) + u' ' + tenths(9499) + u' ' +
+                     tenths(9500) + u' ' + tenths(-499) + u' ' + tenths(-500) + u' ' +
+                     tenths(123456),
+                 u"0.0 0.0 0.1 0.9 1.0 0.0 -0.1 12.3"_s);
     }
 
     void moneyReadsFourDecimals() {
@@ -116,6 +126,7 @@ private Q_SLOTS:
         const auto writes = [](qint64 units) {
             const Money money = Money::FromUnits(units);
             Check(qPrintable(QString::number(units)), money.text(), money.text(u"0.00"));
+            Check(qPrintable(QString::number(units)), money.text(u"#0.0"), money.text(u"0.0"));
         };
         for (const qint64 units :
              {0LL, 1LL, 49LL, 50LL, 99LL, 149LL, 150LL, 9949LL, 9950LL, 10000LL, 999949LL, 999950LL,
