@@ -31,6 +31,7 @@ constexpr DemoShift kOfficeShifts[] = {{u"行政班", u"08:30:00", u"17:30:00", 
 constexpr DemoShift kEarlyShifts[] = {{u"早班", u"07:00:00", u"15:30:00", u"常规"}};
 constexpr DemoShift kLateShifts[] = {{u"中班", u"15:00:00", u"23:30:00", u"常规"}};
 constexpr DemoShift kNightShifts[] = {{u"夜班", u"23:00:00", u"07:30:00", u"常规"}};
+// Two early ones, one late, two nights, two days off.
 constexpr DemoShift kTurns[] = {{u"早班", u"07:00:00", u"15:30:00", u"倒班"},
                                 {u"中班", u"15:00:00", u"23:30:00", u"倒班"},
                                 {u"夜班", u"23:00:00", u"07:30:00", u"倒班"}};
@@ -49,7 +50,7 @@ struct DemoEmployee {
     QStringView department;
     QStringView post;
     Shifts shifts;
-    QStringView week; // Monday first
+    QStringView week; // Monday first: the how manieth of his shifts, 0: off
     QStringView education;
 };
 constexpr DemoEmployee kEmployees[] = {
@@ -58,14 +59,14 @@ constexpr DemoEmployee kEmployees[] = {
     {u"谢雨桐", u"女", u"19880923", u"总经理办公室", u"文员", kOffice, u"1111100", u"大专"},
     {u"胡振邦", u"男", u"19750618", u"总经理办公室", u"总经理助理", kOffice, u"1111100", u"硕士"},
     // --- 前厅部 ---
-    {u"林晓燕", u"女", u"19920314", u"前厅部", u"领班", kRotating, u"1111111", u"大专"},
-    {u"陈志远", u"男", u"19861107", u"前厅部", u"主管", kRotating, u"1111111", u"本科"},
-    {u"孙小梅", u"女", u"19900225", u"前厅部", u"总机话务员", kRotating, u"1111111", u"大专"},
+    {u"林晓燕", u"女", u"19920314", u"前厅部", u"领班", kRotating, u"1123300", u"大专"},
+    {u"陈志远", u"男", u"19861107", u"前厅部", u"主管", kRotating, u"0112330", u"本科"},
+    {u"孙小梅", u"女", u"19900225", u"前厅部", u"总机话务员", kRotating, u"0011233", u"大专"},
     {u"吴小军", u"男", u"20040716", u"前厅部", u"实习生", kEarly, u"1111001", u"大专"},
     {u"曾丽萍", u"女", u"19950809", u"前厅部", u"前台接待员", kEarly, u"1111100", u"大专"},
     {u"彭嘉怡", u"女", u"19980130", u"前厅部", u"前台接待员", kLate, u"0111110", u"大专"},
     {u"蒋文昊", u"男", u"19961212", u"前厅部", u"前台接待员", kNight, u"0011111", u"本科"},
-    {u"唐诗韵", u"女", u"19990518", u"前厅部", u"前台接待员", kRotating, u"1111111", u"本科"},
+    {u"唐诗韵", u"女", u"19990518", u"前厅部", u"前台接待员", kRotating, u"3001123", u"本科"},
     {u"贺春兰", u"女", u"19830404", u"前厅部", u"总机话务员", kEarly, u"1100111", u"高中"},
     {u"邹美玉", u"女", u"19870821", u"前厅部", u"总机话务员", kLate, u"1110011", u"高中"},
     {u"龙志强", u"男", u"19930617", u"前厅部", u"行李员", kEarly, u"1111001", u"高中"},
@@ -120,11 +121,11 @@ constexpr DemoEmployee kEmployees[] = {
     {u"程一鸣", u"男", u"19921201", u"销售部", u"预订员", kEarly, u"0011111", u"大专"},
     // --- 财务部 ---
     {u"魏国栋", u"男", u"19740219", u"财务部", u"总监", kOffice, u"1111100", u"本科"},
-    {u"王丽娟", u"女", u"19870111", u"财务部", u"收银员", kRotating, u"1111111", u"大专"},
+    {u"王丽娟", u"女", u"19870111", u"财务部", u"收银员", kRotating, u"3300112", u"大专"},
     {u"赵国强", u"男", u"19780802", u"财务部", u"夜审员", kNight, u"1110011", u"大专"},
     {u"白雪梅", u"女", u"19820517", u"财务部", u"会计", kOffice, u"1111100", u"本科"},
     {u"江小雨", u"女", u"19940923", u"财务部", u"出纳", kOffice, u"1111100", u"大专"},
-    {u"阎晓敏", u"女", u"19910630", u"财务部", u"收银员", kRotating, u"1111111", u"大专"},
+    {u"阎晓敏", u"女", u"19910630", u"财务部", u"收银员", kRotating, u"2330011", u"大专"},
     {u"崔桂林", u"男", u"19760412", u"财务部", u"仓库保管员", kOffice, u"1111100", u"高中"},
     // --- 人力资源部 ---
     {u"何雅琴", u"女", u"19830520", u"人力资源部", u"部门经理", kOffice, u"1111100", u"本科"},
@@ -146,7 +147,7 @@ constexpr DemoEmployee kEmployees[] = {
     {u"庞志勇", u"男", u"19930527", u"保安部", u"保安员", kLate, u"0011111", u"高中"},
     {u"严明亮", u"男", u"19900212", u"保安部", u"保安员", kNight, u"1001111", u"高中"},
     {u"顾长河", u"男", u"19851123", u"保安部", u"保安员", kNight, u"1100111", u"高中"},
-    {u"孔祥瑞", u"男", u"19720705", u"保安部", u"消防监控员", kRotating, u"1111111", u"中专"},
+    {u"孔祥瑞", u"男", u"19720705", u"保安部", u"消防监控员", kRotating, u"1233001", u"中专"},
     {u"毕春生", u"男", u"19790620", u"保安部", u"车辆管理员", kEarly, u"1111001", u"高中"},
     // --- 信息中心 ---
     {u"郑文斌", u"男", u"19860328", u"信息中心", u"主管", kOffice, u"1111100", u"本科"},
@@ -186,13 +187,13 @@ QString IdentityNumber(const DemoEmployee& person, int n) {
     return number + kCheck[sum % 11];
 }
 
-QString ShiftEntry(const DemoShift& shift, QStringView week) {
+QString ShiftEntry(const DemoShift& shift, const QString& weekdays) {
     QString entry;
     const std::pair<QStringView, QString> items[] = {
         {u"班次名称", shift.name.toString()},  {u"缺勤折算", u"1"_s},
         {u"开始时间", shift.start.toString()}, {u"可提前", u"30"_s},
         {u"结束时间", shift.end.toString()},   {u"可延迟", u"30"_s},
-        {u"考勤方式", shift.mode.toString()},  {u"星期设定", week.toString()}};
+        {u"考勤方式", shift.mode.toString()},  {u"星期设定", weekdays}};
     for (const auto& [item, value] : items)
         entry = SetTag(entry, item, value);
     return entry;
@@ -241,8 +242,11 @@ QString FormOf(const DemoEmployee& person, int n) {
 QString RecordOf(const DemoEmployee& person, int n) {
     const QString fields = FormOf(person, n);
     QStringList shifts;
-    for (const DemoShift& shift : person.shifts) {
-        const QString entry = ShiftEntry(shift, person.week);
+    for (size_t i = 0; i < person.shifts.size(); ++i) {
+        QString weekdays;
+        for (const QChar turn : person.week)
+            weekdays += turn.digitValue() == int(i) + 1 ? u'1' : u'0';
+        const QString entry = ShiftEntry(person.shifts[i], weekdays);
         Expect(!RefuseEntry(kShiftPeriods, entry, shifts, shifts.size()),
                person.name + u" 的班次不对"_s);
         shifts.append(entry);

@@ -30,6 +30,7 @@ private Q_SLOTS:
         QSet<QString> cards;
         QSet<QString> documents;
         QSet<QString> shifts;
+        QSet<QString> covered; // shift and weekday
         int nights = 0;
         for (int row = 1; row < everybody.rows(); ++row) {
             const EmployeeKey key = EmployeeOfRow(everybody, row);
@@ -40,13 +41,26 @@ private Q_SLOTS:
             QVERIFY(EmployeeValue(record, u"参加工作") < u"2026-01-01"_s);
             const QStringList periods = EmployeeEntries(record, u"考勤时段");
             QVERIFY(!periods.isEmpty());
-            for (const QString& period : periods)
-                shifts.insert(GetTag(period, u"班次名称"));
+            int daysOfWeek = 0;
+            for (int weekday = 0; weekday < 7; ++weekday) {
+                int due = 0;
+                for (const QString& period : periods) {
+                    shifts.insert(GetTag(period, u"班次名称"));
+                    if (GetTag(period, u"星期设定")[weekday] == u'1') {
+                        ++due;
+                        covered.insert(GetTag(period, u"班次名称") + QString::number(weekday));
+                    }
+                }
+                QVERIFY(due <= 1); // nobody works round the clock
+                daysOfWeek += due;
+            }
+            QCOMPARE(daysOfWeek, 5);
             nights += GetTag(periods.first(), u"班次名称") == u"夜班";
         }
         QCOMPARE(cards.size(), 86);
         QCOMPARE(documents.size(), 86);
         QCOMPARE(shifts, QSet<QString>({u"早班"_s, u"中班"_s, u"夜班"_s, u"行政班"_s}));
+        QCOMPARE(covered.size(), 3 * 7 + 5); // and the offices from Monday to Friday
         QCOMPARE(nights, 5);
         QCOMPARE(StaffDepartments().size(), 12);
         const QString moved = hotel.stored(u"Ygxx\\Ygxx.QVR"_s, u"销售部"_s, u"0059"_s);
