@@ -190,10 +190,10 @@ QString IdentityNumber(const DemoEmployee& person, int n) {
 QString ShiftEntry(const DemoShift& shift, const QString& weekdays) {
     QString entry;
     const std::pair<QStringView, QString> items[] = {
-        {u"班次名称", shift.name.toString()},  {u"缺勤折算", u"1"_s},
-        {u"开始时间", shift.start.toString()}, {u"可提前", u"30"_s},
-        {u"结束时间", shift.end.toString()},   {u"可延迟", u"30"_s},
-        {u"考勤方式", shift.mode.toString()},  {u"星期设定", weekdays}};
+        {shift_period::kName, shift.name.toString()},   {shift_period::kDayValue, u"1"_s},
+        {shift_period::kStart, shift.start.toString()}, {shift_period::kEarly, u"30"_s},
+        {shift_period::kEnd, shift.end.toString()},     {shift_period::kLate, u"30"_s},
+        {shift_period::kMode, shift.mode.toString()},   {shift_period::kWeekdays, weekdays}};
     for (const auto& [item, value] : items)
         entry = SetTag(entry, item, value);
     return entry;

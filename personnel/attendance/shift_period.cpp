@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "personnel/staff/employee_lists.h"
 #include "record/field_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"
@@ -11,7 +12,6 @@ namespace hotel {
 namespace {
 
 constexpr QStringView kModes[] = {u"常规", u"时间", kRotating, u"登记"};
-constexpr QStringView kFilledUp = u"1111100";
 
 int Whole(QStringView text) {
     return int(LeadingNumber(text));
@@ -76,7 +76,7 @@ QList<ShiftPeriod> ReadShiftPeriods(QStringView periods) {
 }
 
 bool HoldsOn(QStringView weekdays, int weekday) {
-    return (weekdays.toString() + kFilledUp).at(weekday - 1) == u'1';
+    return WeekdaySetting(weekdays.toString()).at(weekday - 1) == u'1';
 }
 
 bool LiesInside(const ShiftPeriod& period, int minute) {

@@ -19,18 +19,9 @@
 #include <QStringList>
 #include <QStringView>
 
-namespace hotel {
+#include "personnel/staff/employee_records.h"
 
-namespace shift_period {
-inline constexpr QStringView kName = u"班次名称";
-inline constexpr QStringView kMode = u"考勤方式";
-inline constexpr QStringView kStart = u"开始时间";
-inline constexpr QStringView kEnd = u"结束时间";
-inline constexpr QStringView kEarly = u"可提前";
-inline constexpr QStringView kLate = u"可延迟";
-inline constexpr QStringView kWeekdays = u"星期设定";
-inline constexpr QStringView kDayValue = u"缺勤折算";
-} // namespace shift_period
+namespace hotel {
 
 // Ways of keeping time. They differ in name only, but for the rotating one, whose punches the analysis of
 // the day may move to another shift.

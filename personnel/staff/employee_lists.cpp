@@ -14,8 +14,6 @@ namespace {
 
 using namespace employee;
 
-constexpr QStringView kShiftName = u"班次名称";
-constexpr QStringView kWeekdays = u"星期设定";
 constexpr QStringView kFilledUp = u"1111100";
 constexpr qsizetype kWeek = 7;
 
@@ -61,16 +59,18 @@ std::optional<Notice> RefuseShift(const QString& entry, const QStringList& entri
         if (Lacks(entry, item))
             return Notice{u"请注意"_s, u"信息项不能空白"_s};
     }
-    const QString name = TrimWhite(EmployeeValue(entry, kShiftName));
+    const QString name = TrimWhite(EmployeeValue(entry, shift_period::kName));
     for (qsizetype n = 0; n < entries.size(); ++n) {
-        if (n != place && TrimWhite(EmployeeValue(entries[n], kShiftName)) == name)
+        if (n != place && TrimWhite(EmployeeValue(entries[n], shift_period::kName)) == name)
             return Notice{u"错误名称"_s, u"班次名称不能相同！"_s};
     }
-    if (!IsTime(EmployeeValue(entry, u"开始时间")) || !IsTime(EmployeeValue(entry, u"结束时间")))
+    if (!IsTime(EmployeeValue(entry, shift_period::kStart)) ||
+        !IsTime(EmployeeValue(entry, shift_period::kEnd)))
         return Notice{u"请注意"_s, u"开始时间、结束时间必须是“HH:mm:ss”形式的时间！"_s};
-    if (!IsMinutes(EmployeeValue(entry, u"可提前")) || !IsMinutes(EmployeeValue(entry, u"可延迟")))
+    if (!IsMinutes(EmployeeValue(entry, shift_period::kEarly)) ||
+        !IsMinutes(EmployeeValue(entry, shift_period::kLate)))
         return Notice{u"请注意"_s, u"可提前、可延迟必须是0到999分钟！"_s};
-    if (!IsWeek(EmployeeValue(entry, kWeekdays)))
+    if (!IsWeek(EmployeeValue(entry, shift_period::kWeekdays)))
         return Notice{u"请注意"_s, u"星期设定最多七位，从星期一开始，“1”为上班，“0”为休息！"_s};
     return std::nullopt;
 }

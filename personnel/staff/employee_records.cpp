@@ -49,8 +49,9 @@ constexpr QStringView kFields[] = {
     u"其它保险",   kSex,
 };
 
-constexpr QStringView kPeriodColumns[] = {u"班次名称", u"缺勤折算", u"开始时间", u"可提前",
-                                          u"结束时间", u"可延迟",   u"考勤方式", u"星期设定"};
+constexpr QStringView kPeriodColumns[] = {
+    shift_period::kName, shift_period::kDayValue, shift_period::kStart, shift_period::kEarly,
+    shift_period::kEnd,  shift_period::kLate,     shift_period::kMode,  shift_period::kWeekdays};
 constexpr QStringView kCareerColumns[] = {u"工作开始", u"工作部门", u"当时职务",
                                           u"当时职称", u"经历说明", u"证明人",
                                           u"调入部门", u"调入岗位", u"录入员"};

@@ -55,6 +55,18 @@ inline constexpr QStringView kLeftOn = u"处理日期"; // yyyy-MM-dd
 inline constexpr QStringView kLeftBy = u"操作人";
 } // namespace employee
 
+// What a shift period holds, an entry of kShiftPeriods.
+namespace shift_period {
+inline constexpr QStringView kName = u"班次名称";
+inline constexpr QStringView kMode = u"考勤方式";
+inline constexpr QStringView kStart = u"开始时间";
+inline constexpr QStringView kEnd = u"结束时间";
+inline constexpr QStringView kEarly = u"可提前";
+inline constexpr QStringView kLate = u"可延迟";
+inline constexpr QStringView kWeekdays = u"星期设定";
+inline constexpr QStringView kDayValue = u"缺勤折算";
+} // namespace shift_period
+
 // Says what a file is, and is no department.
 inline constexpr QStringView kDescriptionProject = u"库说明";
 // In the choice of departments: all of them.

@@ -39,7 +39,8 @@ QString Completed(QStringView list, QString entry) {
             entry = SetTag(entry, field, value);
     };
     if (list == kShiftPeriods)
-        return SetTag(entry, u"星期设定", WeekdaySetting(EmployeeValue(entry, u"星期设定")));
+        return SetTag(entry, shift_period::kWeekdays,
+                      WeekdaySetting(EmployeeValue(entry, shift_period::kWeekdays)));
     if (list == kCareer)
         fill(u"录入员", user);
     if (list == kMaterials) {
