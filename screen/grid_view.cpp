@@ -217,6 +217,10 @@ void GridView::setColumnAlignment(int column, Qt::Alignment alignment) {
     model_->alignments.insert(column, alignment);
 }
 
+bool GridView::isRightAligned(int column) const {
+    return model_->alignments.value(column).testFlag(Qt::AlignRight);
+}
+
 void GridView::setCheckColumn(int column) {
     model_->checkColumn = column;
 }

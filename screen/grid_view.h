@@ -109,6 +109,7 @@ public:
     void autoFit(int widest = 320);
 
     void setColumnAlignment(int column, Qt::Alignment alignment);
+    bool isRightAligned(int column) const;
     // A column whose cells show a mark: on while the cell holds anything.
     void setCheckColumn(int column);
     // Asked for each cell that is drawn: keep it quick.

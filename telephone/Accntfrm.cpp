@@ -27,6 +27,7 @@
 #include "telephone/tariff_page.h"
 #include "tools/lists/CmnGrd.h"
 #include "tools/lists/list_export.h"
+#include "tools/lists/list_print.h"
 #include "tools/queries/list_query.h"
 
 namespace hotel {

@@ -1,11 +1,8 @@
 #include "telephone/call_list.h"
 
-#include <utility>
-
 #include "screen/grid_view.h"
 #include "telephone/call_record.h"
 #include "telephone/extensions.h"
-#include "tools/lists/list_print.h"
 
 namespace hotel {
 
@@ -22,15 +19,6 @@ void SetUpCallList(GridView& grid) {
 
 bool IsAmountColumn(QStringView header) {
     return IsCallAmount(header) || IsExtensionAmount(header) || header == u"费率";
-}
-
-void PrintWide(const GridView& grid, const QString& title) {
-    ListPrintSettings settings;
-    std::swap(settings.paperWidth, settings.paperHeight);
-    settings.table.fitFont = true;
-    for (const QString& header : grid.table().headers())
-        settings.table.alignments.append(IsAmountColumn(header) ? u"->"_s : QString());
-    PrintList(grid.table(), title, settings);
 }
 
 } // namespace hotel

@@ -14,7 +14,4 @@ void SetUpCallList(GridView& grid);
 
 bool IsAmountColumn(QStringView header);
 
-// The whole list across the paper, its letters as small as it takes.
-void PrintWide(const GridView& grid, const QString& title);
-
 } // namespace hotel

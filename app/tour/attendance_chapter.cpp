@@ -109,6 +109,11 @@ void SumTheMonth(Tour& tour) {
     tour.picture(sums, u"考勤统计-班次"_s);
     tabs->setCurrentIndex(2);
     tour.picture(sums, u"考勤统计-图表"_s);
+    tour.press(sums, u"CmdPrint"_s);
+    Screen& preview = tour.opened(u"PrtPrev"_s);
+    tour.picture(preview, u"预览-员工考勤统计表"_s);
+    tour.printToPdf(preview, u"员工考勤统计表"_s);
+    preview.close();
 
     tour.press(sums, u"CmdBb"_s);
     Screen& report = tour.opened(u"FrmKqCount"_s);

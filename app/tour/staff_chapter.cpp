@@ -112,8 +112,11 @@ void TourOfStaff(Tour& tour) {
     staffing.close();
 
     tour.choose(list, u"ComBm"_s, u"销售部"_s);
+    list.findChild<QLineEdit*>(u"Search"_s)->clear();
     tour.type(list, u"Search"_s, u"ysy"_s);
     tour.key(list, Qt::Key_Return);
+    tour.expect(staff->table().text(staff->currentRow(), u"姓名") == u"叶思远",
+                u"调动后没有找到"_s);
     Answer(tour, {u"ok"_s});
     tour.press(list, u"cmdDel"_s);
     tour.expect(tour.messages().last().contains(u"信息删除后成功存入历史纪录库中！"),

@@ -134,19 +134,20 @@ void FrmTj::showResult(const PeriodStatistics& result) {
                                     result.departments, {u"出勤次数"_s, u"缺勤次数"_s}));
 }
 
+// The charts go with the list of the people, behind it.
 void FrmTj::CmdPrint_Click() {
-    const int page = Tabs->currentIndex();
-    if (page >= int(std::size(kLists)))
-        return;
-    PrintGrid(page == 0 ? *KqtjQd : *BctjQd, kLists[page].table.toString());
+    const bool shifts = Tabs->currentIndex() == 1;
+    const QList<Chart> charts =
+        shifts ? QList<Chart>() : QList<Chart>{byDay_->chart(), byDepartment_->chart()};
+    const int page = shifts ? 1 : 0;
+    PrintWide(shifts ? *BctjQd : *KqtjQd, kLists[page].table.toString(), charts);
     SaveLogRec(kLists[page].logged.toString(),
                period_->text(u"KsDate") + u'-' + period_->text(u"JsDate"));
 }
 
 void FrmTj::CmdFile_Click() {
-    const int page = Tabs->currentIndex();
-    if (page < int(std::size(kLists)))
-        SaveGridToText((page == 0 ? KqtjQd : BctjQd)->table(), kLists[page].title.toString());
+    const int page = Tabs->currentIndex() == 1 ? 1 : 0;
+    SaveGridToText((page == 0 ? KqtjQd : BctjQd)->table(), kLists[page].title.toString());
 }
 
 } // namespace hotel

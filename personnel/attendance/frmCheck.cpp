@@ -365,7 +365,7 @@ const frmCheck::Page& frmCheck::currentPage() const {
 }
 
 void frmCheck::Print_Click() {
-    PrintGrid(*currentPage().grid, currentPage().title);
+    PrintWide(*currentPage().grid, currentPage().title);
 }
 
 void frmCheck::FileSave_Click() {

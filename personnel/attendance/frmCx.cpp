@@ -73,7 +73,7 @@ frmCx::frmCx()
     addCommands({
         {u"Scancmd"_s, u"查询"_s, [this] { Scancmd_Click(); }, Qt::Key_F5, CommandKind::Default},
         {u"CmdStop"_s, u"停止"_s, [this] { requestStop(); }, {}, CommandKind::Stop},
-        {u"CmdPrint"_s, u"打印"_s, [this] { PrintGrid(*Kqqd, kTitle.toString()); }, Qt::Key_F9,
+        {u"CmdPrint"_s, u"打印"_s, [this] { PrintWide(*Kqqd, kTitle.toString()); }, Qt::Key_F9,
          CommandKind::Plain, u"list"_s},
         {u"CmdFile"_s, u"存为文件"_s, [this] { SaveGridToText(Kqqd->table(), kTitle.toString()); },
          Qt::Key_F10, CommandKind::Plain, u"list"_s},

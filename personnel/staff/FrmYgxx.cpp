@@ -74,6 +74,7 @@ FrmYgxx::FrmYgxx()
     onEnter(ComBm, [this] {
         ComBm_Click();
         goTo(search_);
+        search_->selectAll();
     });
     onEnter(search_, [this] { Search_Enter(); });
     on(YgQd, &GridView::rowActivated, [this] { CmdModify_Click(); });
@@ -102,16 +103,19 @@ void FrmYgxx::showList() {
     YgQd->setTable(list.table);
     YgQd->setNumberColumn(0);
     YgQd->autoFit();
+    int found = 0; // nobody takes the place of who isn't in the list any more
     for (int row = 1; row < list.table.rows(); ++row) {
-        if (EmployeeOfRow(list.table, row) == current)
-            YgQd->setCurrent(row);
+        if (EmployeeOfRow(YgQd->table(), row) == current)
+            found = row;
     }
+    YgQd->setCurrent(found);
     setStatus(list.complete ? u"共 %1 人"_s.arg(list.table.dataRows())
                             : u"员工信息没有读全，请按F5刷新！"_s);
 }
 
 void FrmYgxx::Search_Enter() {
     const QString sought = search_->text().trimmed();
+    search_->selectAll(); // Enter looks for the next one, a letter begins anew
     const TextTable& list = YgQd->table();
     for (int step = 1; !sought.isEmpty() && step < list.rows(); ++step) {
         const int row = (YgQd->currentRow() - 1 + step) % list.dataRows() + 1;

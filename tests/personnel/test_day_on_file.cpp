@@ -27,9 +27,11 @@
 #include "session/parameters.h"
 #include "session/session.h"
 #include "tests/hotel_test.h"
+#include "tests/house/cut_line.h"
 #include "tests/personnel/staff.h"
 #include "tests/test_files.h"
 #include "tests/test_hotel.h"
+#include "tests/tools/paper/print_items.h"
 #include "tests/type_text.h"
 #include "tools/aids/form_tools.h"
 #include "tools/charts/ChartPane.h"
@@ -127,6 +129,15 @@ class DayOnFileTest : public QObject {
     bool status(const QString& words) {
         const auto labels = screen_->findChildren<QLabel*>();
         return std::ranges::any_of(labels, [&](QLabel* label) { return label->text() == words; });
+    }
+    static QStringList onPaper() {
+        QStringList texts;
+        for (const PrintedText& text : TextsOf(ScriptOfJob().previewPage(1)))
+            texts.append(text.text);
+        return texts;
+    }
+    static int picturesOnPaper() {
+        return int(ItemTexts(ScriptOfJob().previewPage(1)).filter(u"picture "_s).size());
     }
     QString stored(const QString& key, QStringView field) {
         return GetTag(hotel_->stored(kDay, u"上班记录"_s, key), field);
@@ -276,6 +287,7 @@ private Q_SLOTS:
             DeleteAbsence(day, 1);
         LoadAbsences(day);
         QCOMPARE(day.absences.dataRows(), 0);
+        QCOMPARE(Words(SaveAbsences(day)), QString()); // none is a list, too
         hotel_->stopServer();
         QCOMPARE(Words(MakeAbsences(day, {}).notices.value(0)), u"错误: 缺勤记录保存失败!"_s);
     }
@@ -369,13 +381,12 @@ private Q_SLOTS:
         QCOMPARE(stopped.people.text(3, u"出勤次数"), u"1"_s);
         // Days that could not be read are told from those that were not saved.
         QCOMPARE(all.unread, 0);
-        const PeriodStatistics cut =
-            SumPeriod(QDate(2026, 2, 28), QDate(2026, 3, 2), u"所有部门"_s,
-                      [this](const QString&, int done, int) {
-                          if (done == 1)
-                              hotel_->stopServer();
-                          return true;
-                      });
+        const PeriodStatistics cut = SumPeriod(QDate(2026, 2, 28), QDate(2026, 3, 2), u"所有部门"_s,
+                                               [this](const QString&, int done, int) {
+                                                   if (done == 1)
+                                                       hotel_->stopServer();
+                                                   return true;
+                                               });
         QCOMPARE(cut.unread, 2);
         QCOMPARE(Rows(cut.people, {u"编号"_s, u"出勤次数"_s}).last(), u"合计 1"_s);
     }
@@ -477,6 +488,9 @@ private Q_SLOTS:
         press(Qt::Key_F5);
         QCOMPARE(list("Kqqd").dataRows(), 2);
 
+        in<GridView>("Kqqd")->setCurrent(0);
+        press(Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(told(), u"操作无效: 请先选择要修订的考勤记录！"_s);
         // Enter on the row leads to the state, letters choose it, Enter writes.
         in<GridView>("Kqqd")->setFocus();
         in<GridView>("Kqqd")->setCurrent(1);
@@ -523,6 +537,7 @@ private Q_SLOTS:
         press(Qt::Key_F8);
         QCOMPARE(told(),
                  u"慎重确认: 本操作将清除原来的已经产生的该日考勤统计信息！真的要继续吗?"_s);
+        QVERIFY(status(u"当天统计数据已经保存"_s));
         const QString file = u"Kqtj\\2603\\260305.qvr"_s;
         QVERIFY(!hotel_->stored(file, u"当天统计数据"_s, u"3"_s).isEmpty());
         messages_->answerNext(u"list.txt"_s);
@@ -557,6 +572,36 @@ private Q_SLOTS:
         TypeText(screen_->focusWidget(), u"30x"_s);
         press(Qt::Key_Return);
         QCOMPARE(told(), u"请核对: 考勤日期不正确！"_s);
+        // The lists of the day before are not left standing under the new date.
+        hotel_->stopServer();
+        in<QLineEdit>("ChkDate")->selectAll();
+        TypeText(screen_->focusWidget(), u"2026-03-04"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(told(), words);
+        QCOMPARE(list("Kqqd").dataRows() + list("KqtjQd").dataRows(), 0);
+    }
+
+    // Wherever the line breaks while the lists are read, nothing is derived from a part of them.
+    void theAnalysisOfACutLine() {
+        PutPunch(u"0012 08:20:00 2026-03-05 早班 上班 迟到"_s);
+        bool whole = false;
+        for (int n = 1; !whole && n < 40; ++n) {
+            CutLine line(hotel_->port());
+            {
+                Desk desk(line.port());
+                desk.logIn(u"ADMIN"_s, u"admin888"_s);
+                line.reset();
+                line.cutBeforeRequest(n);
+                messages_->clear();
+                open(u"frmCheck");
+                whole = line.requests() < n;
+                press(Qt::Key_F6);
+                QCOMPARE(told().section(u':', 0, 0), whole ? u"慎重确认"_s : u"错误"_s);
+                CloseAllScreens();
+            }
+            hotel_->desk().use();
+        }
+        QVERIFY(whole);
     }
 
     void theStatisticsByKeys() {
@@ -579,6 +624,8 @@ private Q_SLOTS:
                  u"缺勤次数1"_s);
         press(Qt::Key_F9);
         QCOMPARE(hotel_->logged(u"操作内容"), u"打印员工考勤统计结果"_s);
+        QVERIFY(onPaper().contains(u"员工考勤统计表"_s) && onPaper().contains(u"员0034"_s));
+        QCOMPARE(picturesOnPaper(), 1); // the charts go with it, one a page where both don't fit
         FindScreen(u"PrtPrev")->close();
         screen_->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(screen_));
@@ -586,6 +633,13 @@ private Q_SLOTS:
         messages_->answerNext(std::nullopt);
         press(Qt::Key_F10);
         QCOMPARE(told(), u"保存文件提示: 员工班次统计信息清单的存放文件名："_s);
+        press(Qt::Key_F9);
+        QCOMPARE(hotel_->logged(u"操作内容"), u"打印员工班次统计结果"_s);
+        QVERIFY(onPaper().contains(u"员工班次统计表"_s) && onPaper().contains(u"合计"_s));
+        QCOMPARE(picturesOnPaper(), 0);
+        FindScreen(u"PrtPrev")->close();
+        screen_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(screen_));
 
         in<QLineEdit>("KsDate")->setFocus();
         in<QLineEdit>("KsDate")->selectAll();
@@ -607,6 +661,7 @@ private Q_SLOTS:
         PutPunch(u"0013 07:50:00 2026-03-04 早班 上班 正常"_s);
         WriteBytes(u"a.jpg"_s, "no picture");
         UploadFile(u"a.jpg"_s, PunchPhotographFile(key + u".jpg"_s));
+        PutPunch(u"0034 07:50:00 2026-03-06 早班 上班 正常"_s); // behind the period
         open(u"frmCx");
         QTimer answer;
         connect(&answer, &QTimer::timeout, this, [&answer] {
@@ -635,6 +690,7 @@ private Q_SLOTS:
         press(Qt::Key_F5);
         QCOMPARE(told(), u"提示: 请选择查询条件！"_s);
         press(Qt::Key_F4);
+        press(Qt::Key_F4);
         QCOMPARE(list("TjQd").dataRows(), 3);
         press(Qt::Key_F5);
         QVERIFY(status(u"共检索到2条记录！"_s));
@@ -642,7 +698,9 @@ private Q_SLOTS:
         QVERIFY(status(u"没有检索到满足条件的记录！请确认统计时间段正确后指定新的条件查询！"_s));
         press(Qt::Key_F8);
         QCOMPARE(told(), u"提示: 本期报表统计结束！"_s);
-        QCOMPARE(list("BbQd").dataRows(), 2);
+        QCOMPARE(list("BbQd").dataRows(), 3); // of the whole month
+        press(Qt::Key_F9);
+        QVERIFY(onPaper().contains(u"定期报表"_s) && onPaper().contains(u"旷工天数"_s));
     }
 };
 

@@ -280,6 +280,7 @@ private Q_SLOTS:
         QCOMPARE(result(), u"周强　加班|07:45:10　保安部　"_s);
         QCOMPARE(Stored(*hotel_, u"260305074511"_s), u"0034 正常 未知"_s);
         QCOMPARE(in<QLabel>("Ygxm")->text(), QString());
+        QVERIFY(!in<QComboBox>("Kqgn")->isEnabled() && !in<QComboBox>("Kqzt")->isEnabled());
         QCOMPARE(list().row(2).join(u'|'), u"2|0034|周强|保安部|服务员|07:45:10|正常||加班|未知|"
                                            u"键盘操作|2026-03-05||考勤台|考勤台|"
                                            "260305074511"_s);
@@ -407,6 +408,8 @@ private Q_SLOTS:
             punch(u"56"_s);
         QCOMPARE(list().dataRows(), 12);
         QCOMPARE(list().text(12, kRowNumber), u"12"_s);
+        for (const QLabel* label : desk_->findChildren<QLabel*>())
+            QVERIFY(label->text() != u"照片没有保存"_s);
         QCOMPARE(DbDownloadFile(u"Kqzp\\2603\\260305\\260305074521.jpg", u"back.jpg"_s), 0);
         QCOMPARE(QImage(u"back.jpg"_s).size(), QSize(40, 30));
         // Another desk's punches come with the list.

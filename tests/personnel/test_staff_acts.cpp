@@ -347,6 +347,8 @@ private Q_SLOTS:
         QCOMPARE(Words(RefuseChange(rooms, 1, u"客房部"_s)), QString());
         QCOMPARE(Words(RefuseChange(rooms, 3, u"客房部"_s)), elsewhere);
         QCOMPARE(Words(RefuseChange(rooms, 0, u"客房部"_s)), u"请注意|请选择要修改的记录！"_s);
+        QCOMPARE(Words(RefuseChange(rooms, 4, u"客房部"_s)), u"请注意|请选择要修改的记录！"_s);
+        QCOMPARE(Words(RefuseDeletion(rooms, 4, u"客房部"_s)), u"请注意|请选择要删除的记录！"_s);
         QCOMPARE(Words(RefuseDeletion(rooms, 3, u"客房部"_s)), elsewhere);
         QCOMPARE(Words(RefuseDeletion(rooms, 0, u"客房部"_s)), u"请注意|请选择要删除的记录！"_s);
         const TextTable house = ListStaff(u"所有部门"_s).table;
@@ -437,7 +439,9 @@ private Q_SLOTS:
         QCOMPARE(Words(RefuseCard(u"C 77"_s, {})), held);
         QCOMPARE(Words(RefuseCard(u"C 77"_s, first)), QString());
         QCOMPARE(Words(RefuseCard(u"C77"_s, second)), QString());
-        QCOMPARE(GiveCard(second, u"C88"_s).notice.words, u"该员工可以使用这张磁卡考勤了！"_s);
+        const CardOutcome given = GiveCard(second, u"C88"_s);
+        QVERIFY(given.done);
+        QCOMPARE(given.notice.words, u"该员工可以使用这张磁卡考勤了！"_s);
         for (const QString& file : {kFile, kBriefFile})
             QCOMPARE(GetTag(hotel.stored(file, u"客房部"_s, u"002"_s), u"识别卡号"), u"C88"_s);
         Clock::Advance(3000); // the found record is read by a walk's buffer

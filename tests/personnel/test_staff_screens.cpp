@@ -5,7 +5,10 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <cmath>
+
 #include "link/records.h"
+#include "link/serv_api.h"
 #include "personnel/staff/FrmYgxx.h"
 #include "personnel/staff/employee_change.h"
 #include "personnel/staff/frmBm.h"
@@ -15,9 +18,11 @@
 #include "screen/grid_view.h"
 #include "screen/messages.h"
 #include "screen/open_screen.h"
+#include "session/parameters.h"
 #include "tests/hotel_test.h"
 #include "tests/test_files.h"
 #include "tests/test_hotel.h"
+#include "tests/tools/paper/print_items.h"
 #include "tests/type_text.h"
 #include "tools/aids/form_tools.h"
 #include "tools/aids/photo_frame.h"
@@ -106,11 +111,24 @@ private Q_SLOTS:
 
     void departmentsByKeys() {
         Screen* screen = open(u"frmBm");
+        press(screen, Qt::Key_F7);
+        QCOMPARE(messages_->last(), u"请选择要删除的记录！"_s);
+        messages_->clear();
         enter(screen, {u"前厅部"_s, u"前厅部"_s, u"工程部"_s});
         QCOMPARE(messages_->words(),
                  QStringList({u"成功增加部门：前厅部"_s,
                               u"不能增加部门：前厅部，请检查部门名称是否有重复或错误!代码:0"_s,
                               u"成功增加部门：工程部"_s}));
+        auto* list = in<GridView>(screen, u"BmQd"_s);
+        QCOMPARE(list->currentRow(), 2); // the new one
+        messages_->clear();
+        press(screen, Qt::Key_F7); // not confirmed
+        QCOMPARE(messages_->words(), QStringList{u"确认要删除部门：工程部 吗？"_s});
+        QCOMPARE(list->table().dataRows(), 2);
+        answer({u"ok"_s});
+        press(screen, Qt::Key_F7);
+        QCOMPARE(messages_->last(), u"成功删除部门：工程部"_s);
+        QCOMPARE(list->table().dataRows(), 1);
     }
 
     // From the list with nothing but keys; every question of the way is asked once.
@@ -142,7 +160,7 @@ private Q_SLOTS:
 
         QTest::keyClick(card, Qt::Key_4, Qt::AltModifier);
         QTRY_COMPARE(card->focusWidget()->objectName(), u"SdBcmc"_s);
-        enter(card, {u"夜班"_s, {}, u"2230"_s, u"6.30"_s, {}, {}, {}, {}});
+        enter(card, {u"夜班"_s, u"db"_s, u"2230"_s, u"6.30"_s, {}, {}, {}, {}});
         QCOMPARE(card->focusWidget()->objectName(), u"SdBcmc"_s);
         enter(card, {u"夜班"_s, {}, u"8"_s, u"17"_s, {}, {}, {}, {}});
         QCOMPARE(messages_->last(), u"班次名称不能相同！"_s);
@@ -155,9 +173,99 @@ private Q_SLOTS:
             EmployeeEntries(hotel_->stored(kFile, u"前厅部"_s, u"0001"_s), u"考勤时段").value(0);
         QCOMPARE(GetTag(period, u"开始时间"), u"22:30:00"_s);
         QCOMPARE(GetTag(period, u"结束时间"), u"06:30:00"_s);
-        QCOMPARE(GetTag(period, u"考勤方式"), u"常规"_s);
+        QCOMPARE(GetTag(period, u"考勤方式"), u"倒班"_s);
         QCOMPARE(GetTag(period, u"星期设定"), u"1111100"_s);
         QTRY_COMPARE(in<GridView>(list, u"YgQd"_s)->table().text(1, u"姓名"), u"王一"_s);
+    }
+
+    // A card that is opened and kept keeps all that it doesn't show typed: lists, and fields of other programs.
+    void keptWhole() {
+        const QString lists =
+            u"<考勤时段><00><班次名称>早班</班次名称><开始时间>07:00:00</开始时间></00>\r\n"
+            "<01><班次名称>夜班</班次名称><开始时间>23:00:00</开始时间></01></考勤时段>"
+            "<家庭情况><00><亲属姓名>王父</亲属姓名></00></家庭情况>"_s;
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s,
+             u"<血型>O</血型><宿舍>3号楼</宿舍><合同截止>2027-12-31</合同截止>"_s + lists);
+        Screen* card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"001"_s});
+        QCOMPARE(in<GridView>(card, u"考勤时段清单"_s)->table().dataRows(), 2);
+        in<QLineEdit>(card, u"Xm"_s)->setText(u" 王大 "_s);
+        press(card, Qt::Key_F8);
+        press(card, Qt::Key_Escape);
+        QTRY_VERIFY(!FindScreen(u"frmManRecord"));
+        QCOMPARE(messages_->words(), QStringList());
+        const QString record = hotel_->stored(kFile, u"前厅部"_s, u"001"_s);
+        for (const auto& [field, value] :
+             {std::pair(u"姓名"_s, u"王大"_s), std::pair(u"血型"_s, u"O"_s),
+              std::pair(u"宿舍"_s, u"3号楼"_s), std::pair(u"合同截止"_s, u"2027-12-31"_s)})
+            QCOMPARE(EmployeeValue(record, field), value);
+        const QStringList shifts = EmployeeEntries(record, u"考勤时段");
+        QCOMPARE(shifts.size(), 2);
+        QCOMPARE(GetTag(shifts[1], u"班次名称") + GetTag(shifts[1], u"开始时间"),
+                 u"夜班23:00:00"_s);
+        QCOMPARE(GetTag(EmployeeEntries(record, u"家庭情况").value(0), u"亲属姓名"), u"王父"_s);
+    }
+
+    // A card for somebody on file holds at once: nothing is left to be kept.
+    void aCardForSomebodyOnFile() {
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s);
+        Hire(u"前厅部"_s, u"002"_s, u"李二"_s, u"<识别卡号>C2</识别卡号>"_s);
+        Screen* card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"001"_s});
+        answer({u"C2"_s, u"C2"_s});
+        press(card, Qt::Key_F2);
+        QCOMPARE(messages_->last(), u"部门:前厅部 的员工:李二 已经包含或使用了这一张卡或标志!"_s);
+        QCOMPARE(in<QLineEdit>(card, u"Kh"_s)->text(), QString());
+        answer({u"C9"_s, u"C9"_s});
+        press(card, Qt::Key_F2);
+        QCOMPARE(in<QLineEdit>(card, u"Kh"_s)->text(), u"C9"_s);
+        QCOMPARE(stored(u"前厅部"_s, u"001"_s, u"识别卡号"), u"C9"_s);
+        const qsizetype said = messages_->entries().size();
+        press(card, Qt::Key_Escape);
+        QTRY_VERIFY(!FindScreen(u"frmManRecord"));
+        QCOMPARE(messages_->entries().size(), said);
+    }
+
+    // On paper: a bar code only where the card has room for it, and a long life on several sheets.
+    void onPaper() {
+        SetParam(u"Yhdwmc", u"测试酒店"_s);
+        QString years;
+        for (int n = 0; n < 60; ++n)
+            years += u"<%1><相关单位>单位%2</相关单位></%1>"_s.arg(n, 2, 10, QChar(u'0')).arg(n);
+        Hire(u"前厅部"_s, u"001"_s, u"王一"_s,
+             u"<职务>领班</职务><个人简历>%1</个人简历>"_s.arg(years));
+        Screen* card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"001"_s});
+        press(card, Qt::Key_F3);
+        QStringList texts;
+        for (const PrintedText& text : TextsOf(ScriptOfJob().previewPage(1)))
+            texts.append(text.text);
+        QCOMPARE(texts, QStringList({u"测试酒店"_s, u"王一"_s, u"前厅部  领班"_s, u"001"_s}));
+        // Five signs of 0.4785 cm each, the gap behind the last not counted, in the middle of 7.76.
+        double first = 0;
+        double last = 0;
+        for (const PrintItem& item : ScriptOfJob().previewPage(1)) {
+            if (const auto* box = std::get_if<PrintedBox>(&item)) {
+                first = first == 0 ? box->area.left() : first;
+                last = box->area.right();
+            }
+        }
+        constexpr double kTwipsACm = 1440 / 2.54;
+        const double width = 5 * 0.4785 - 0.033;
+        QVERIFY(std::abs(first - (0.4 + (7.76 - width) / 2) * kTwipsACm) < 2);
+        QVERIFY(std::abs(last - first - width * kTwipsACm) < 4);
+        press(card, Qt::Key_F9);
+        PrintScript sheets = ScriptOfJob();
+        // Of the 26.7 cm of a sheet the form takes 14.15; an entry takes one, in two cells.
+        QCOMPARE(sheets.pageCount(), 3);
+        QCOMPARE(TextsOf(sheets.previewPage(2)).size(), 2 * 26);
+        for (const auto& [number, told] :
+             {std::pair(u"ABCDEF12345678"_s, false), std::pair(u"ABCDEF123456789"_s, true)}) {
+            in<QLineEdit>(card, u"Bh"_s)->setText(number);
+            messages_->clear();
+            press(card, Qt::Key_F3);
+            QCOMPARE(messages_->words().contains(
+                         u"编号只能是字母、数字，并且不能太长，才能打印条码！"_s),
+                     told);
+        }
+        answer({u"no"_s});
     }
 
     // F8 in the field itself: what leaving it asks is asked then. A refused transfer leaves him where he was.
@@ -298,7 +406,12 @@ private Q_SLOTS:
         answer({face});
         press(card, Qt::Key_F11);
         QCOMPARE(messages_->entries().last().filter, u"图片文件(*.JPG)|*.JPG"_s);
+        const qsizetype said = messages_->entries().size();
+        press(card, Qt::Key_Escape); // it holds at once
+        QTRY_VERIFY(!FindScreen(u"frmManRecord"));
+        QCOMPARE(messages_->entries().size(), said);
         // The photograph goes along with a new number.
+        card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"001"_s});
         in<QLineEdit>(card, u"Bh"_s)->setText(u"007"_s);
         answer({u"yes"_s});
         press(card, Qt::Key_F8);
@@ -306,6 +419,20 @@ private Q_SLOTS:
         QTRY_VERIFY(!FindScreen(u"frmManRecord"));
         card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"007"_s});
         QCOMPARE(in<PhotoFrame>(card, u"ImgZp"_s)->photo().size(), QSize(30, 40));
+        // Who is hired next has none of it, and keeps the one chosen for him with his record.
+        press(card, Qt::Key_F4);
+        QVERIFY(in<PhotoFrame>(card, u"ImgZp"_s)->photo().isNull());
+        enter(card, {u"李二"_s});
+        in<QComboBox>(card, u"YgBm"_s)->setCurrentText(u"前厅部"_s);
+        answer({face});
+        QTest::mouseClick(in<PhotoFrame>(card, u"ImgZp"_s), Qt::LeftButton);
+        QCOMPARE(DbDownloadFile(u"Ygxx\\Ygzp\\008.jpg", folder.filePath(u"back.jpg"_s)) == 0,
+                 false);
+        press(card, Qt::Key_F8);
+        QCOMPARE(DbDownloadFile(u"Ygxx\\Ygzp\\008.jpg", folder.filePath(u"back.jpg"_s)), 0);
+        press(card, Qt::Key_Escape);
+        QTRY_VERIFY(!FindScreen(u"frmManRecord"));
+        card = open(u"frmManRecord", QStringList{u"前厅部"_s, u"007"_s});
         answer({WriteBytes(folder.filePath(u"none.jpg"_s), "none")});
         press(card, Qt::Key_F11);
         QCOMPARE(messages_->last(), u"这个文件不是JPEG图片，请重新选择！"_s);
@@ -315,20 +442,39 @@ private Q_SLOTS:
     void letGoFromTheList() {
         Hire(u"前厅部"_s, u"001"_s, u"王一"_s, u"<兼职部门1>客房部</兼职部门1>"_s);
         Hire(u"前厅部"_s, u"002"_s, u"李二"_s);
+        Hire(u"保安部"_s, u"003"_s, u"李三"_s);
+        Hire(u"保安部"_s, u"004"_s, u"李四"_s);
         Screen* list = open(u"FrmYgxx");
         auto* staff = in<GridView>(list, u"YgQd"_s);
         press(list, Qt::Key_F7);
         QCOMPARE(messages_->last(), u"请先选择具体部门，再删除相应的员工信息，减少误操作！"_s);
+        in<QLineEdit>(list, u"Search"_s)->setFocus();
+        type(list, u"l"_s);
+        QString found;
+        for (int again = 0; again < 4; ++again) {
+            press(list, Qt::Key_Return);
+            found += staff->table().text(staff->currentRow(), u"姓名");
+        }
+        QCOMPARE(found, u"李二李三李四李二"_s);
+        type(list, u"wy"_s); // in the place of what was looked for
+        press(list, Qt::Key_Return);
+        QCOMPARE(staff->table().text(staff->currentRow(), u"姓名"), u"王一"_s);
         Choose(in<QComboBox>(list, u"ComBm"_s), u"客房部"_s);
         QCOMPARE(staff->table().dataRows(), 1);
+        QCOMPARE(staff->currentRow(), 1); // he is in this list, too
+        staff->setCurrent(0);
         press(list, Qt::Key_F7);
         QCOMPARE(messages_->last(), u"请选择要删除的记录！"_s);
         staff->setCurrent(1);
         press(list, Qt::Key_F6);
         QCOMPARE(messages_->last(), u"这是该员工的兼职岗位，或员工信息读取错误,不能修改?"_s);
-        Choose(in<QComboBox>(list, u"ComBm"_s), u"前厅部"_s);
-        in<QLineEdit>(list, u"Search"_s)->setFocus();
-        enter(list, {u"le"_s});
+        in<QComboBox>(list, u"ComBm"_s)->setFocus();
+        enter(list, {u"qt"_s, u"le"_s}); // department, then somebody in it
+        QCOMPARE(in<QComboBox>(list, u"ComBm"_s)->currentText(), u"前厅部"_s);
+        staff->sortBy(staff->table().column(u"姓名"));
+        QCOMPARE(staff->table().text(1, u"序号") + staff->table().text(1, u"姓名") +
+                     staff->table().text(2, u"序号") + staff->table().text(2, u"姓名"),
+                 u"1李二2王一"_s);
         QCOMPARE(staff->table().text(staff->currentRow(), u"姓名"), u"李二"_s);
         press(list, Qt::Key_F7); // the clerk shrinks from it
         QCOMPARE(messages_->last(), u"确认要删除员工:李二 的所有信息吗？"_s);

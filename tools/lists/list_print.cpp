@@ -92,6 +92,16 @@ void PrintGrid(const GridView& grid, const QString& title) {
     PrintList(SelectedBlock(grid), title, {});
 }
 
+void PrintWide(const GridView& grid, const QString& title, const QList<Chart>& charts) {
+    ListPrintSettings settings;
+    std::swap(settings.paperWidth, settings.paperHeight);
+    settings.table.fitFont = true;
+    settings.charts = charts;
+    for (int column = 0; column < grid.table().cols(); ++column)
+        settings.table.alignments.append(grid.isRightAligned(column) ? u"->"_s : QString());
+    PrintList(grid.table(), title, settings);
+}
+
 TextTable SelectedBlock(const GridView& grid) {
     const TextTable& table = grid.table();
     const QList<int> rows = grid.selectedRows();

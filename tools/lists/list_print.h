@@ -46,6 +46,10 @@ int PrintList(const TextTable& list, const QString& title, const ListPrintSettin
 // that is selected, if that is more than one row, else all of it.
 void PrintGrid(const GridView& grid, const QString& title);
 
+// Prints a grid of many columns across the paper, its letters as small as it takes; what stands to the right on
+// the screen does so on paper.
+void PrintWide(const GridView& grid, const QString& title, const QList<Chart>& charts = {});
+
 // The selected block of a grid as a list of its own, or all of it.
 TextTable SelectedBlock(const GridView& grid);
 
