@@ -1,8 +1,10 @@
 // Check-in through its two screens, mostly from the keyboard.
 
 #include <QComboBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -190,6 +192,42 @@ private Q_SLOTS:
         QCOMPARE(List(desk, u"Yxkfqd"_s).dataRows(), 0); // ready for the next party
         QCOMPARE(List(desk, u"Kxkfqd"_s).find(0, u"8203"), -1);
         QCOMPARE(FocusName(), u"RoomBox"_s);
+    }
+
+    // Without a camera files are asked for; both photographs are named by the guest and kept with him.
+    void photographsOfAGuest() {
+        const TestHotel hotel;
+        MessageRecorder messages;
+        const QTemporaryDir folder;
+        const QString face = folder.filePath(u"face.jpg"_s);
+        QImage picture(30, 40, QImage::Format_RGB32);
+        picture.fill(Qt::darkCyan);
+        QVERIFY(picture.save(face));
+        RzjdFrm desk;
+        Show(desk);
+        OnGuestForm(desk, [&](RzdjFrm& form) {
+            Key(Qt::Key_F5);
+            QCOMPARE(messages.last(), u"请先输入证件号码，再拍摄证件照片！"_s);
+            QCOMPARE(FocusName(), u"Zjhm"_s);
+            Key(Qt::Key_F6);
+            QCOMPARE(messages.last(), u"请先输入客人姓名，再拍摄人像照片！"_s);
+            TypeGuest(form, u"王芳"_s, kNumber.toString());
+            ChooseRate(form, u"房价");
+            for (const Qt::Key key : {Qt::Key_F5, Qt::Key_F6}) {
+                messages.answerNext(face);
+                Key(key);
+            }
+            Key(Qt::Key_F8);
+        });
+        TypeLine(u"8203"_s);
+        Key(Qt::Key_Enter);
+        Confirm();
+        const QString guest = GetTag(GetKfrzxx(u"8203"), GuestTag(1));
+        QCOMPARE(GetTag(guest, u"证件照片"), u"510104198503052318.jpg"_s);
+        QCOMPARE(GetTag(guest, u"人像照片"), u"王芳2603051000.jpg"_s);
+        for (const QStringView file :
+             {u"krzp\\510104198503052318.jpg", u"krzp\\王芳2603051000.jpg"})
+            QCOMPARE(DbDownloadFile(file.toString(), folder.filePath(u"back.jpg"_s)), 0);
     }
 
     // What is typed once goes along; who pays, and the photographs, don't.

@@ -22,10 +22,18 @@ private Q_SLOTS:
         putGuest(u"8201"_s, 2, u"李四"_s, u"2026-03-02"_s);
         putGuest(u"8305"_s, 1, u"王五"_s, u"2026-02-20"_s);
         SetKfjbxx(u"8305", SetTag(GetKfjbxx(u"8305"), room_record::kGuests, {}));
+        putGuest(u"8402"_s, 1, u"赵六"_s, u"2026-03-04"_s);
         QStringList names;
-        for (const InHouseGuest& guest : GuestsInHouse([](int, int) { return true; }))
+        QList<int> steps;
+        int rooms = 0;
+        for (const InHouseGuest& guest : GuestsInHouse([&](int done, int total) {
+                 steps.append(done);
+                 rooms = total;
+                 return true;
+             }))
             names.append(guest.name);
-        QCOMPARE(names, (QStringList{u"8201-客人01"_s, u"8201-客人02"_s}));
+        QCOMPARE(names, (QStringList{u"8201-客人01"_s, u"8201-客人02"_s, u"8402-客人01"_s}));
+        QVERIFY(rooms > 50 && steps.size() == rooms && steps.first() == 1 && steps.last() == rooms);
         // Stopped behind the first room.
         QCOMPARE(GuestsInHouse([](int, int) { return false; }).size(), 2);
     }

@@ -122,6 +122,11 @@ private Q_SLOTS:
         QCOMPARE(StoredRoom(u"8205"_s, u"住客数"), u"2"_s);
         desk_->command(u"DyCmd")->click(); // it can still be printed
         QCOMPARE(messages_->words().size(), 1);
+        QStringList notice;
+        for (const PrintedText& text : TextsOf(ScriptOfJob().previewPage(1)))
+            notice.append(text.text);
+        for (const QString& text : {u"8203"_s, u"8205"_s, u"外界噪音"_s, u"王一"_s, u"李二"_s})
+            QVERIFY2(notice.contains(text), qUtf8Printable(text + u" in " + notice.join(u'|')));
     }
 
     void wrongRoomsAreTold() {
