@@ -20,7 +20,7 @@ struct BufferedReadMemo {
     QString record;
     QString answer;
     QString value;
-    double used = 0; // seconds since midnight
+    double used = 0;    // seconds since midnight
     qsizetype next = 0; // behind the value taken last
 };
 
