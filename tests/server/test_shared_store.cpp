@@ -350,11 +350,12 @@ private Q_SLOTS:
         QCOMPARE(house.faults(place), QString());
     }
 
+    // In whatever order they are named, the one is taken that can be written to.
     void standbyTakesOver() {
         PrivatePostgres primary;
         PrivatePostgres standby(primary);
         const QString place =
-            u"postgresql: host=%1,%2 user=hotel dbname=hotel"_s.arg(primary.host(), standby.host());
+            u"postgresql: host=%1,%2 user=hotel dbname=hotel"_s.arg(standby.host(), primary.host());
         WriteTestUsers(place);
         House house(place);
         QVERIFY(house.goesOn(30));
