@@ -111,6 +111,11 @@ void GridView::rowsAdded() {
         showAdded_->start();
 }
 
+void GridView::scrollToEnd() {
+    model_->showAdded();
+    scrollToBottom();
+}
+
 // --- current cell and selection ---
 
 int GridView::currentRow() const {

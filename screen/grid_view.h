@@ -78,6 +78,8 @@ public:
     // Rows were appended and nothing else was changed: cheap enough to be called for each row of a
     // long load.
     void rowsAdded();
+    // Brings the last row into view, those that rowsAdded has told of included.
+    void scrollToEnd();
 
     // --- current cell and selection ---
 

@@ -71,7 +71,7 @@ void LivePage::append(const QString& name, const QString& record, int digits) {
 
 void LivePage::showEnd() {
     LjjfQd->autoFit();
-    LjjfQd->scrollToBottom();
+    LjjfQd->scrollToEnd();
 }
 
 void LivePage::clear() {

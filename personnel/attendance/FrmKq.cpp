@@ -289,7 +289,7 @@ void FrmKq::CmdShb_Click() {
     Kqqd->rowsAdded();
     if (list.rows() <= kRowsInView)
         Kqqd->autoFit();
-    Kqqd->scrollToBottom(); // which lays out the new row, too
+    Kqqd->scrollToEnd();
     if (list.rows() > kRowsInView)
         Kqqd->scrollTo(Kqqd->model()->index(list.rows() - kRowsAbove - 1, 0),
                        QAbstractItemView::PositionAtTop);

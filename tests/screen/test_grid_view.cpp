@@ -96,6 +96,20 @@ private Q_SLOTS:
         QTRY_COMPARE(grid_->model()->rowCount(), 1);
     }
 
+    // Who follows a list sees its last row at once, not when the next one comes.
+    void followsItsEnd() {
+        for (int row = 0; row < 100; ++row) {
+            grid_->table().addRow({u"%1"_s.arg(row)});
+            grid_->rowsAdded();
+            grid_->scrollToEnd();
+            const int last = grid_->table().dataRows() - 1;
+            QCOMPARE(grid_->model()->rowCount(), last + 1);
+            QVERIFY(grid_->viewport()->rect().contains(
+                grid_->visualRect(grid_->model()->index(last, 0)).center()));
+        }
+        QVERIFY(grid_->verticalScrollBar()->value() > 50);
+    }
+
     void tableMayShrinkBeforeRefresh() {
         grid_->setCurrent(4, 1);
         grid_->table().clearRows();
