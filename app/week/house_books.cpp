@@ -79,6 +79,17 @@ bool IsAt(const DeskAct& act, const QString& place) {
                                [&](const QString& at) { return IsSamePlace(at, place); });
 }
 
+// The accepted race of two acts that were at one of the places at once; empty where there is none.
+QString RaceOf(const DeskAct& one, const DeskAct& other, const QStringList& places) {
+    for (const AcceptedRace& race : kAcceptedBetweenDesks) {
+        for (const QString& place : places) {
+            if (place.startsWith(Place(race.place)) && IsAt(one, place) && IsAt(other, place))
+                return race.name.toString();
+        }
+    }
+    return {};
+}
+
 class Books {
 public:
     Books(QDate first, QDate last) : first_(first), last_(last) {}
@@ -408,13 +419,8 @@ QString BooksAudit::reasonOf(const Difference& difference) const {
         for (const DeskAct& other : acts_) {
             if (other.desk == suspect->desk || !suspect->overlaps(other))
                 continue;
-            for (const AcceptedRace& race : kAcceptedBetweenDesks) {
-                for (const QString& place : places) {
-                    if (place.startsWith(Place(race.place)) && IsAt(*suspect, place) &&
-                        IsAt(other, place))
-                        return race.name.toString();
-                }
-            }
+            if (const QString race = RaceOf(*suspect, other, places); !race.isEmpty())
+                return race;
         }
     }
     return {};

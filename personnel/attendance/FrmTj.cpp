@@ -134,20 +134,24 @@ void FrmTj::showResult(const PeriodStatistics& result) {
                                     result.departments, {u"出勤次数"_s, u"缺勤次数"_s}));
 }
 
-// The charts go with the list of the people, behind it.
+// The charts belong to the list of the people, and go behind it on paper.
+bool FrmTj::showsShifts() const {
+    return Tabs->currentWidget() == BctjQd;
+}
+
 void FrmTj::CmdPrint_Click() {
-    const bool shifts = Tabs->currentIndex() == 1;
-    const QList<Chart> charts =
-        shifts ? QList<Chart>() : QList<Chart>{byDay_->chart(), byDepartment_->chart()};
-    const int page = shifts ? 1 : 0;
-    PrintWide(shifts ? *BctjQd : *KqtjQd, kLists[page].table.toString(), charts);
-    SaveLogRec(kLists[page].logged.toString(),
-               period_->text(u"KsDate") + u'-' + period_->text(u"JsDate"));
+    const GridView& list = showsShifts() ? *BctjQd : *KqtjQd;
+    const ListWords& words = kLists[showsShifts()];
+    if (list.table().dataRows() == 0)
+        return MsgBox(u"没有可以打印的内容!"_s, u"请注意"_s);
+    PrintWide(list, words.table.toString(),
+              showsShifts() ? QList<Chart>() : QList{byDay_->chart(), byDepartment_->chart()});
+    SaveLogRec(words.logged.toString(), period_->text(u"KsDate") + u'-' + period_->text(u"JsDate"));
 }
 
 void FrmTj::CmdFile_Click() {
-    const int page = Tabs->currentIndex() == 1 ? 1 : 0;
-    SaveGridToText((page == 0 ? KqtjQd : BctjQd)->table(), kLists[page].title.toString());
+    const GridView& list = showsShifts() ? *BctjQd : *KqtjQd;
+    SaveGridToText(list.table(), kLists[showsShifts()].title.toString());
 }
 
 } // namespace hotel

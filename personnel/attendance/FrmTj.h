@@ -24,6 +24,7 @@ public:
 
 private:
     void CmdTj_Click();
+    bool showsShifts() const;
     void CmdPrint_Click();
     void CmdFile_Click();
     void showResult(const PeriodStatistics& result);

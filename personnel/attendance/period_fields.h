@@ -1,6 +1,7 @@
 #pragma once
 
-// The two fields by which the statistics choose a period: KsDate and JsDate, both included.
+// What the screens of the statistics have in common: the two fields by which a period is chosen, KsDate and JsDate,
+// both included, and the words for days of it that could not be read.
 
 #include <QDate>
 

@@ -1,7 +1,5 @@
 #include "personnel/attendance/staff_directory.h"
 
-#include <algorithm>
-
 #include "personnel/attendance/staff_walk.h"
 #include "record/numbers.h"
 #include "record/record_text.h"

@@ -4,6 +4,8 @@
 // the personnel file, department by department, by the first number it doesn't know, and once more by each further
 // one; a person who is known costs no command.
 
+#include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>

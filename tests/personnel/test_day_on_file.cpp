@@ -608,6 +608,9 @@ private Q_SLOTS:
         PutResult(QDate(2026, 3, 2), {u"0012 前厅部 出勤次数=1 迟到次数=1"_s});
         PutResult(QDate(2026, 3, 4), {u"0034 保安部 出勤次数=2 缺勤次数=1 加班小时=1.5"_s});
         open(u"FrmTj");
+        press(Qt::Key_F9); // ahead of the first statistics
+        QCOMPARE(told(), u"请注意: 没有可以打印的内容!"_s);
+        in<QLineEdit>("KsDate")->setFocus();
         QCOMPARE(in<QLineEdit>("KsDate")->text() + in<QLineEdit>("JsDate")->text(),
                  u"2026-03-012026-03-05"_s);
         for (int field = 0; field < 4; ++field)
